@@ -1,0 +1,51 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include "GuiTestSupport.h"
+
+namespace guitest {
+
+ModalWatchdog::ModalWatchdog(QMessageBox::StandardButton answer) : answer_(answer) {
+    timer_.setInterval(20);
+    QObject::connect(&timer_, &QTimer::timeout, [this] { Poll(); });
+    timer_.start();
+}
+
+ModalWatchdog::~ModalWatchdog() { timer_.stop(); }
+
+void ModalWatchdog::Poll() {
+    QWidget* w = QApplication::activeModalWidget();
+    if (w == nullptr) return;
+    if (auto* box = qobject_cast<QMessageBox*>(w)) {
+        seen_.push_back({box->windowTitle(), box->text(), box->icon()});
+        QAbstractButton* b = box->button(answer_);
+        if (b == nullptr) b = box->defaultButton();
+        if (b == nullptr && !box->buttons().isEmpty()) b = box->buttons().first();
+        if (b != nullptr) b->click();
+        else box->reject();
+        return;
+    }
+    if (auto* dlg = qobject_cast<QDialog*>(w)) {
+        seen_.push_back({dlg->windowTitle(), QString(), QMessageBox::NoIcon});
+        if (handler_ && handler_(dlg)) return;
+        dlg->reject();
+    }
+}
+
+}  // namespace guitest
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Settings and data files of the tests live in a folder of their own.
+    QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", (home.path() + "/config").toUtf8());
+    qputenv("XDG_DATA_HOME", (home.path() + "/data").toUtf8());
+    QStandardPaths::setTestModeEnabled(true);
+    QApplication app(argc, argv);
+    QApplication::setApplicationName("Ferrolith");
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

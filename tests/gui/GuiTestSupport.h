@@ -1,0 +1,45 @@
+// Window tests: a QApplication on the offscreen platform, settings and data
+// files in a temporary place, and a watchdog for modal dialogs so that a
+// test never hangs on a message box.
+#pragma once
+
+#include <QApplication>
+#include <QDialog>
+#include <QMessageBox>
+#include <QString>
+#include <QTimer>
+#include <functional>
+
+namespace guitest {
+
+// What the watchdog saw of one modal message box.
+struct SeenBox {
+    QString title;
+    QString text;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+};
+
+// Answers every modal message box that opens while it lives: it records the
+// box and presses `answer` (or the default button when the box lacks it).
+// A modal dialog that is not a message box is rejected and recorded with its
+// window title.
+class ModalWatchdog {
+public:
+    explicit ModalWatchdog(QMessageBox::StandardButton answer = QMessageBox::Ok);
+    ~ModalWatchdog();
+    void SetAnswer(QMessageBox::StandardButton answer) { answer_ = answer; }
+    // Called with each dialog before the watchdog answers it, to fill in
+    // fields of a dialog that is not a message box.
+    void SetDialogHandler(std::function<bool(QDialog*)> handler) { handler_ = std::move(handler); }
+    const QList<SeenBox>& Seen() const { return seen_; }
+    void Clear() { seen_.clear(); }
+
+private:
+    void Poll();
+    QTimer timer_;
+    QMessageBox::StandardButton answer_;
+    QList<SeenBox> seen_;
+    std::function<bool(QDialog*)> handler_;
+};
+
+}  // namespace guitest
