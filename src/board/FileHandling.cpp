@@ -1,0 +1,369 @@
+#include "board/FileHandling.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <cmath>
+#include <cstring>
+#include <fstream>
+#include <optional>
+
+#include "board/CartesianModule.h"
+#include "shell/Primitives.h"
+
+namespace FileHandling {
+
+using PublicVariables::DimensionRec;
+using PublicVariables::LineRec;
+using PublicVariables::LoadRec;
+using PublicVariables::PointRec;
+
+namespace {
+
+constexpr size_t kHeaderBytes = 10;
+constexpr size_t kPointBytes = 10;
+constexpr size_t kLineFixedBytes = 44;  // a line entry without its name
+constexpr size_t kDimBytes = 56;
+constexpr size_t kLoadBytes = 30;
+constexpr size_t kViewportBytes = 32;
+constexpr size_t kMaxNameBytes = 0xFFFF;
+// The largest file that can hold a layout; anything beyond is never read.
+constexpr uint64_t kMaxLayoutBytes =
+    kViewportBytes + 2 * kHeaderBytes + 2 + kLoadBytes +
+    PublicVariables::kMaxTableRows * (kLineFixedBytes + kMaxNameBytes + kDimBytes);
+
+// ---- Writing --------------------------------------------------------------------
+
+class Writer {
+public:
+    template <class T>
+    void Put(T v) {
+        unsigned char b[sizeof(T)];
+        std::memcpy(b, &v, sizeof(T));  // the host is little-endian, as the file
+        out_.append(reinterpret_cast<const char*>(b), sizeof(T));
+    }
+    void Bytes(std::string_view s) { out_.append(s); }
+    void Point(const PointRec& p) {
+        Put(p.X);
+        Put(p.Y);
+        Put(p.Flag);
+    }
+    void Header(size_t rows) {
+        Put<uint16_t>(1);
+        Put<uint32_t>(static_cast<uint32_t>(rows));
+        Put<int32_t>(0);
+    }
+    std::string Take() { return std::move(out_); }
+
+private:
+    std::string out_;
+};
+
+// Windows-1252 bytes of a name. The five byte values that the code page leaves
+// undefined come back from FromCp1252 as U+0081, U+008D, U+008F, U+0090 and
+// U+009D; they are written back as the same bytes so that a name survives a
+// round trip unchanged.
+std::string NameBytes(const std::string& utf8) {
+    std::string out;
+    std::string chunk;
+    for (size_t i = 0; i < utf8.size(); ++i) {
+        const auto c0 = static_cast<unsigned char>(utf8[i]);
+        if (c0 == 0xC2 && i + 1 < utf8.size()) {
+            const auto c1 = static_cast<unsigned char>(utf8[i + 1]);
+            if (c1 == 0x81 || c1 == 0x8D || c1 == 0x8F || c1 == 0x90 || c1 == 0x9D) {
+                out += prim::ToCp1252(chunk);
+                chunk.clear();
+                out += static_cast<char>(c1);
+                ++i;
+                continue;
+            }
+        }
+        chunk += utf8[i];
+    }
+    out += prim::ToCp1252(chunk);
+    return out;
+}
+
+// ---- Reading --------------------------------------------------------------------
+
+class Reader {
+public:
+    explicit Reader(std::string_view b) : b_(b) {}
+    size_t Left() const { return b_.size() - pos_; }
+    template <class T>
+    bool Get(T& v) {
+        if (Left() < sizeof(T)) return false;
+        std::memcpy(&v, b_.data() + pos_, sizeof(T));
+        pos_ += sizeof(T);
+        return true;
+    }
+    bool Bytes(size_t n, std::string& s) {
+        if (Left() < n) return false;
+        s.assign(b_.data() + pos_, n);
+        pos_ += n;
+        return true;
+    }
+    bool Point(PointRec& p) { return Get(p.X) && Get(p.Y) && Get(p.Flag); }
+    // A table header; rows is checked against the bytes left, each row taking
+    // at least minRowBytes.
+    bool Header(size_t minRowBytes, uint32_t& rows) {
+        uint16_t dims = 0;
+        int32_t lower = 0;
+        if (!Get(dims) || !Get(rows) || !Get(lower)) return false;
+        if (dims != 1 || lower != 0) return false;
+        if (rows > PublicVariables::kMaxTableRows) return false;
+        return static_cast<uint64_t>(rows) * minRowBytes <= Left();
+    }
+
+private:
+    std::string_view b_;
+    size_t pos_ = 0;
+};
+
+bool ViewportValue(Reader& r, float& out) {
+    double d = 0.0;
+    if (!r.Get(d)) return false;
+    const float f = static_cast<float>(d);
+    if (!std::isfinite(d) || !std::isfinite(f)) return false;  // no single holds it
+    out = f;
+    return true;
+}
+
+int ErrorNumber(int err, std::string& description) {
+    switch (err) {
+        case ENOENT:
+        case ENOTDIR:
+            description = "Path not found";
+            return 76;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            description = "Permission denied";
+            return 70;
+        case ENOSPC:
+        case EDQUOT:
+            description = "Disk full";
+            return 61;
+        case ENAMETOOLONG:
+            description = "Bad file name or number";
+            return 52;
+        default:
+            description = "Path/File access error";
+            return 75;
+    }
+}
+
+FileError ErrnoError(int err) {
+    FileError e;
+    e.Number = ErrorNumber(err, e.Description);
+    return e;
+}
+
+bool WriteAll(int fd, const std::string& bytes) {
+    size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            return false;
+        }
+        done += static_cast<size_t>(n);
+    }
+    return true;
+}
+
+}  // namespace
+
+std::string Layout_Bytes(const LayoutDocument& doc) {
+    Writer w;
+    w.Put(static_cast<double>(doc.ZoomBase));
+    w.Put(static_cast<double>(doc.ZoomScale));
+    w.Put(static_cast<double>(doc.OriginY));
+    w.Put(static_cast<double>(doc.OriginX));
+
+    w.Header(doc.Lines.size());
+    for (const LineRec& l : doc.Lines) {
+        w.Point(l.EndPt);
+        w.Point(l.StartPt);
+        w.Point(l.MidPt);
+        w.Put(l.Exists);
+        w.Put(l.Selected);
+        std::string name = NameBytes(l.LineName);
+        if (name.size() > kMaxNameBytes) name.resize(kMaxNameBytes);
+        w.Put(static_cast<uint16_t>(name.size()));
+        w.Bytes(name);
+        w.Put(l.Length);
+    }
+
+    w.Header(doc.Dims.size());
+    for (const DimensionRec& d : doc.Dims) {
+        w.Point(d.DimP1);
+        w.Point(d.DimP2);
+        w.Point(d.DimMid);
+        w.Point(d.DimPos);
+        w.Put(d.DimType);
+        w.Put(d.DimDone);
+        w.Put(d.DimLength);
+        w.Put(d.Exists);
+        w.Put(d.DimSpare);
+    }
+
+    w.Put(doc.LineCounter);
+    w.Put(doc.Load.LoadSide);
+    w.Point(doc.Load.LoadPoint);
+    w.Put(doc.Load.LoadAngle);
+    w.Put(doc.Load.LoadEccentricity);
+    w.Put(doc.Load.LoadPlaced);
+    return w.Take();
+}
+
+bool Layout_FromBytes(std::string_view bytes, LayoutDocument& doc) {
+    Reader r(bytes);
+    float zoomBase = 0, zoomScale = 0, originY = 0, originX = 0;
+    if (!ViewportValue(r, zoomBase) || !ViewportValue(r, zoomScale) || !ViewportValue(r, originY) ||
+        !ViewportValue(r, originX))
+        return false;
+
+    // Every table must keep a row: the minimum bytes of what follows each table
+    // are reserved so that a count cannot run past the end of the file.
+    uint32_t n = 0;
+    if (!r.Header(kLineFixedBytes, n)) return false;
+    LineTable lines(n);
+    for (LineRec& l : lines) {
+        uint16_t len = 0;
+        std::string raw;
+        if (!r.Point(l.EndPt) || !r.Point(l.StartPt) || !r.Point(l.MidPt) || !r.Get(l.Exists) ||
+            !r.Get(l.Selected) || !r.Get(len) || !r.Bytes(len, raw) || !r.Get(l.Length))
+            return false;
+        l.LineName = prim::FromCp1252(raw);
+    }
+
+    uint32_t m = 0;
+    if (!r.Header(kDimBytes, m)) return false;
+    DimTable dims(m);
+    for (DimensionRec& d : dims) {
+        if (!r.Point(d.DimP1) || !r.Point(d.DimP2) || !r.Point(d.DimMid) || !r.Point(d.DimPos) ||
+            !r.Get(d.DimType) || !r.Get(d.DimDone) || !r.Get(d.DimLength) || !r.Get(d.Exists) ||
+            !r.Get(d.DimSpare))
+            return false;
+    }
+
+    int16_t counter = 0;
+    LoadRec load;
+    if (!r.Get(counter) || !r.Get(load.LoadSide) || !r.Point(load.LoadPoint) || !r.Get(load.LoadAngle) ||
+        !r.Get(load.LoadEccentricity) || !r.Get(load.LoadPlaced))
+        return false;
+    // Bytes after the load belong to no field and are ignored.
+
+    // A table stored without rows comes back as a blank table.
+    if (lines.empty()) lines = PublicVariables::BlankLines();
+    if (dims.empty()) dims = PublicVariables::BlankDims();
+
+    doc.ZoomBase = zoomBase;
+    doc.ZoomScale = zoomScale;
+    doc.OriginY = originY;
+    doc.OriginX = originX;
+    doc.Dims = std::move(dims);
+    doc.Lines = std::move(lines);
+    doc.LineCounter = counter;
+    doc.Load = load;
+    return true;
+}
+
+FileError Write_Layout(const LayoutDocument& doc, const std::string& path) {
+    const std::string bytes = Layout_Bytes(doc);
+    if (path.empty()) return ErrnoError(ENOENT);
+
+    std::string tmpl = path + ".XXXXXX";
+    const int fd = ::mkstemp(tmpl.data());
+    if (fd < 0) return ErrnoError(errno);
+
+    // mkstemp creates the file private to the user; give it the usual mode.
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    ::fchmod(fd, 0666 & ~mask);
+
+    int err = 0;
+    if (!WriteAll(fd, bytes) || ::fsync(fd) != 0) err = errno;
+    if (::close(fd) != 0 && err == 0) err = errno;
+    if (err == 0 && std::rename(tmpl.c_str(), path.c_str()) != 0) err = errno;
+    if (err != 0) {
+        ::unlink(tmpl.c_str());
+        return ErrnoError(err);
+    }
+    return {};
+}
+
+bool Read_Layout(LayoutDocument& doc, const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) return false;
+    std::string bytes;
+    char buf[65536];
+    while (in && bytes.size() < kMaxLayoutBytes) {
+        in.read(buf, sizeof buf);
+        const std::streamsize got = in.gcount();
+        if (got <= 0) break;
+        bytes.append(buf, static_cast<size_t>(got));
+    }
+    if (in.bad()) return false;
+    return Layout_FromBytes(bytes, doc);
+}
+
+std::string File_Title(const std::string& path) {
+    const size_t p = path.find_last_of("/\\");
+    return p == std::string::npos ? path : path.substr(p + 1);
+}
+
+std::string Command_File(const std::string& commandLine) {
+    if (commandLine.size() < 2) return "";
+    return prim::Mid(commandLine, 2, commandLine.size() - 2);
+}
+
+// ---- Change test -------------------------------------------------------------------
+
+namespace {
+
+bool WorldDiffers(const LayoutDocument& doc, const PointRec& p, const PointRec& q, bool compareY = true) {
+    using CartesianModule::To_WorldX;
+    using CartesianModule::To_WorldY;
+    const bool dx = To_WorldX(doc, p.X) != To_WorldX(doc, q.X);
+    const bool dy = To_WorldY(doc, p.Y) != To_WorldY(doc, q.Y);
+    return dx || (compareY && dy);
+}
+
+}  // namespace
+
+bool Lines_Differ(const LayoutDocument& doc, const LineTable& a, const LineTable& b) {
+    if (a.size() != b.size()) return true;
+    if (a.empty()) return false;
+    bool differ = false;
+    for (size_t i = 0; i < a.size(); ++i) {
+        // Each row's answer replaces the one before: only the last row counts.
+        differ = WorldDiffers(doc, a[i].StartPt, b[i].StartPt) || WorldDiffers(doc, a[i].MidPt, b[i].MidPt) ||
+                 WorldDiffers(doc, a[i].EndPt, b[i].EndPt);
+    }
+    return differ;
+}
+
+bool Dims_Differ(const LayoutDocument& doc, const DimTable& a, const DimTable& b) {
+    if (a.size() != b.size()) return true;
+    if (a.empty()) return false;
+    bool differ = false;
+    for (size_t i = 0; i < a.size(); ++i) {
+        // The Y of DimP2 is not part of the comparison.
+        differ = WorldDiffers(doc, a[i].DimPos, b[i].DimPos) || WorldDiffers(doc, a[i].DimMid, b[i].DimMid) ||
+                 WorldDiffers(doc, a[i].DimP1, b[i].DimP1) || WorldDiffers(doc, a[i].DimP2, b[i].DimP2, false) ||
+                 a[i].DimType != b[i].DimType;
+    }
+    return differ;
+}
+
+bool Layout_Changed(const LayoutDocument& doc) {
+    return Lines_Differ(doc, doc.Lines, doc.LinesSaved) || Dims_Differ(doc, doc.Dims, doc.DimsSaved);
+}
+
+}  // namespace FileHandling
