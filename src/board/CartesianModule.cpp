@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <string>
 
 #include "board/DimensionModule.h"
 #include "board/GuardedMath.h"
@@ -221,6 +223,21 @@ void Delete_Selected(LineTable& t) {
     t = std::move(rest);
 }
 
+bool Add_Drawn_Line(LayoutDocument& doc, const PointRec& anchor, const PointRec& current) {
+    if (doc.LineCounter == INT16_MAX || !Add_Line_Slot(doc.Lines)) return false;
+    LineRec& r = doc.Lines.back();
+    r = LineRec{};
+    r.StartPt = anchor;
+    r.EndPt = current;
+    SetMean(r.MidPt, r.StartPt, r.EndPt);
+    r.Exists = -1;
+    r.LineName = "Line Number " + std::to_string(doc.LineCounter + 1);
+    r.Length = Distance(To_WorldX(doc, r.StartPt.X), To_WorldY(doc, r.StartPt.Y), To_WorldX(doc, r.EndPt.X),
+                        To_WorldY(doc, r.EndPt.Y));
+    doc.LineCounter = static_cast<int16_t>(doc.LineCounter + 1);
+    return true;
+}
+
 // ---- Whole-drawing operations -------------------------------------------------------
 
 void Shift_Lines(LineTable& t, double dx, double dy, bool& ok, const YieldFn& yield) {
@@ -419,7 +436,7 @@ void Build_Intersections(const LineTable& t, PointTable& result, int16_t& flag, 
 void Set_Viewport(LayoutDocument& doc) {
     doc.ZoomBase = 1.0f;
     doc.ZoomScale = 1.0f;
-    Narrow(-doc.ScaleHeight, doc.OriginY);
+    doc.OriginY = -doc.ScaleHeight;
     doc.OriginX = 0.0f;
 }
 

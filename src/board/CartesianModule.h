@@ -62,6 +62,11 @@ void Delete_Line(LineTable& t, int16_t index);
 // Keeps the unselected rows in order; with none left the table is blank.
 void Delete_Selected(LineTable& t);
 
+// Appends a drawn line from the first pick to the second, as DRAW does: the
+// mean as MidPt, the next "Line Number ", the world length; LineCounter grows.
+// False (nothing changed) when the table is full.
+bool Add_Drawn_Line(LayoutDocument& doc, const PointRec& anchor, const PointRec& current);
+
 // ---- Whole-drawing operations ---------------------------------------------------
 void Shift_Lines(LineTable& t, double dx, double dy, bool& ok, const YieldFn& yield = {});
 void Scale_Lines(LineTable& t, float f, bool& ok);

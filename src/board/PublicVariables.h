@@ -100,10 +100,11 @@ struct LayoutDocument {
     PointTable Intersections = BlankPoints();
     int16_t IntersectionsFound = 0;
 
-    // Size of the drawing surface in board units. The window keeps these in
-    // step with its surface; the document starts at the design size.
-    double ScaleWidth = kDesignScaleWidth;
-    double ScaleHeight = kDesignScaleHeight;
+    // Size of the drawing surface in board units, held as singles as the
+    // surface reports them. The window keeps these in step with its surface;
+    // the document starts at the design size.
+    float ScaleWidth = static_cast<float>(kDesignScaleWidth);
+    float ScaleHeight = static_cast<float>(kDesignScaleHeight);
 };
 
 }  // namespace PublicVariables

@@ -1,0 +1,407 @@
+#include "board/CartesianModule.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "board/DimensionModule.h"
+
+using namespace PublicVariables;
+using namespace CartesianModule;
+
+namespace {
+
+PointRec P(float x, float y) {
+    PointRec p;
+    p.X = x;
+    p.Y = y;
+    return p;
+}
+
+LineRec L(float x1, float y1, float x2, float y2) {
+    LineRec l;
+    l.StartPt = P(x1, y1);
+    l.EndPt = P(x2, y2);
+    l.MidPt = P((x1 + x2) / 2, (y1 + y2) / 2);
+    l.Exists = -1;
+    return l;
+}
+
+DimensionRec D(float x1, float y1, float x2, float y2, float px, float py) {
+    DimensionRec d;
+    d.DimP1 = P(x1, y1);
+    d.DimP2 = P(x2, y2);
+    d.DimMid = P((x1 + x2) / 2, (y1 + y2) / 2);
+    d.DimPos = P(px, py);
+    d.Exists = -1;
+    d.DimDone = -1;
+    return d;
+}
+
+// A document drawn from world-inch lines at the start viewport.
+LayoutDocument Drawn(const std::vector<std::vector<double>>& lines) {
+    LayoutDocument doc;
+    Set_Viewport(doc);
+    for (const auto& v : lines) {
+        PointRec a = P(To_BoardX(doc, v[0]), To_BoardY(doc, v[1]));
+        PointRec b = P(To_BoardX(doc, v[2]), To_BoardY(doc, v[3]));
+        EXPECT_TRUE(Add_Drawn_Line(doc, a, b));
+    }
+    return doc;
+}
+
+}  // namespace
+
+TEST(Viewport, NewDocumentPutsWorldOriginAtLowerLeft) {
+    LayoutDocument doc;
+    Set_Viewport(doc);
+    EXPECT_EQ(To_WorldY(doc, doc.ScaleHeight), 0.0f);
+    EXPECT_EQ(To_WorldX(doc, 0.0), 0.0f);
+    EXPECT_EQ(To_BoardX(doc, 2.5), 2.5f);
+    EXPECT_FLOAT_EQ(To_BoardY(doc, 1.0), static_cast<float>(doc.ScaleHeight - 1.0));
+    EXPECT_EQ(doc.OriginY, static_cast<float>(-doc.ScaleHeight));
+}
+
+TEST(Viewport, ZeroScaleConversionsFailQuietlyToZero) {
+    LayoutDocument doc;
+    doc.ZoomScale = 0.0f;
+    EXPECT_EQ(To_WorldX(doc, 3.0), 0.0f);
+    EXPECT_EQ(To_WorldY(doc, 3.0), 0.0f);
+}
+
+TEST(Tables, CountsSlotsAndDeletion) {
+    LineTable t = BlankLines();
+    EXPECT_EQ(Line_Count(t), 0);
+    EXPECT_TRUE(Lines_Empty(t));
+    EXPECT_FALSE(Has_Line(t));
+    EXPECT_EQ(Selected_Count(t), 0);
+    EXPECT_EQ(Unselected_Count(t), 0);
+
+    // The first slot is the blank row itself.
+    ASSERT_TRUE(Add_Line_Slot(t));
+    EXPECT_EQ(t.size(), 1u);
+    t[0] = L(0, 0, 1, 0);
+    t[0].LineName = "a";
+    ASSERT_TRUE(Add_Line_Slot(t));
+    t[1] = L(0, 0, 0, 1);
+    t[1].LineName = "b";
+    ASSERT_TRUE(Add_Line_Slot(t));
+    t[2] = L(1, 1, 2, 2);
+    t[2].LineName = "c";
+    EXPECT_EQ(Line_Count(t), 3);
+    EXPECT_TRUE(Has_Line(t));
+
+    t[1].Selected = -1;
+    EXPECT_EQ(Selected_Count(t), 1);
+    EXPECT_EQ(Unselected_Count(t), 2);
+
+    Delete_Line(t, 0);
+    ASSERT_EQ(t.size(), 2u);
+    EXPECT_EQ(t[0].LineName, "b");
+    EXPECT_EQ(t[1].LineName, "c");
+    Delete_Line(t, 7);  // outside the table: nothing happens
+    EXPECT_EQ(t.size(), 2u);
+
+    Delete_Selected(t);
+    ASSERT_EQ(t.size(), 1u);
+    EXPECT_EQ(t[0].LineName, "c");
+
+    Delete_Line(t, 0);
+    EXPECT_TRUE(Lines_Empty(t));
+    EXPECT_EQ(t.size(), 1u);
+}
+
+TEST(Tables, DeleteSelectedOfAllRowsLeavesBlankTable) {
+    LineTable t = {L(0, 0, 1, 1), L(1, 1, 2, 2), L(2, 2, 3, 3)};
+    for (auto& r : t) r.Selected = -1;
+    Delete_Selected(t);
+    ASSERT_EQ(t.size(), 1u);
+    EXPECT_EQ(t[0].Exists, 0);
+    EXPECT_TRUE(Lines_Empty(t));
+}
+
+TEST(Tables, SlotsStopAtTheIndexLimit) {
+    LineTable t(kMaxTableRows);
+    for (auto& r : t) r.Exists = -1;
+    EXPECT_FALSE(Add_Line_Slot(t));
+    EXPECT_EQ(t.size(), kMaxTableRows);
+    EXPECT_EQ(Line_Count(t), 32767);
+}
+
+TEST(Tables, DrawnLinesAreNumberedFromTheCounter) {
+    LayoutDocument doc = Drawn({{0, 0, 3, 4}, {0, 0, 0, 10}});
+    EXPECT_EQ(doc.LineCounter, 2);
+    EXPECT_EQ(doc.Lines[0].LineName, "Line Number 1");
+    EXPECT_EQ(doc.Lines[1].LineName, "Line Number 2");
+    EXPECT_DOUBLE_EQ(doc.Lines[0].Length, 5.0);
+    // A deleted line's number is not used again.
+    Delete_Line(doc.Lines, 1);
+    Add_Drawn_Line(doc, P(0, 0), P(1, 1));
+    EXPECT_EQ(doc.Lines[1].LineName, "Line Number 3");
+}
+
+TEST(Geometry, LineKind) {
+    struct Case {
+        LineRec l;
+        int16_t kind;
+    } cases[] = {
+        {L(1, 0, 1, 5), 1},
+        {L(0, 2, 5, 2), 2},
+        {L(0, 0, 1, 1), 4},
+        {L(3, 3, 3, 3), 1},  // a point is vertical
+    };
+    for (const auto& c : cases) EXPECT_EQ(Line_Kind(c.l), c.kind);
+}
+
+TEST(Geometry, PerpendicularFoot) {
+    struct Case {
+        LineRec l;
+        PointRec p, want;
+    } cases[] = {
+        {L(1, 0, 1, 5), P(4, 2), P(1, 2)},
+        {L(0, 2, 5, 2), P(3, 7), P(3, 2)},
+        {L(0, 0, 2, 2), P(2, 0), P(1, 1)},
+        {L(0, 4, 4, 0), P(0, 0), P(2, 2)},
+    };
+    for (const auto& c : cases) {
+        PointRec out;
+        EXPECT_TRUE(Perpendicular_Foot(c.l, c.p, out));
+        EXPECT_FLOAT_EQ(out.X, c.want.X);
+        EXPECT_FLOAT_EQ(out.Y, c.want.Y);
+    }
+}
+
+TEST(Geometry, LinesCross) {
+    struct Case {
+        const char* what;
+        LineRec a, b;
+        bool cross;
+        PointRec at;
+    } cases[] = {
+        {"plus", L(0, 1, 2, 1), L(1, 0, 1, 2), true, P(1, 1)},
+        {"T at the end of the vertical", L(0, 0, 4, 0), L(2, 0, 2, 3), true, P(2, 0)},
+        {"T at the end of the horizontal", L(0, 0, 0, 4), L(0, 2, 3, 2), true, P(0, 2)},
+        {"L corner", L(0, 0, 4, 0), L(4, 0, 4, 4), true, P(4, 0)},
+        {"vertical and horizontal apart", L(0, 0, 0, 1), L(1, 2, 3, 2), false, P(0, 2)},
+        {"sloped X", L(0, 0, 2, 2), L(0, 2, 2, 0), true, P(1, 1)},
+        {"vertical and sloped", L(1, -5, 1, 5), L(0, 0, 2, 2), true, P(1, 1)},
+        {"horizontal and sloped", L(0, 1, 5, 1), L(0, 0, 2, 2), true, P(1, 1)},
+        {"sloped and horizontal", L(0, 0, 2, 2), L(0, 1, 5, 1), true, P(1, 1)},
+        {"sloped segments that miss", L(0, 0, 1, 1), L(3, 0, 4, -1), false, P(0, 0)},
+        // Parallel sloped lines: the division fails, x stays 0, and the test
+        // runs on a's point at x = 0, which here lies on both.
+        {"parallel sloped through x = 0", L(-1, -1, 1, 1), L(-1, 0, 1, 2), true, P(0, 0)},
+        {"parallel sloped elsewhere", L(1, 1, 2, 2), L(1, 2, 2, 3), false, P(0, 0)},
+    };
+    for (const auto& c : cases) {
+        PointRec out;
+        EXPECT_EQ(Lines_Cross(c.a, c.b, out), c.cross) << c.what;
+        if (c.cross) {
+            EXPECT_FLOAT_EQ(out.X, c.at.X) << c.what;
+            EXPECT_FLOAT_EQ(out.Y, c.at.Y) << c.what;
+        }
+    }
+}
+
+TEST(Geometry, CollinearAxisLinesNeverCross) {
+    PointRec out = P(9, 9);
+    EXPECT_FALSE(Lines_Cross(L(0, 0, 0, 2), L(0, 1, 0, 3), out));
+    EXPECT_FALSE(Lines_Cross(L(0, 0, 2, 0), L(1, 0, 3, 0), out));
+    EXPECT_FALSE(Lines_Cross(L(0, 0, 2, 0), L(2, 0, 3, 0), out));
+    EXPECT_EQ(out.X, 9.0f);
+}
+
+TEST(Geometry, BuildIntersectionsOfABox) {
+    LineTable box = {L(0, 0, 2, 0), L(2, 0, 2, 2), L(2, 2, 0, 2), L(0, 2, 0, 0)};
+    PointTable result;
+    int16_t flag = 0;
+    int yields = 0;
+    Build_Intersections(box, result, flag, [&] { ++yields; });
+    ASSERT_EQ(result.size(), 4u);  // the four corners, the parallel pairs do not count
+    for (const auto& p : result) EXPECT_EQ(p.Flag, -1);
+    EXPECT_EQ(flag, -1);
+    EXPECT_EQ(yields, 6);
+
+    // No crossing: a blank table comes back, the flag is left as it was.
+    LineTable apart = {L(0, 0, 1, 0), L(0, 5, 1, 5)};
+    Build_Intersections(apart, result, flag);
+    ASSERT_EQ(result.size(), 1u);
+    EXPECT_EQ(result[0].Flag, 0);
+    EXPECT_EQ(flag, -1);
+
+    LayoutDocument doc;
+    PointRec hit;
+    doc.Intersections = {P(1, 1), P(2, 2)};
+    doc.Intersections[1].Flag = -1;
+    EXPECT_FALSE(Find_Intersection(doc, 1.0f, 1.0f, 0.1f, hit));  // flag false
+    EXPECT_TRUE(Find_Intersection(doc, 2.05f, 2.05f, 0.1f, hit));
+    EXPECT_EQ(hit.X, 2.0f);
+    EXPECT_FALSE(Find_Intersection(doc, 2.1f, 2.1f, 0.1f, hit));
+}
+
+TEST(Geometry, FindLineUsesPathSlack) {
+    EXPECT_FALSE(Find_Line(BlankLines(), 0, 0, 1.0f).Found);
+
+    LineTable t = {L(0, 0, 4, 0), L(0, 0, 4, 0), L(0, 1, 4, 1)};
+    HoverRec h = Find_Line(t, 2.0f, 0.1f, 0.01f);
+    EXPECT_TRUE(h.Found);
+    EXPECT_EQ(h.Index, 0);  // of two overlapping lines the earlier row wins
+    h = Find_Line(t, 2.0f, 0.95f, 0.01f);
+    EXPECT_TRUE(h.Found);
+    EXPECT_EQ(h.Index, 2);
+    EXPECT_EQ(h.Line.StartPt.Y, 1.0f);
+    // The zone is narrow beyond the ends: 0.1 past the end is 0.2 of slack.
+    EXPECT_FALSE(Find_Line(t, 4.1f, 0.0f, 0.1f).Found);
+    // Rows that do not exist are not tested.
+    t[0].Exists = 0;
+    t[1].Exists = 0;
+    EXPECT_FALSE(Find_Line(t, 2.0f, 0.0f, 0.01f).Found);
+}
+
+TEST(Measures, BoundsTotalsAndCentroids) {
+    LayoutDocument doc;
+    bool found = true;
+    float v = 7.0f;
+    Bound_MinX(doc, found, v);
+    EXPECT_FALSE(found);
+    EXPECT_EQ(Min_X(doc.Lines, found), 0.0f);
+    EXPECT_FALSE(found);
+
+    doc.Lines = {L(1, 2, 3, 2), L(3, 2, 3, 6)};
+    EXPECT_EQ(Min_X(doc.Lines, found), 1.0f);
+    EXPECT_EQ(Max_Y(doc.Lines, found), 6.0f);
+    EXPECT_TRUE(found);
+
+    // Dimensions widen the bounds; alone they still give one.
+    doc.Dims = {D(0.5f, 2, 3, 2, 2, 7)};
+    Bound_MinX(doc, found, v);
+    EXPECT_TRUE(found);
+    EXPECT_EQ(v, 0.5f);
+    Bound_MaxY(doc, found, v);
+    EXPECT_EQ(v, 7.0f);
+    LayoutDocument dimsOnly;
+    dimsOnly.Dims = doc.Dims;
+    Bound_MaxX(dimsOnly, found, v);
+    EXPECT_TRUE(found);
+    EXPECT_EQ(v, 3.0f);
+
+    // Weights 2 and 4: x = (2*2 + 3*4) / 6, y = (2*2 + 4*4) / 6.
+    EXPECT_DOUBLE_EQ(Centroid_X(doc.Lines), 16.0 / 6.0);
+    EXPECT_DOUBLE_EQ(Centroid_Y(doc.Lines), 20.0 / 6.0);
+    EXPECT_EQ(Centroid_X(BlankLines()), 0.0);
+    EXPECT_DOUBLE_EQ(Line_Total(doc, doc.Lines), 6.0);
+}
+
+TEST(Zoom, FactorThenInverseReturnsPoints) {
+    LayoutDocument doc = Drawn({{0.5, 0.5, 4, 3}, {1, 1, 1, 4.5}});
+    doc.Dims = {D(1, 1, 2, 1, 1.5f, 0.5f)};
+    const LayoutDocument before = doc;
+    Zoom_Factor(doc, 1.05f);
+    EXPECT_NE(doc.Lines[0].StartPt.X, before.Lines[0].StartPt.X);
+    Zoom_Factor(doc, 1.0f / 1.05f);
+    for (size_t i = 0; i < doc.Lines.size(); ++i) {
+        EXPECT_NEAR(doc.Lines[i].StartPt.X, before.Lines[i].StartPt.X, 1e-5);
+        EXPECT_NEAR(doc.Lines[i].EndPt.Y, before.Lines[i].EndPt.Y, 1e-5);
+        EXPECT_NEAR(doc.Lines[i].MidPt.X, before.Lines[i].MidPt.X, 1e-5);
+    }
+    EXPECT_NEAR(doc.Dims[0].DimPos.Y, before.Dims[0].DimPos.Y, 1e-5);
+    EXPECT_NEAR(doc.ZoomScale, 1.0f, 1e-6);
+}
+
+TEST(Zoom, ZoomMovesWorldPositionsButKeepsLengths) {
+    LayoutDocument doc = Drawn({{1, 1, 4, 5}});
+    const float wy = To_WorldY(doc, doc.Lines[0].StartPt.Y);
+    Zoom_Factor(doc, 0.95f);
+    const LineRec& l = doc.Lines[0];
+    const double len = std::hypot(To_WorldX(doc, l.EndPt.X) - To_WorldX(doc, l.StartPt.X),
+                                  To_WorldY(doc, l.EndPt.Y) - To_WorldY(doc, l.StartPt.Y));
+    EXPECT_NEAR(len, 5.0, 1e-5);
+    EXPECT_NEAR(Line_Total(doc, doc.Lines), 5.0, 1e-5);
+    EXPECT_GT(std::fabs(To_WorldY(doc, l.StartPt.Y) - wy), 1e-3);  // the origin is not rescaled
+}
+
+TEST(Zoom, PanKeepsWorldCoordinates) {
+    LayoutDocument doc = Drawn({{0.25, 0.5, 3, 2}, {2, 0, 2, 4}});
+    doc.Dims = {D(1, 1, 2, 1, 1.5f, 0.5f)};
+    std::vector<float> world;
+    for (const auto& l : doc.Lines)
+        world.insert(world.end(), {To_WorldX(doc, l.StartPt.X), To_WorldY(doc, l.StartPt.Y),
+                                   To_WorldX(doc, l.EndPt.X), To_WorldY(doc, l.EndPt.Y)});
+    Pan_Board(doc, 0.5, -0.25);
+    size_t k = 0;
+    for (const auto& l : doc.Lines) {
+        EXPECT_EQ(To_WorldX(doc, l.StartPt.X), world[k++]);
+        EXPECT_EQ(To_WorldY(doc, l.StartPt.Y), world[k++]);
+        EXPECT_EQ(To_WorldX(doc, l.EndPt.X), world[k++]);
+        EXPECT_EQ(To_WorldY(doc, l.EndPt.Y), world[k++]);
+    }
+    EXPECT_EQ(doc.Dims[0].DimPos.X, 2.0f);
+}
+
+TEST(Zoom, WindowCentersTheBoxAndRepaintsInOrder) {
+    LayoutDocument doc = Drawn({{1, 1, 2, 1}});
+    std::vector<std::string> calls;
+    bool autoRedraw = false;
+    RepaintHooks hooks;
+    hooks.Draw_Lines = [&] { calls.push_back("lines"); };
+    hooks.Draw_Dims = [&] { calls.push_back("dims"); };
+    hooks.Clear_Board = [&] { calls.push_back("clear"); };
+    hooks.Set_AutoRedraw = [&](bool on) {
+        calls.push_back(on ? "auto on" : "auto off");
+        bool old = autoRedraw;
+        autoRedraw = on;
+        return old;
+    };
+    const LineRec l = doc.Lines[0];
+    Zoom_Window(doc, P(l.StartPt.X, 0), P(l.EndPt.X, 0), hooks);  // h = 0: fit the width
+    EXPECT_EQ(calls, (std::vector<std::string>{"auto on", "clear", "lines", "dims", "auto off"}));
+    EXPECT_FLOAT_EQ(doc.ZoomScale, static_cast<float>(doc.ScaleWidth));
+    EXPECT_FLOAT_EQ(doc.Lines[0].MidPt.X, static_cast<float>(doc.ScaleWidth / 2));
+    EXPECT_NEAR(Line_Total(doc, doc.Lines), 1.0, 1e-6);
+
+    calls.clear();
+    Zoom_Window(doc, P(1, 1), P(1, 1), hooks);  // no box: nothing happens
+    EXPECT_TRUE(calls.empty());
+}
+
+TEST(Zoom, FitToExtents) {
+    LayoutDocument empty;
+    EXPECT_FALSE(Zoom_Fit(empty, 0.925f));
+
+    LayoutDocument doc = Drawn({{0, 0, 10, 0}, {0, 0, 0, 4}});
+    ASSERT_TRUE(Zoom_Fit(doc, 0.925f));
+    bool found = false;
+    const float w = Max_X(doc.Lines, found) - Min_X(doc.Lines, found);
+    EXPECT_NEAR(w, doc.ScaleWidth * 0.925, 1e-4);
+    EXPECT_NEAR((Max_Y(doc.Lines, found) + Min_Y(doc.Lines, found)) / 2, doc.ScaleHeight / 2, 1e-4);
+    EXPECT_NEAR(Line_Total(doc, doc.Lines), 14.0, 1e-4);
+
+    // A lone point collapses everything onto the center, quietly.
+    LayoutDocument dot = Drawn({{1, 1, 1, 1}});
+    ASSERT_TRUE(Zoom_Fit(dot, 0.925f));
+    EXPECT_EQ(dot.ZoomScale, 0.0f);
+    EXPECT_FLOAT_EQ(dot.Lines[0].StartPt.X, static_cast<float>(dot.ScaleWidth / 2));
+    EXPECT_EQ(To_WorldX(dot, 1.0), 0.0f);
+}
+
+TEST(WholeDrawing, ShiftAndScaleKeepMidpoints) {
+    LineTable t = {L(1, 1, 3, 5)};
+    bool ok = false;
+    int yields = 0;
+    Shift_Lines(t, 1.0, -1.0, ok, [&] { ++yields; });
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(yields, 1);
+    EXPECT_EQ(t[0].StartPt.X, 2.0f);
+    EXPECT_EQ(t[0].MidPt.Y, 2.0f);
+    ok = false;
+    Scale_Lines(t, 2.0f, ok);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(t[0].EndPt.X, 8.0f);
+    EXPECT_EQ(t[0].MidPt.X, 6.0f);
+    EXPECT_EQ(t[0].MidPt.Y, 4.0f);
+    // An overflowing shift leaves the coordinate as it was.
+    Shift_Lines(t, 1e300, 0.0, ok);
+    EXPECT_EQ(t[0].StartPt.X, 4.0f);
+}

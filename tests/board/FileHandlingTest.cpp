@@ -1,0 +1,365 @@
+#include "board/FileHandling.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+
+#include "board/CartesianModule.h"
+#include "board/DimensionModule.h"
+
+using namespace PublicVariables;
+using namespace FileHandling;
+namespace fs = std::filesystem;
+
+namespace {
+
+PointRec P(float x, float y) { return {x, y, 0}; }
+
+LayoutDocument OneLine() {
+    LayoutDocument doc;
+    CartesianModule::Add_Drawn_Line(doc, P(1, 1), P(3, 2));
+    return doc;
+}
+
+// A document with a bit of everything: zoomed viewport, names outside ASCII,
+// a selected line, dimensions of each kind, a placed load.
+LayoutDocument Rich() {
+    LayoutDocument doc;
+    CartesianModule::Add_Drawn_Line(doc, P(0.5f, 4), P(0.5f, 1));
+    CartesianModule::Add_Drawn_Line(doc, P(0.5f, 1), P(4.25f, 1));
+    CartesianModule::Add_Drawn_Line(doc, P(0.5f, 4), P(4.25f, 2.125f));
+    CartesianModule::Zoom_Factor(doc, 1.05f);
+    doc.Lines[1].Selected = -1;
+    doc.Lines[2].LineName = "Naht \xC3\xA9 \xE2\x82\xAC \xC2\x81 \xC2\x9D";  // é, €, and two undefined code points
+    doc.LineCounter = 7;
+    DimensionRec d;
+    d.DimP1 = P(0.5f, 4);
+    d.DimP2 = P(0.5f, 1);
+    d.DimMid = P(0.5f, 2.5f);
+    d.DimPos = P(0.2f, 2.5f);
+    d.DimType = 0;
+    d.DimDone = -1;
+    d.DimLength = 3.0;
+    d.Exists = -1;
+    doc.Dims[0] = d;
+    d.DimType = 2;
+    d.DimSpare = 5;
+    doc.Dims.push_back(d);
+    doc.Load.LoadSide = 1;
+    doc.Load.LoadPoint = {6.1f, 2.2f, 0};
+    doc.Load.LoadAngle = 30;
+    doc.Load.LoadEccentricity = 0.75;
+    doc.Load.LoadPlaced = -1;
+    return doc;
+}
+
+template <class T>
+T At(const std::string& b, size_t off) {
+    T v;
+    std::memcpy(&v, b.data() + off, sizeof v);
+    return v;
+}
+
+template <class T>
+void Put(std::string& b, size_t off, T v) {
+    std::memcpy(b.data() + off, &v, sizeof v);
+}
+
+fs::path TempDir() {
+    fs::path dir = fs::temp_directory_path() / ("ferrolith-board-" + std::to_string(::getpid()));
+    fs::create_directories(dir);
+    return dir;
+}
+
+}  // namespace
+
+TEST(WldFormat, OneLineDocumentLayout) {
+    const LayoutDocument doc = OneLine();
+    const std::string b = Layout_Bytes(doc);
+    const size_t nameLen = std::string("Line Number 1").size();
+    ASSERT_EQ(b.size(), 84 + (44 + nameLen) + 56);
+
+    EXPECT_EQ(At<double>(b, 0), 1.0);                               // ZoomBase
+    EXPECT_EQ(At<double>(b, 8), 1.0);                               // ZoomScale
+    EXPECT_EQ(At<double>(b, 16), static_cast<double>(doc.OriginY));  // Y before X
+    EXPECT_EQ(At<double>(b, 24), 0.0);
+    EXPECT_EQ(At<uint16_t>(b, 32), 1);  // one dimension of the array
+    EXPECT_EQ(At<uint32_t>(b, 34), 1u);  // N
+    EXPECT_EQ(At<int32_t>(b, 38), 0);    // lower bound
+    EXPECT_EQ(At<float>(b, 42), 3.0f);   // EndPt comes first
+    EXPECT_EQ(At<float>(b, 52), 1.0f);   // then StartPt
+    EXPECT_EQ(At<float>(b, 62), 2.0f);   // MidPt.X
+    EXPECT_EQ(At<int16_t>(b, 72), -1);   // Exists
+    EXPECT_EQ(At<uint16_t>(b, 76), nameLen);
+    EXPECT_EQ(b.substr(78, nameLen), "Line Number 1");
+    const size_t dimHeader = 78 + nameLen + 8;
+    EXPECT_EQ(At<uint32_t>(b, dimHeader + 2), 1u);  // one blank dimension entry
+    EXPECT_EQ(At<int16_t>(b, dimHeader + 10 + 52), 0);
+    EXPECT_EQ(At<int16_t>(b, b.size() - 32), 1);  // LineCounter
+
+    LayoutDocument back;
+    ASSERT_TRUE(Layout_FromBytes(b, back));
+    EXPECT_TRUE(DimensionModule::Dims_Empty(back.Dims));
+    EXPECT_EQ(CartesianModule::Line_Count(back.Lines), 1);
+}
+
+TEST(WldFormat, NameLengthIsItsByteCount) {
+    LayoutDocument doc;
+    doc.LineCounter = 11;
+    CartesianModule::Add_Drawn_Line(doc, P(0, 0), P(1, 0));
+    const std::string b = Layout_Bytes(doc);
+    EXPECT_EQ(At<uint16_t>(b, 76), 14);  // "Line Number 12"
+}
+
+TEST(WldFormat, RoundTripsAreByteIdentical) {
+    for (const LayoutDocument& doc : {OneLine(), Rich(), LayoutDocument{}}) {
+        const std::string b = Layout_Bytes(doc);
+        LayoutDocument back;
+        ASSERT_TRUE(Layout_FromBytes(b, back));
+        EXPECT_EQ(Layout_Bytes(back), b);
+    }
+    LayoutDocument back;
+    ASSERT_TRUE(Layout_FromBytes(Layout_Bytes(Rich()), back));
+    EXPECT_EQ(back.Lines[2].LineName, Rich().Lines[2].LineName);
+    EXPECT_EQ(back.Lines[1].Selected, -1);
+    EXPECT_EQ(back.Dims[1].DimSpare, 5);
+    EXPECT_EQ(back.Load.LoadAngle, 30.0);
+    EXPECT_EQ(back.ZoomScale, 1.05f);
+}
+
+TEST(WldFormat, LineCounterSurvivesAndNumbersTheNextLine) {
+    LayoutDocument doc = OneLine();
+    doc.LineCounter = 7;
+    LayoutDocument back;
+    ASSERT_TRUE(Layout_FromBytes(Layout_Bytes(doc), back));
+    CartesianModule::Add_Drawn_Line(back, P(0, 0), P(0, 1));
+    EXPECT_EQ(back.Lines.back().LineName, "Line Number 8");
+}
+
+TEST(WldFormat, ReadReplacesOnlyTheSavedParts) {
+    LayoutDocument doc = Rich();
+    doc.LinesSaved = BlankLines();
+    doc.Intersections = {P(9, 9)};
+    ASSERT_TRUE(Layout_FromBytes(Layout_Bytes(OneLine()), doc));
+    EXPECT_EQ(doc.Lines.size(), 1u);
+    EXPECT_TRUE(DimensionModule::Dims_Empty(doc.Dims));
+    EXPECT_EQ(doc.ZoomScale, 1.0f);
+    EXPECT_EQ(doc.Intersections[0].X, 9.0f);  // callers rebuild them
+    EXPECT_EQ(doc.LinesSaved.size(), 1u);
+}
+
+TEST(WldFormat, BadFilesLeaveTheDocumentAlone) {
+    const std::string good = Layout_Bytes(Rich());
+    const size_t dimHeader = good.size() - 32 - 2 * 56 - 10;
+    struct Case {
+        const char* what;
+        std::string bytes;
+    };
+    std::vector<Case> cases;
+    cases.push_back({"empty", ""});
+    cases.push_back({"viewport only", good.substr(0, 32)});
+    cases.push_back({"one byte short", good.substr(0, good.size() - 1)});
+    auto patched = [&](const char* what, size_t off, auto v) {
+        std::string b = good;
+        Put(b, off, v);
+        cases.push_back({what, b});
+    };
+    patched("absurd line count", 34, uint32_t{0xFFFFFFFF});
+    patched("line count past the end", 34, uint32_t{4});
+    patched("two-dimensional table", 32, uint16_t{2});
+    patched("lower bound 1", 38, int32_t{1});
+    patched("absurd dimension count", dimHeader + 2, uint32_t{0x7FFFFFFF});
+    patched("name longer than the file", 76, uint16_t{0xFFFF});
+    patched("viewport beyond a single", 0, 1e300);
+    patched("viewport not a number", 8, std::numeric_limits<double>::quiet_NaN());
+
+    LayoutDocument doc = OneLine();
+    const std::string before = Layout_Bytes(doc);
+    for (const Case& c : cases) {
+        EXPECT_FALSE(Layout_FromBytes(c.bytes, doc)) << c.what;
+        EXPECT_EQ(Layout_Bytes(doc), before) << c.what;
+    }
+    // Every shorter prefix of a good file fails.
+    for (size_t n = 0; n < good.size(); ++n) ASSERT_FALSE(Layout_FromBytes(good.substr(0, n), doc)) << n;
+    // Bytes after the load are ignored.
+    EXPECT_TRUE(Layout_FromBytes(good + "trailing", doc));
+}
+
+TEST(WldFormat, TablesStoredWithoutRowsComeBackBlank) {
+    // A file cannot be made so by the program, but a table must never lose its
+    // last row: zero rows read as the blank table.
+    std::string b(32, '\0');
+    Put(b, 8, 1.0);
+    b += std::string("\x01\x00\x00\x00\x00\x00\x00\x00\x00\x00", 10);
+    b += std::string("\x01\x00\x00\x00\x00\x00\x00\x00\x00\x00", 10);
+    b += std::string(32, '\0');
+    LayoutDocument doc = Rich();
+    ASSERT_TRUE(Layout_FromBytes(b, doc));
+    EXPECT_EQ(doc.Lines.size(), 1u);
+    EXPECT_TRUE(CartesianModule::Lines_Empty(doc.Lines));
+    EXPECT_TRUE(DimensionModule::Dims_Empty(doc.Dims));
+}
+
+// Random mutations of good files: the reader never crashes, a refused file
+// leaves the document as it was, and whatever it accepts writes back to
+// bytes that read back to themselves. FERROLITH_FUZZ_SECONDS runs it longer.
+TEST(WldFormat, RandomMutationsNeverBreakTheReader) {
+    const std::string seeds[] = {Layout_Bytes(OneLine()), Layout_Bytes(Rich()), Layout_Bytes(LayoutDocument{})};
+    const char* env = std::getenv("FERROLITH_FUZZ_SECONDS");
+    const double seconds = env != nullptr ? std::atof(env) : 0.0;
+    const long minRounds = 200000;
+    std::mt19937_64 rng(env != nullptr ? std::random_device{}() : 20261123u);
+    auto pick = [&](size_t n) { return n == 0 ? size_t{0} : static_cast<size_t>(rng() % n); };
+
+    const LayoutDocument sentinel = Rich();
+    const std::string sentinelBytes = Layout_Bytes(sentinel);
+    const auto start = std::chrono::steady_clock::now();
+    long rounds = 0, accepted = 0;
+    for (;; ++rounds) {
+        if (rounds >= minRounds) {
+            const double took = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+            if (took >= seconds) break;
+        }
+        std::string b = seeds[pick(3)];
+        const int edits = 1 + static_cast<int>(pick(4));
+        for (int e = 0; e < edits; ++e) {
+            switch (pick(7)) {
+                case 0:  // flip a bit
+                    if (!b.empty()) b[pick(b.size())] ^= static_cast<char>(1 << pick(8));
+                    break;
+                case 1:  // random byte
+                    if (!b.empty()) b[pick(b.size())] = static_cast<char>(rng());
+                    break;
+                case 2:  // truncate
+                    b.resize(pick(b.size() + 1));
+                    break;
+                case 3:  // insert bytes
+                    b.insert(pick(b.size() + 1), std::string(1 + pick(8), static_cast<char>(rng())));
+                    break;
+                case 4:  // remove a run
+                    if (!b.empty()) {
+                        const size_t at = pick(b.size());
+                        b.erase(at, 1 + pick(8));
+                    }
+                    break;
+                case 5:  // a wild 32-bit count somewhere
+                    if (b.size() >= 4) {
+                        const uint32_t v = pick(2) ? static_cast<uint32_t>(rng()) : static_cast<uint32_t>(pick(5));
+                        Put(b, pick(b.size() - 3), v);
+                    }
+                    break;
+                default:  // a wild 16-bit length somewhere
+                    if (b.size() >= 2) Put(b, pick(b.size() - 1), static_cast<uint16_t>(rng()));
+                    break;
+            }
+        }
+        LayoutDocument doc = sentinel;
+        if (Layout_FromBytes(b, doc)) {
+            ++accepted;
+            const std::string once = Layout_Bytes(doc);
+            LayoutDocument again;
+            ASSERT_TRUE(Layout_FromBytes(once, again));
+            ASSERT_EQ(Layout_Bytes(again), once);
+            ASSERT_GE(doc.Lines.size(), 1u);
+            ASSERT_GE(doc.Dims.size(), 1u);
+        } else {
+            ASSERT_EQ(Layout_Bytes(doc), sentinelBytes);
+        }
+    }
+    RecordProperty("rounds", static_cast<int>(rounds));
+    if (env != nullptr) std::printf("fuzz: %ld rounds, %ld accepted\n", rounds, accepted);
+    EXPECT_GT(accepted, 0);
+}
+
+TEST(WldFile, WriteAndReadThroughTheDisk) {
+    const fs::path dir = TempDir();
+    const std::string path = (dir / "box.wld").string();
+    const LayoutDocument doc = Rich();
+    ASSERT_EQ(Write_Layout(doc, path).Number, 0);
+    ASSERT_EQ(Write_Layout(OneLine(), path).Number, 0);  // replaces the old file
+    ASSERT_EQ(Write_Layout(doc, path).Number, 0);
+    LayoutDocument back;
+    ASSERT_TRUE(Read_Layout(back, path));
+    EXPECT_EQ(Layout_Bytes(back), Layout_Bytes(doc));
+    size_t files = 0;
+    for ([[maybe_unused]] const auto& e : fs::directory_iterator(dir)) ++files;
+    EXPECT_EQ(files, 1u);  // no temporary file left behind
+
+    const std::string empty = (dir / "empty.wld").string();
+    std::ofstream(empty).close();
+    LayoutDocument keep = OneLine();
+    EXPECT_FALSE(Read_Layout(keep, empty));
+    EXPECT_FALSE(Read_Layout(keep, (dir / "missing.wld").string()));
+    EXPECT_FALSE(fs::exists(dir / "missing.wld"));
+    EXPECT_EQ(Layout_Bytes(keep), Layout_Bytes(OneLine()));
+
+    const FileError e = Write_Layout(doc, (dir / "no-such-folder" / "x.wld").string());
+    EXPECT_EQ(e.Number, 76);
+    EXPECT_EQ(e.Description, "Path not found");
+    fs::remove_all(dir);
+}
+
+TEST(WldFile, TitlesAndCommandLine) {
+    struct Case {
+        const char* in;
+        const char* title;
+    } titles[] = {{"C:\\work\\a.wld", "a.wld"}, {"/home/u/box.wld", "box.wld"}, {"plain.wld", "plain.wld"},
+                  {"dir\\", ""}};
+    for (const auto& c : titles) EXPECT_EQ(File_Title(c.in), c.title);
+
+    EXPECT_EQ(Command_File("\"C:\\a.wld\""), "C:\\a.wld");
+    EXPECT_EQ(Command_File("C:\\a.wld"), ":\\a.wl");  // the ends are cut in any case
+    EXPECT_EQ(Command_File(""), "");
+    EXPECT_EQ(Command_File("x"), "");
+}
+
+TEST(ChangeTest, OnlyRowCountsAndTheLastRowCount) {
+    LayoutDocument doc;
+    CartesianModule::Add_Drawn_Line(doc, P(1, 1), P(2, 1));
+    CartesianModule::Add_Drawn_Line(doc, P(1, 1), P(1, 3));
+    DimensionRec d;
+    d.DimP1 = P(1, 1);
+    d.DimP2 = P(2, 1);
+    d.DimPos = P(1.5f, 0.5f);
+    d.Exists = -1;
+    doc.Dims[0] = d;
+    doc.LinesSaved = doc.Lines;
+    doc.DimsSaved = doc.Dims;
+    EXPECT_FALSE(Layout_Changed(doc));
+
+    LayoutDocument t = doc;
+    t.Lines[0].StartPt.X = 0.25f;  // not the last row
+    EXPECT_FALSE(Layout_Changed(t));
+    t.Lines[1].EndPt.Y = 4.0f;
+    EXPECT_TRUE(Layout_Changed(t));
+
+    t = doc;
+    t.Lines.pop_back();  // different row counts always differ
+    EXPECT_TRUE(Lines_Differ(t, t.Lines, t.LinesSaved));
+
+    t = doc;
+    t.Dims[0].DimP2.Y = 9.0f;  // left out of the comparison
+    EXPECT_FALSE(Layout_Changed(t));
+    t.Dims[0].DimP2.X = 9.0f;
+    EXPECT_TRUE(Layout_Changed(t));
+    t = doc;
+    t.Dims[0].DimType = 1;
+    EXPECT_TRUE(Layout_Changed(t));
+    t = doc;
+    t.Dims[0].DimLength = 42;  // not compared
+    t.Lines[1].Length = 42;
+    t.Lines[1].Selected = -1;
+    EXPECT_FALSE(Layout_Changed(t));
+
+    // Any pan moves the last row against the saved copy.
+    t = doc;
+    CartesianModule::Pan_Board(t, 0.5, 0.0);
+    EXPECT_TRUE(Layout_Changed(t));
+}
