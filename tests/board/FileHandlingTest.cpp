@@ -125,6 +125,18 @@ TEST(WldFormat, RoundTripsAreByteIdentical) {
         ASSERT_TRUE(Layout_FromBytes(b, back));
         EXPECT_EQ(Layout_Bytes(back), b);
     }
+    // Every byte value of a name comes back as it was written.
+    LayoutDocument all = OneLine();
+    std::string raw;
+    for (int c = 1; c < 256; ++c) raw += static_cast<char>(c);
+    std::string b = Layout_Bytes(all);
+    const size_t nameLen = all.Lines[0].LineName.size();
+    b.replace(78, nameLen, raw);
+    Put(b, 76, static_cast<uint16_t>(raw.size()));
+    LayoutDocument named;
+    ASSERT_TRUE(Layout_FromBytes(b, named));
+    EXPECT_EQ(Layout_Bytes(named), b);
+
     LayoutDocument back;
     ASSERT_TRUE(Layout_FromBytes(Layout_Bytes(Rich()), back));
     EXPECT_EQ(back.Lines[2].LineName, Rich().Lines[2].LineName);
