@@ -102,6 +102,9 @@ int RunCli(const std::vector<std::string>& args, std::string& out) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
+// Names a case by file and line in test output.
+void PrintTo(const GoldenCase& c, std::ostream* os) { *os << c.file << ":" << c.line; }
+
 class CliGolden : public ::testing::TestWithParam<GoldenCase> {};
 
 TEST_P(CliGolden, Replays) {
