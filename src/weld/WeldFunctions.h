@@ -156,8 +156,24 @@ double ConcentricCapacity(const WeldLineTable& lines, double Fexx, double D);
 // always finishes. On a stop, state.ResumeCenterX keeps x of the trial center;
 // a later call with state.IterationResume true starts there (with y = 0).
 // The caller sets IterationStop false before a run; the solver never resets
-// it. DisplayTarget picks the display callback (0 capacity, 1 coefficient,
-// other values none); it is called once per pass and once after the loop.
+// it, so after the call a false IterationStop means the run converged and a
+// true one that it was stopped. DisplayTarget picks the display callback
+// (0 capacity, 1 coefficient, other values none); it is called once per pass
+// and once more after the loop with the center of the last pass. A load
+// through the centroid (zero arm, exactly) is not iterated: the result is
+// ConcentricCapacity and the display is called once with (0, 0) and
+// computed = false.
+//
+// A group whose segments could exceed the 16-bit table (32,767 rows) is not
+// solved: the result is 0, nothing is displayed, report->Refused is set.
+//
+// Typical use by a window (the handlers run inside hooks.Yield):
+//     state.SegmentsPerInch = ...;          // from WeldStripBox
+//     state.IterationStop = 0;              // a run is active
+//     state.DisplayTarget = kDisplayCapacity;
+//     double unit = Locate_InstantaneousCenter(lines, ex, angle, 1.0, 1.0, 1.0, state, hooks);
+//     bool converged = state.IterationStop == 0;
+//     state.IterationStop = -1;             // no run active
 double Locate_InstantaneousCenter(const WeldLineTable& lines, double ex, double angle,
                                   double Fexx, double D, double divisor, WeldRunState& state,
                                   const WeldRunHooks& hooks, SolveReport* report = nullptr);

@@ -299,6 +299,22 @@ TEST(WeldSolver, GroupWithoutSegmentsEndsAtOnceWithZero) {
     EXPECT_EQ(run.report.Segments, 1);
 }
 
+TEST(WeldSolver, GroupBeyondTheSegmentLimitIsRefused) {
+    // 600 in at 1/64" would need 38,400 segments; the table counts to 32,767.
+    Trial big;
+    big.state.SegmentsPerInch = 64;
+    EXPECT_EQ(big.Solve({Line(0, 0, 0, 600)}, 5.0, 0.0), 0.0);
+    EXPECT_TRUE(big.report.Refused);
+    EXPECT_TRUE(big.shown.empty());
+    // The same line at 1/32" fits (19,200 segments).
+    Trial fits;
+    fits.state.SegmentsPerInch = 32;
+    fits.maxPasses = 1;
+    EXPECT_GT(fits.Solve({Line(0, 0, 0, 600)}, 5.0, 0.0), 0.0);
+    EXPECT_FALSE(fits.report.Refused);
+    EXPECT_EQ(fits.report.Segments, 19200);
+}
+
 TEST(WeldSolver, StopBeforeTheFirstPassReturnsZero) {
     Trial run;
     run.state.IterationStop = -1;
