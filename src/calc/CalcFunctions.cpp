@@ -161,19 +161,24 @@ double To_Degrees(const CalcVariables& s, double x) {
     return x;
 }
 
-double Near_Whole(double x) {
+namespace {
+
+// The fraction of |x| written with 15 places, cut to `keep` characters. A
+// fraction so close to 1 that the writing rounds it up to "1.000..." (as the
+// one of ln(1000) / ln(10) = 2.9999999999999996) counts as nines: log(1000)
+// must give exactly 3.
+double Snap(double x, size_t keep) {
     double a = std::fabs(x);
-    std::string t = prim::Left(Format(a - Fix(a), "0.000000000000000"), 16);
-    if (t == "0.99999999999999") return (Fix(a) + 1) * Sgn(x);
+    std::string t = Format(a - Fix(a), "0.000000000000000");
+    if (prim::Left(t, keep) == "0." + std::string(keep - 2, '9') || t[0] == '1') return (Fix(a) + 1) * Sgn(x);
     return x;
 }
 
-double Near_Whole_Short(double x) {
-    double a = std::fabs(x);
-    std::string t = prim::Left(Format(a - Fix(a), "0.000000000000000"), 14);
-    if (t == "0.999999999999") return (Fix(a) + 1) * Sgn(x);
-    return x;
-}
+}  // namespace
+
+double Near_Whole(double x) { return Snap(x, 16); }
+
+double Near_Whole_Short(double x) { return Snap(x, 14); }
 
 bool Near_Equal(double a, double b, int n) {
     std::string pic = "0." + std::string(static_cast<size_t>(n), '0');

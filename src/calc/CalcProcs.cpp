@@ -1552,6 +1552,26 @@ std::string Keyboard_Token(int code, int shift) {
     }
 }
 
+bool key_Time_Click(CalcVariables& s) {
+    if (s.ErrorLock) return false;
+    s.TimeShown = s.TimeShown ? 0 : -1;
+    s.ExpoBox.clear();
+    s.DateBox.clear();
+    if (!s.TimeShown) Show_Value(s, s.DisplayValue, "");
+    return s.TimeShown != 0;
+}
+
+void Show_Clock(CalcVariables& s, int year, int month, int day, int weekday, int hour, int minute, int second) {
+    static const char* const kDays[] = {"SUNDAY", "MONDAY", "TUESDAY", "WEDNESDAY", "THURSDAY", "FRIDAY", "SATURDAY"};
+    static const char* const kMonths[] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
+                                          "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
+    s.DateBox = std::string(kDays[std::clamp(weekday, 0, 6)]) + " " + kMonths[std::clamp(month, 1, 12) - 1] + " " +
+                std::to_string(day) + ", " + std::to_string(year);
+    int h12 = hour % 12 == 0 ? 12 : hour % 12;
+    auto two = [](int v) { return Format(v, "00"); };
+    s.DisplayBox = two(h12) + ":" + two(minute) + ":" + two(second) + (hour < 12 ? " AM" : " PM");
+}
+
 void Set_Angle_Mode(CalcVariables& s, char mode) {
     s.IsRadian = mode == 'R' ? -1 : 0;
     s.IsGradian = mode == 'G' ? -1 : 0;

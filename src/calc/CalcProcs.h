@@ -41,6 +41,13 @@ void ScnButton_Click(CalcVariables& s);
 void PrecBox_Click(CalcVariables& s, int index);
 void PrecBox_Change(CalcVariables& s);
 
+// Clock key: toggles the clock on the display; true while it is on, when the
+// window runs its loop of Show_Clock and event yields until TimeShown clears.
+bool key_Time_Click(CalcVariables& s);
+// One turn of the clock loop: date line and time of day, e.g.
+// "MONDAY NOV 23, 2026" and "09:05:07 AM".
+void Show_Clock(CalcVariables& s, int year, int month, int day, int weekday, int hour, int minute, int second);
+
 // ---- Key engine ------------------------------------------------------------------
 void Dispatch_Key(CalcVariables& s, std::string& token);
 void Process_Key(CalcVariables& s);
