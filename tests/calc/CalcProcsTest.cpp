@@ -561,3 +561,40 @@ TEST(CalcState, ReopenKeepsTheNumberAndOperatorMarks) {
 }
 
 }  // namespace
+
+namespace {
+
+// Random key sequences: the engine never shows a non-number that is not an
+// error text, and never loses its display.
+TEST(CalcEngine, RandomKeySequencesKeepADisplay) {
+    const char* const keys[] = {"0",    "1",    "5",    "9",     "dot",  "+",    "-",     "*",    "/",    "=",
+                                "xy",   "root", "pm",   "exp",   "frc",  "C",    "AC",    "ers",  "x-y",  "PI",
+                                "rand", "mo",   "sexa", "asex",  "data", "ave",  "strd1", "sqrt", "log",  "fact",
+                                "sin",  "iCos", "tanh", "itanh", "rcp",  "sqr",  "cube",  "alog", "min",  "dc",
+                                "engl", "engr", "ptor", "rtop",  "aln",  "isinh", "dtn",  "xtract"};
+    const size_t n = sizeof keys / sizeof keys[0];
+    uint32_t seed = 12345;
+    auto next = [&] {
+        seed = seed * 1664525u + 1013904223u;
+        return seed >> 8;
+    };
+    for (int run = 0; run < 400; ++run) {
+        CalcVariables s = Fresh();
+        s.Now = [] { return 46349.25; };
+        std::string trail;
+        for (int k = 0; k < 40; ++k) {
+            const char* key = keys[next() % n];
+            trail += std::string(key) + " ";
+            ASSERT_TRUE(CalcProcs::Press_Key(s, key));
+            ASSERT_FALSE(s.DisplayBox.empty()) << trail;
+            bool error = s.DisplayBox.front() == '*';
+            EXPECT_EQ(error, s.ErrorLock != 0) << trail;
+            if (!error) {
+                EXPECT_EQ(s.DisplayBox.find("Inf"), std::string::npos) << trail;
+                EXPECT_EQ(s.DisplayBox.find("NaN"), std::string::npos) << trail;
+            }
+        }
+    }
+}
+
+}  // namespace
