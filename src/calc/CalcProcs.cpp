@@ -1460,6 +1460,40 @@ void key_Mminus_Click(CalcVariables& s) { Register_Add(s, 4, -1); }
 
 void key_KAC_Click(CalcVariables& s) { Open_Register_Window(s, 5); }
 
+void Delete_Registers(CalcVariables& s, const std::vector<int>& checked) {
+    for (int i : checked)
+        if (i >= 0 && i < CalcFiles::kRegisterCount) s.Registers[static_cast<size_t>(i)] = {};
+}
+
+namespace {
+
+std::string ListValue(double v) {
+    if (PlainText(Fix(v)).size() > 15) return Format(v, "0.0" + std::string(15, '#') + "E+00");
+    return Format(v, "0.0" + kHashes100);
+}
+
+}  // namespace
+
+std::string Register_Value_Text(double value) { return ListValue(value) + "   "; }
+
+std::string Data_Value_Text(double value) { return PlainText(Val(ListValue(value))) + "   "; }
+
+void Delete_Data(CalcVariables& s, const std::vector<bool>& checked) {
+    if (!s.DataValues.IsList()) return;
+    const auto& v = s.DataValues.Values;
+    std::vector<double> kept;
+    for (size_t i = 0; i < v.size(); ++i)
+        if (i >= checked.size() || !checked[i]) kept.push_back(v[i]);
+    if (kept.empty()) {
+        s.DataValues.kind = CalcFiles::DataList::Kind::EmptyText;
+        s.DataValues.Values.clear();
+    } else {
+        s.DataValues.Values = kept;
+    }
+}
+
+std::string Copy_Text(const CalcVariables& s) { return PlainText(X(s)); }
+
 // =====================================================================================
 // Window level
 // =====================================================================================

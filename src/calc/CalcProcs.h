@@ -5,6 +5,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "calc/CalcVariables.h"
 #include "shell/Variant.h"
@@ -94,5 +95,22 @@ void key_Kin_Click(CalcVariables& s);
 void key_Mplus_Click(CalcVariables& s);
 void key_Mminus_Click(CalcVariables& s);
 void key_KAC_Click(CalcVariables& s);
+// What the DELETE action of the register window does: every checked register
+// (indices 0 to 99) goes back to 0 with no description.
+void Delete_Registers(CalcVariables& s, const std::vector<int>& checked);
+// Value column of the register list: "0.0" and 100 "#", or "0.0", 15 "#" and
+// "E+00" when the whole part is too long to write plainly; three blanks behind.
+std::string Register_Value_Text(double value);
+
+// ---- Statistics data window ------------------------------------------------------------
+// Deletes the checked rows; with every row checked the data becomes the empty
+// text (no list).
+void Delete_Data(CalcVariables& s, const std::vector<bool>& checked);
+// Value column of the data list: as the register list, read back and written plainly.
+std::string Data_Value_Text(double value);
+
+// ---- Clipboard -----------------------------------------------------------------------------
+// The text the copy command puts on the clipboard: the plain text of X.
+std::string Copy_Text(const CalcVariables& s);
 
 }  // namespace CalcProcs

@@ -480,6 +480,30 @@ TEST(CalcRegisters, ActionsOnTheChosenRegister) {
     EXPECT_EQ(s.Registers[4].Value, 7);  // nothing while an error shows
 }
 
+TEST(CalcRegisters, WindowHelpers) {
+    CalcVariables s = Fresh();
+    s.Registers[0] = {5, "a"};
+    s.Registers[99] = {7, "b"};
+    CalcProcs::Delete_Registers(s, {0, 99, 120});
+    EXPECT_EQ(s.Registers[0].Value, 0);
+    EXPECT_EQ(s.Registers[99].Description, "");
+    EXPECT_EQ(CalcProcs::Register_Value_Text(12.5), "12.5   ");
+    EXPECT_EQ(CalcProcs::Register_Value_Text(3), "3.0   ");
+    EXPECT_EQ(CalcProcs::Register_Value_Text(1.5e20), "150000000000000000000.0   ");  // "1.5E+20" is short
+    EXPECT_EQ(CalcProcs::Register_Value_Text(1.23456789012345e20), "1.23456789012345E+20   ");
+    EXPECT_EQ(CalcProcs::Data_Value_Text(3), "3   ");
+
+    Press(s, "1 data 2 data 3 data");
+    CalcProcs::Delete_Data(s, {false, true, false});
+    EXPECT_EQ(s.DataValues.Values, (std::vector<double>{1, 3}));
+    CalcProcs::Delete_Data(s, {true, true});
+    EXPECT_FALSE(s.DataValues.IsList());
+    Press(s, "ave");
+    EXPECT_EQ(Shown(s), "*Empty Data*|");
+    Press(s, "AC 2 / 8 =");
+    EXPECT_EQ(CalcProcs::Copy_Text(s), "0.25");
+}
+
 TEST(CalcConstants, ChosenValueBecomesX) {
     CalcVariables s = Fresh();
     std::string choice;
