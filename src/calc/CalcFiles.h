@@ -67,7 +67,10 @@ struct FileStatus {
     bool FileDeleted = false;        // Damaged: the damaged file is gone
 
     // True when the window must show the warning box (stop icon, MessageTitle).
-    bool ShowMessage() const { return outcome == Outcome::Damaged || outcome == Outcome::Failed; }
+    // A data file too big to hold (error 7, out of memory) is dropped silently.
+    bool ShowMessage() const {
+        return (outcome == Outcome::Damaged && ErrorNumber != 7) || outcome == Outcome::Failed;
+    }
     // "Error No. " & number & ":  " & description.
     std::string Message() const;
     static constexpr const char* MessageTitle = "Warning:";
