@@ -825,6 +825,10 @@ void Operator_Step(CalcVariables& s) {
         return;
     }
     if (!s.PolarPending && !s.RectPending) s.SecondValue = s.RunningTotal;
+    // A finished conversion has handed its x on as the operand; the next
+    // conversion starts from its own radius or x.
+    if (s.PolarPending) s.PolarRadius = Variant();
+    if (s.RectPending) s.RectX = Variant();
     s.PolarPending = 0;
     s.RectPending = 0;
     s.ConversionArmed = 0;

@@ -256,6 +256,9 @@ TEST(CalcFunctionsKeys, SwapConversionsAndRandom) {
         {"3 rtop 4 =", "5.|"},
         {"3 rtop 4 = x-y", "53.130102354156|"},
         {"0 rtop 4 =", "*Divide by Zero*|"},
+        {"2 ptor 0 = 3 ptor 0 =", "3.|"},     // each conversion takes its own radius
+        {"3 rtop 4 = 6 rtop 8 =", "10.|"},
+        {"2 ptor 6 0 + 1 =", "2.|"},          // x = 1 becomes the operand
     });
     CalcVariables s = Fresh();
     Press(s, "2 ptor 9 0 =");
