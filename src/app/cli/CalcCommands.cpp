@@ -5,6 +5,8 @@
 #include "Cli.h"
 #include "calc/CalcProcs.h"
 #include "calc/CalcVariables.h"
+#include "calc/ConstantModule.h"
+#include "shell/Primitives.h"
 
 namespace {
 
@@ -33,6 +35,7 @@ int RunCalc(const cli::Args& argsIn) {
 
     CalcVariables s;
     CalcProcs::Initial_Routine(s);
+    ConstantModule::Load_Constants(s.Constants);
     if (rad) CalcProcs::Set_Angle_Mode(s, 'R');
     if (grad) CalcProcs::Set_Angle_Mode(s, 'G');
     if (hasFix || hasSci) {
@@ -61,6 +64,18 @@ int RunCalc(const cli::Args& argsIn) {
             }
         }
         if (reg) continue;
+        // "cnst:N" picks row N of the constant table, as a click and OK would.
+        if (arg.rfind("cnst:", 0) == 0) {
+            long row = 0;
+            if (!cli::ParseInt(arg.substr(5), row) || row < 1 || row > ConstantModule::kConstantCount)
+                return cli::UsageError("cnst takes a row number 1 to 128");
+            s.ShowConstantWindow = [row](CalcVariables& st) {
+                st.ConstantChoice = "  " + prim::PlainText(st.Constants.ConstantData[static_cast<size_t>(row - 1)].Value);
+            };
+            CalcProcs::Press_Key(s, "cnst");
+            s.ShowConstantWindow = nullptr;
+            continue;
+        }
         // Mode switches of the window's option buttons, usable between keys.
         long n = 0;
         if (arg == "deg" || arg == "rad" || arg == "grad") {
@@ -89,6 +104,7 @@ int RunCalc(const cli::Args& argsIn) {
 const cli::Registrar kCalc({"calc", "calc [--rad|--grad] [--fix N|--sci N] TOKEN...",
                             "replays calculator keys on a fresh engine and prints DisplayBox|ExpoBox; "
                             "register keys take the register number (kin:3, ko:3, xk:3, mplus:3, mminus:3, kac:3); "
+                            "cnst:N picks row N of the constant table; "
                             "deg, rad, grad, norm, fix:N, sci:N switch modes between keys",
                             RunCalc});
 
