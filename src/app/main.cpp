@@ -1,6 +1,14 @@
+// ferrolith: the desktop program. The command line holds at most one layout path.
 #include <QApplication>
+
+#include "board/MainFrm.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    return 0;
+    QApplication::setApplicationName(QStringLiteral("Ferrolith"));
+    QApplication::setApplicationVersion(QStringLiteral("1.1"));
+    QApplication::setDesktopFileName(QStringLiteral("ferrolith"));
+    MainFrm w;
+    w.show();
+    return app.exec();
 }

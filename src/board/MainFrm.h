@@ -1,0 +1,33 @@
+// The main window: the drawing board with its menus. It owns the layout
+// document; the tool windows are opened from its Calcs menu.
+#pragma once
+
+#include <QList>
+#include <QMainWindow>
+
+class QAction;
+class QMenu;
+class QLabel;
+
+class MainFrm : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit MainFrm(QWidget* parent = nullptr);
+
+    QAction* action(const QString& objectName) const;
+    QMenu* menu(const QString& objectName) const;
+
+    // Rebuilds the recent-file entries of the File menu from the stored list.
+    void mnuFile_Click();
+
+private:
+    QMenu* AddMenu(const QString& name, const QString& caption);
+    QAction* AddAction(QMenu* menu, const QString& name, const QString& caption, bool enabled = false);
+    void Clear_Recent_Items();
+    int Add_Recent_Item(const QString& path);
+    void mnuAbout_Click();
+
+    QMenu* recentAnchor_ = nullptr;
+    QAction* recentSeparator_ = nullptr;
+    QList<QAction*> mnuRecDocs_;
+};
