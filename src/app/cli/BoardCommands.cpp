@@ -12,6 +12,9 @@
 #include "board/FileHandling.h"
 #include "board/PublicVariables.h"
 #include "shell/Primitives.h"
+#include "weld/WeldFunctions.h"
+#include "weld/WeldStrength.h"
+#include "weld/WeldUnitCapacity.h"
 
 namespace {
 
@@ -134,11 +137,91 @@ int WldInfo(const cli::Args& args) {
     return 0;
 }
 
+// The capacity as the capacity window shows it after a run at its settings.
+int Capacity(const cli::Args& argsIn) {
+    cli::Args args = argsIn;
+    std::string electrodeText, sizeText, methodText, stripText, passesText;
+    bool hasElectrode = false, hasSize = false, hasMethod = false, hasStrip = false, hasPasses = false;
+    if (!cli::TakeOption(args, "--electrode", electrodeText, hasElectrode) ||
+        !cli::TakeOption(args, "--size", sizeText, hasSize) || !cli::TakeOption(args, "--method", methodText, hasMethod) ||
+        !cli::TakeOption(args, "--strip", stripText, hasStrip) ||
+        !cli::TakeOption(args, "--max-passes", passesText, hasPasses))
+        return cli::UsageError("an option needs a value");
+    if (args.size() != 1) return cli::UsageError("usage: capacity FILE.wld [--electrode 60|70|80|90|100|110] "
+                                                 "[--size SIXTEENTHS] [--method nominal|asd|lrfd] [--strip 4|8|16|32|64]");
+
+    // First-start defaults of the capacity window: E90XX, 1/4", Nominal, 1/32".
+    int electrodeIndex = WeldStrength::kWeldClassSetting.defaultValue;
+    int sizeIndex = WeldStrength::kWeldSizeSetting.defaultValue;
+    int methodIndex = WeldStrength::kDesignMethodSetting.defaultValue;
+    int stripIndex = WeldStrength::kWeldStripSetting.defaultValue;
+    long v = 0;
+    if (hasElectrode) {
+        electrodeIndex = -1;
+        if (cli::ParseInt(electrodeText, v))
+            for (size_t i = 0; i < WeldStrength::kElectrodeStrength.size(); ++i)
+                if (WeldStrength::kElectrodeStrength[i] == static_cast<double>(v)) electrodeIndex = static_cast<int>(i);
+        if (electrodeIndex < 0) return cli::UsageError("--electrode must be 60, 70, 80, 90, 100 or 110");
+    }
+    if (hasSize) {
+        if (!cli::ParseInt(sizeText, v) || v < 1 || v > 16) return cli::UsageError("--size must be 1 to 16 (sixteenths)");
+        sizeIndex = static_cast<int>(v - 1);
+    }
+    if (hasMethod) {
+        const std::string m = prim::LCase(methodText);
+        methodIndex = m == "nominal" ? 0 : m == "asd" ? 1 : m == "lrfd" ? 2 : -1;
+        if (methodIndex < 0) return cli::UsageError("--method must be nominal, asd or lrfd");
+    }
+    if (hasStrip) {
+        stripIndex = cli::ParseInt(stripText, v) ? WeldStrength::WeldStripIndexOf(static_cast<int>(v)) : -1;
+        if (stripIndex < 0) return cli::UsageError("--strip must be 4, 8, 16, 32 or 64");
+    }
+    long maxPasses = 100000;
+    if (hasPasses && (!cli::ParseInt(passesText, maxPasses) || maxPasses < 1))
+        return cli::UsageError("--max-passes must be a whole number, 1 or more");
+
+    LayoutDocument doc;
+    if (!FileHandling::Read_Layout(doc, args[0])) return cli::Fail("cannot read layout " + args[0], 1);
+
+    double fexx = 0.0, size = 0.0, factor = 0.0;
+    std::string caption;
+    WeldStrength::ElectrodeStrengthOf(electrodeIndex, fexx);
+    WeldStrength::WeldSizeInchesOf(sizeIndex, size);
+    WeldStrength::MethodOf(methodIndex, factor, caption);
+
+    WeldFunctions::WeldRunState state;
+    WeldStrength::SegmentsPerInchOf(stripIndex, state.SegmentsPerInch);
+    state.IterationStop = 0;
+    state.IterationResume = 0;
+    state.DisplayTarget = WeldFunctions::kDisplayCapacity;
+    // Without a window the pass limit stands in for the stop button, set
+    // through the display callback like a click during a pass.
+    WeldFunctions::SolveReport report;
+    WeldFunctions::WeldRunHooks hooks;
+    hooks.DisplayCapacity = [&](double, double, double, double, bool) {
+        if (report.Passes >= maxPasses) state.IterationStop = -1;
+    };
+    const double unit = WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc, state, hooks, &report);
+    const bool limited = state.IterationStop != 0 && !report.Converged && !report.Concentric;
+    const double shown = WeldStrength::DisplayedCapacity(fexx, unit, size, factor);
+    std::cout << prim::Trim(WeldStrength::CapacityText(shown)) << "\n" << caption << "\n";
+    if (report.Refused) return cli::Fail("the group has more than 32767 segments", 1);
+    if (limited) {
+        std::cout.flush();
+        return cli::Fail("no convergence after " + std::to_string(maxPasses) + " passes", 3);
+    }
+    return 0;
+}
+
 const cli::Registrar kWldNew({"wld-new",
                               "wld-new OUT.wld --line X1,Y1,X2,Y2 [--line ...] [--load-side left|right] "
                               "[--load-angle DEG] [--load-ecc FEET]",
                               "writes a layout drawn from world-inch lines on a new board", WldNew});
 const cli::Registrar kWldInfo({"wld-info", "wld-info FILE.wld",
                                "prints the viewport, lines, dimensions and load of a layout", WldInfo});
+const cli::Registrar kCapacity({"capacity",
+                                "capacity FILE.wld [--electrode 60|70|80|90|100|110] [--size SIXTEENTHS] "
+                                "[--method nominal|asd|lrfd] [--strip 4|8|16|32|64] [--max-passes N]",
+                                "prints the capacity of a layout in kips and the caption of its method", Capacity});
 
 }  // namespace

@@ -1,0 +1,141 @@
+#include "weld/WeldUnitCapacity.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "board/CartesianModule.h"
+#include "board/FileHandling.h"
+#include "shell/Primitives.h"
+#include "weld/WeldStrength.h"
+
+using namespace PublicVariables;
+using namespace WeldFunctions;
+
+namespace {
+
+// A layout drawn from world-inch lines at the start viewport.
+LayoutDocument Drawn(const std::vector<std::vector<double>>& lines, int16_t side, double angle, double eccFeet) {
+    LayoutDocument doc;
+    CartesianModule::Set_Viewport(doc);
+    for (const auto& v : lines) {
+        PointRec a{CartesianModule::To_BoardX(doc, v[0]), CartesianModule::To_BoardY(doc, v[1]), 0};
+        PointRec b{CartesianModule::To_BoardX(doc, v[2]), CartesianModule::To_BoardY(doc, v[3]), 0};
+        EXPECT_TRUE(CartesianModule::Add_Drawn_Line(doc, a, b));
+    }
+    doc.Load.LoadSide = side;
+    doc.Load.LoadAngle = angle;
+    doc.Load.LoadEccentricity = eccFeet;
+    doc.Load.LoadPlaced = -1;
+    return doc;
+}
+
+// A run at Fexx = D = 1. Some groups never settle (the solver can swing
+// between two centers); a pass limit stops those the way the stop button
+// would, so a test never hangs.
+double Unit(const LayoutDocument& doc, bool* converged = nullptr) {
+    WeldRunState state;
+    state.SegmentsPerInch = 32;
+    state.IterationStop = 0;
+    state.DisplayTarget = kDisplayCapacity;
+    SolveReport report;
+    WeldRunHooks hooks;
+    hooks.DisplayCapacity = [&](double, double, double, double, bool) {
+        if (report.Passes >= 5000) state.IterationStop = -1;
+    };
+    const double unit = Weld_UnitCapacity(1.0, 1.0, doc, state, hooks, &report);
+    if (converged != nullptr) *converged = report.Converged || report.Concentric;
+    return unit;
+}
+
+std::vector<std::vector<double>> Mirrored(const std::vector<std::vector<double>>& lines, double axis) {
+    std::vector<std::vector<double>> out;
+    for (const auto& v : lines) out.push_back({axis - v[0], v[1], axis - v[2], v[3]});
+    return out;
+}
+
+}  // namespace
+
+TEST(HandOver, LinesMinRoundsTheRunningValueToSingle) {
+    WeldLineTable t(3);
+    t[0] = {0.30000000000000004, 5.0, 0.7, 0.1, 0, 0};
+    t[1] = {2.0, 0.2, 1.0, 3.0, 0, 0};
+    t[2] = {0.1, -1.0, 4.0, 2.0, 0, 0};
+    bool ok = false;
+    int yields = 0;
+    WeldRunHooks hooks;
+    hooks.Yield = [&] { ++yields; };
+    EXPECT_EQ(Lines_MinX(t, ok, hooks), 0.1f);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(yields, 3);
+    ok = false;
+    EXPECT_EQ(Lines_MinY(t, ok), -1.0f);
+    EXPECT_TRUE(ok);
+    t.resize(1);
+    EXPECT_EQ(Lines_MinX(t, ok), static_cast<float>(0.30000000000000004));
+}
+
+TEST(HandOver, BlankDocumentReachesTheSolverAndGivesZero) {
+    LayoutDocument doc;
+    EXPECT_EQ(Unit(doc), 0.0);
+    doc.Load.LoadSide = 0;
+    doc.Load.LoadEccentricity = 1.0;
+    EXPECT_EQ(Unit(doc), 0.0);
+}
+
+TEST(HandOver, MirroredLayoutGivesTheSameCapacity) {
+    const std::vector<std::vector<double>> angle = {{1, 1, 1, 9}, {1, 1, 6, 1}};
+    for (double deg : {0.0, 30.0, 75.0}) {
+        bool converged = false;
+        const double left = Unit(Drawn(angle, 0, deg, 0.5), &converged);
+        EXPECT_TRUE(converged) << deg;
+        const double right = Unit(Drawn(Mirrored(angle, 7), 1, deg, 0.5));
+        EXPECT_GT(left, 0.0);
+        EXPECT_DOUBLE_EQ(left, right) << deg;
+        // The side decides: the same drawing with the load on the other side differs.
+        EXPECT_NE(left, Unit(Drawn(angle, 1, deg, 0.5))) << deg;
+    }
+    // Any side but 0 is the right side.
+    EXPECT_EQ(Unit(Drawn(angle, 1, 0, 0.5)), Unit(Drawn(angle, 2, 0, 0.5)));
+    EXPECT_EQ(Unit(Drawn(angle, 1, 0, 0.5)), Unit(Drawn(angle, -1, 0, 0.5)));
+}
+
+TEST(HandOver, PositionOnTheBoardAndViewportDoNotMatter) {
+    const std::vector<std::vector<double>> c = {{0, 0, 0, 10}, {0, 0, 4, 0}, {0, 10, 4, 10}};
+    LayoutDocument doc = Drawn(c, 1, 0, 0.75);
+    const double here = Unit(doc);
+    CartesianModule::Pan_Board(doc, 1.5, -2.25);
+    EXPECT_NEAR(Unit(doc), here, 1e-4 * here);
+    CartesianModule::Zoom_Factor(doc, 0.95f);
+    EXPECT_NEAR(Unit(doc), here, 1e-4 * here);
+    // The solve works on a copy: the board is untouched.
+    const std::string before = FileHandling::Layout_Bytes(doc);
+    Unit(doc);
+    EXPECT_EQ(FileHandling::Layout_Bytes(doc), before);
+}
+
+// The example layouts and the capacity the program reports for them at its
+// first-start settings (E90XX, 1/4", Nominal, 1/32").
+TEST(HandOver, ExampleLayouts) {
+    struct Case {
+        const char* file;
+        double unit;      // Weld_UnitCapacity(1, 1)
+        const char* shown;  // E90XX, 1/4", Nominal
+    } cases[] = {
+        {"c-shape-right.wld", 3.151118584111, "70.90017"},
+        {"angle-left.wld", 2.240069867964, "50.40157"},
+        {"box-inclined.wld", 5.239047903743, "117.87858"},
+        {"single-line-concentric.wld", 2.545584412272, "57.27565"},  // 0.6 x 0.7071 x 6 in
+    };
+    for (const Case& c : cases) {
+        LayoutDocument doc;
+        ASSERT_TRUE(FileHandling::Read_Layout(doc, std::string(FERROLITH_SOURCE_DIR) + "/examples/" + c.file)) << c.file;
+        bool converged = false;
+        const double unit = Unit(doc, &converged);
+        EXPECT_TRUE(converged) << c.file;
+        EXPECT_NEAR(unit, c.unit, 1e-9) << c.file << " " << prim::Format(unit, "0.000000000000");
+        const double shown = WeldStrength::DisplayedCapacity(90.0, unit, 0.25, 1.0);
+        EXPECT_EQ(WeldStrength::CapacityText(shown), std::string(c.shown) + "  ") << c.file;
+    }
+}
