@@ -1,7 +1,8 @@
 // Golden files for ferrolith-cli. Each *.golden file holds cases:
 //
 //   # a comment
-//   $ command<TAB>arg<TAB>arg        (arguments separated by tabs, kept verbatim)
+//   $ command<TAB>arg<TAB>arg        (arguments separated by tabs, kept verbatim;
+//                                     a leading "@ROOT@" is the source tree)
 //   expected stdout line
 //   ...
 //   ? 0                              (expected exit code)
@@ -59,7 +60,12 @@ std::vector<GoldenCase> LoadCases() {
             ++n;
             if (open == nullptr) {
                 if (line.rfind("$ ", 0) == 0) {
-                    cases.push_back({f.filename().string(), n, SplitTabs(line.substr(2)), "", 0});
+                    // "@ROOT@" in an argument stands for the source tree, so
+                    // cases can name files under examples/.
+                    std::vector<std::string> args = SplitTabs(line.substr(2));
+                    for (auto& a : args)
+                        if (a.rfind("@ROOT@", 0) == 0) a = std::string(FERROLITH_GOLDEN_DIR "/../..") + a.substr(6);
+                    cases.push_back({f.filename().string(), n, args, "", 0});
                     open = &cases.back();
                 }
                 continue;
