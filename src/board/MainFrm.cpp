@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <initializer_list>
 
 #include "shell/AboutFrm.h"
 #include "shell/AppInfo.h"
@@ -30,45 +31,40 @@ MainFrm::MainFrm(QWidget* parent) : QMainWindow(parent) {
     connect(close, &QAction::triggered, this, &QWidget::close);
     connect(file, &QMenu::aboutToShow, this, &MainFrm::mnuFile_Click);
 
-    QMenu* mode = AddMenu(QStringLiteral("mnuMode"), QStringLiteral("&Mode"));
-    AddAction(mode, QStringLiteral("mnuDrawMode"), QStringLiteral("Draw Mode"));
-    AddAction(mode, QStringLiteral("mnuSelectionMode"), QStringLiteral("Selection Mode "));
-    AddAction(mode, QStringLiteral("mnuFreeMode"), QStringLiteral("Dimension Mode   "));
-    AddAction(mode, QStringLiteral("mnuEditMode"), QStringLiteral("Edit Mode"));
-    AddAction(mode, QStringLiteral("mnuPanMode"), QStringLiteral("Pan Mode"));
-    AddAction(mode, QStringLiteral("mnuZoomWindow"), QStringLiteral("Zoom Mode"));
-    AddAction(mode, QStringLiteral("mnuLoadMode"), QStringLiteral("Calculation Mode   "));
-
-    QMenu* edit = AddMenu(QStringLiteral("mnuEdit"), QStringLiteral("&Edit"));
-    AddAction(edit, QStringLiteral("mnuMove"), QStringLiteral("Move"));
-    AddAction(edit, QStringLiteral("mnuRotate"), QStringLiteral("Rotate"));
-    AddAction(edit, QStringLiteral("mnuDeleteSelection"), QStringLiteral("Delete Selection"));
-    AddAction(edit, QStringLiteral("mnuDeleteAll"), QStringLiteral("Delete All"));
-    AddAction(edit, QStringLiteral("mnuClearDim"), QStringLiteral("Clear Dimensions"));
-
-    QMenu* view = AddMenu(QStringLiteral("mnuView"), QStringLiteral("&View"));
-    AddAction(view, QStringLiteral("mnuZoomExtent"), QStringLiteral("Zoom Extent"));
-    AddAction(view, QStringLiteral("mnuRefresh"), QStringLiteral("Refresh"));
-
-    QMenu* osnap = AddMenu(QStringLiteral("mnuOsnap"), QStringLiteral("&Osnap"));
-    AddAction(osnap, QStringLiteral("mnuFreeSnap"), QStringLiteral("Free Snap   "));
-    AddAction(osnap, QStringLiteral("mnuEndPoint"), QStringLiteral("EndPoint"));
-    AddAction(osnap, QStringLiteral("mnuMidPoint"), QStringLiteral("MidPoint"));
-    AddAction(osnap, QStringLiteral("mnuNearest"), QStringLiteral("Nearest"));
-    AddAction(osnap, QStringLiteral("mnuIntersection"), QStringLiteral("Intersection"));
-    AddAction(osnap, QStringLiteral("mnuPerpendicular"), QStringLiteral("Perpendicular"));
-
-    QMenu* sel = AddMenu(QStringLiteral("mnuSelection"), QStringLiteral("&Selection"));
-    AddAction(sel, QStringLiteral("mnuWindowSelect"), QStringLiteral("Window  "));
-    AddAction(sel, QStringLiteral("mnuCrossingSelect"), QStringLiteral("Crossing  "));
-    AddAction(sel, QStringLiteral("mnuAllSelect"), QStringLiteral("Select All"));
-    AddAction(sel, QStringLiteral("mnuRemoveSelect"), QStringLiteral("Remove from Selection"));
-    AddAction(sel, QStringLiteral("mnuClearSelect"), QStringLiteral("Clear Selection"));
-
-    QMenu* calcs = AddMenu(QStringLiteral("mnuCalcs"), QStringLiteral("&Calcs"));
-    AddAction(calcs, QStringLiteral("mnuSciCal"), QStringLiteral("Scientific Calculator"));
-    AddAction(calcs, QStringLiteral("mnuBoltCoefficient"), QStringLiteral("Bolt Group Coefficient"));
-    AddAction(calcs, QStringLiteral("mnuWeldCoefficient"), QStringLiteral("Weld Group Coefficient"));
+    // Menus whose entries lead to the board's modes, commands and tool windows.
+    struct Entry {
+        const char* name;
+        const char* caption;
+    };
+    struct MenuDef {
+        const char* name;
+        const char* caption;
+        std::initializer_list<Entry> entries;
+    };
+    const MenuDef menus[] = {
+        {"mnuMode", "&Mode",
+         {{"mnuDrawMode", "Draw Mode"}, {"mnuSelectionMode", "Selection Mode "}, {"mnuFreeMode", "Dimension Mode   "},
+          {"mnuEditMode", "Edit Mode"}, {"mnuPanMode", "Pan Mode"}, {"mnuZoomWindow", "Zoom Mode"},
+          {"mnuLoadMode", "Calculation Mode   "}}},
+        {"mnuEdit", "&Edit",
+         {{"mnuMove", "Move"}, {"mnuRotate", "Rotate"}, {"mnuDeleteSelection", "Delete Selection"},
+          {"mnuDeleteAll", "Delete All"}, {"mnuClearDim", "Clear Dimensions"}}},
+        {"mnuView", "&View", {{"mnuZoomExtent", "Zoom Extent"}, {"mnuRefresh", "Refresh"}}},
+        {"mnuOsnap", "&Osnap",
+         {{"mnuFreeSnap", "Free Snap   "}, {"mnuEndPoint", "EndPoint"}, {"mnuMidPoint", "MidPoint"},
+          {"mnuNearest", "Nearest"}, {"mnuIntersection", "Intersection"}, {"mnuPerpendicular", "Perpendicular"}}},
+        {"mnuSelection", "&Selection",
+         {{"mnuWindowSelect", "Window  "}, {"mnuCrossingSelect", "Crossing  "}, {"mnuAllSelect", "Select All"},
+          {"mnuRemoveSelect", "Remove from Selection"}, {"mnuClearSelect", "Clear Selection"}}},
+        {"mnuCalcs", "&Calcs",
+         {{"mnuSciCal", "Scientific Calculator"}, {"mnuBoltCoefficient", "Bolt Group Coefficient"},
+          {"mnuWeldCoefficient", "Weld Group Coefficient"}}},
+    };
+    // Entries stay disabled until the command or window behind them is connected.
+    for (const MenuDef& m : menus) {
+        QMenu* menu = AddMenu(QString::fromLatin1(m.name), QString::fromLatin1(m.caption));
+        for (const Entry& e : m.entries) AddAction(menu, QString::fromLatin1(e.name), QString::fromLatin1(e.caption));
+    }
 
     QMenu* help = AddMenu(QStringLiteral("mnuHelp"), QStringLiteral("&Help"));
     QAction* about = AddAction(help, QStringLiteral("mnuAbout"), QStringLiteral("&About Ferrolith"), true);

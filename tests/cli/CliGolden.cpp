@@ -9,6 +9,7 @@
 // Blank lines between cases are ignored; an expected output of nothing is
 // written as no lines between "$" and "?".
 #include <gtest/gtest.h>
+#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -81,6 +82,9 @@ int RunCli(const std::vector<std::string>& args, std::string& out) {
     pid_t pid = fork();
     if (pid == 0) {
         dup2(fds[1], 1);
+        // The messages on stderr are not part of the golden output.
+        int devnull = open("/dev/null", O_WRONLY);
+        if (devnull >= 0) dup2(devnull, 2);
         close(fds[0]);
         close(fds[1]);
         std::vector<char*> argv;
@@ -101,6 +105,9 @@ int RunCli(const std::vector<std::string>& args, std::string& out) {
     waitpid(pid, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
+
+// Names a case by file and line in test output.
+void PrintTo(const GoldenCase& c, std::ostream* os) { *os << c.file << ":" << c.line; }
 
 class CliGolden : public ::testing::TestWithParam<GoldenCase> {};
 

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 

@@ -1,0 +1,128 @@
+// Instantaneous center solver: the cost of one pass and of a whole run.
+//   (a) one straight 100 in line at 1/64" (6,400 segments)
+//   (b) configuration 6 with L = 10, kL = 5, aL = 5, angle 0 at each strip setting
+//   (c) the nine configurations at L = 10, k = 0.5, a = 0.5, angle 45 at 1/32"
+// A pass is measured as a run stopped from the display of its first pass, the
+// way the stop button ends a run. The yield callback counts calls, standing
+// in for the window's cheap "is it time to pump events" test.
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+
+#include "weld/WeldFunctions.h"
+
+using namespace WeldFunctions;
+
+namespace {
+
+constexpr int64_t kPassLimit = 100000;
+
+struct BenchRun {
+    WeldRunState state;
+    WeldRunHooks hooks;
+    SolveReport report;
+    int64_t maxPasses;
+    int64_t yields = 0;
+
+    BenchRun(int16_t spi, int64_t passes) : maxPasses(passes) {
+        state.SegmentsPerInch = spi;
+        state.IterationStop = 0;
+        hooks.Yield = [this] { ++yields; };
+        hooks.DisplayCapacity = [this](double, double, double, double, bool) {
+            if (report.Passes >= maxPasses) state.IterationStop = -1;
+        };
+    }
+};
+
+void Report(benchmark::State& st, const SolveReport& rep) {
+    st.counters["passes"] = static_cast<double>(rep.Passes);
+    st.counters["segments"] = rep.Segments;
+    st.counters["converged"] = rep.Converged ? 1 : 0;
+}
+
+const WeldLineTable& LongLine() {
+    static const WeldLineTable lines = [] {
+        WeldLineRec r;
+        r.x2 = 0;
+        r.y2 = 100;
+        return WeldLineTable{r};
+    }();
+    return lines;
+}
+
+void BM_LongLine_Pass(benchmark::State& st) {
+    SolveReport rep;
+    for (auto _ : st) {
+        BenchRun run(64, 1);
+        benchmark::DoNotOptimize(
+            Locate_InstantaneousCenter(LongLine(), 10.0, 0.0, 1, 1, 1, run.state, run.hooks, &run.report));
+        rep = run.report;
+    }
+    Report(st, rep);
+    st.counters["ns/segment"] = benchmark::Counter(
+        static_cast<double>(rep.Segments), benchmark::Counter::kIsIterationInvariantRate |
+                                               benchmark::Counter::kInvert);
+}
+BENCHMARK(BM_LongLine_Pass)->Unit(benchmark::kMicrosecond);
+
+void BM_LongLine_Run(benchmark::State& st) {
+    SolveReport rep;
+    for (auto _ : st) {
+        BenchRun run(64, kPassLimit);
+        benchmark::DoNotOptimize(
+            Locate_InstantaneousCenter(LongLine(), 10.0, 0.0, 1, 1, 1, run.state, run.hooks, &run.report));
+        rep = run.report;
+    }
+    Report(st, rep);
+}
+BENCHMARK(BM_LongLine_Run)->Unit(benchmark::kMillisecond);
+
+void BM_Channel_Pass(benchmark::State& st) {
+    const auto spi = static_cast<int16_t>(st.range(0));
+    SolveReport rep;
+    for (auto _ : st) {
+        BenchRun run(spi, 1);
+        benchmark::DoNotOptimize(Config_ChannelLeft(10, 5, 5, 0, kSelectC, run.state, run.hooks, &run.report));
+        rep = run.report;
+    }
+    Report(st, rep);
+}
+BENCHMARK(BM_Channel_Pass)->Arg(4)->Arg(8)->Arg(16)->Arg(32)->Arg(64)->Unit(benchmark::kMicrosecond);
+
+void BM_Channel_Run(benchmark::State& st) {
+    const auto spi = static_cast<int16_t>(st.range(0));
+    SolveReport rep;
+    for (auto _ : st) {
+        BenchRun run(spi, kPassLimit);
+        benchmark::DoNotOptimize(Config_ChannelLeft(10, 5, 5, 0, kSelectC, run.state, run.hooks, &run.report));
+        rep = run.report;
+    }
+    Report(st, rep);
+}
+BENCHMARK(BM_Channel_Run)->Arg(4)->Arg(8)->Arg(16)->Arg(32)->Arg(64)->Unit(benchmark::kMicrosecond);
+
+void BM_Config_Pass(benchmark::State& st) {
+    const auto config = static_cast<int16_t>(st.range(0));
+    SolveReport rep;
+    for (auto _ : st) {
+        BenchRun run(32, 1);
+        benchmark::DoNotOptimize(Config_ByNumber(config, 10, 5, 5, 45, kSelectC, run.state, run.hooks, &run.report));
+        rep = run.report;
+    }
+    Report(st, rep);
+}
+BENCHMARK(BM_Config_Pass)->DenseRange(1, 9)->Unit(benchmark::kMicrosecond);
+
+void BM_Config_Run(benchmark::State& st) {
+    const auto config = static_cast<int16_t>(st.range(0));
+    SolveReport rep;
+    for (auto _ : st) {
+        BenchRun run(32, kPassLimit);
+        benchmark::DoNotOptimize(Config_ByNumber(config, 10, 5, 5, 45, kSelectC, run.state, run.hooks, &run.report));
+        rep = run.report;
+    }
+    Report(st, rep);
+}
+BENCHMARK(BM_Config_Run)->DenseRange(1, 9)->Unit(benchmark::kMillisecond);
+
+}  // namespace

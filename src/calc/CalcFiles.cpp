@@ -1,0 +1,367 @@
+#include "calc/CalcFiles.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstring>
+#include <fstream>
+#include <limits>
+
+#include "shell/Primitives.h"
+
+namespace CalcFiles {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Error numbers and texts the warning box shows.
+constexpr int32_t kErrOutOfMemory = 7;
+constexpr int32_t kErrTypeMismatch = 13;
+constexpr int32_t kErrDiskFull = 61;
+constexpr int32_t kErrPastEnd = 62;
+constexpr int32_t kErrPermission = 70;
+constexpr int32_t kErrPathAccess = 75;
+
+std::string ErrorText(int32_t number) {
+    switch (number) {
+        case kErrOutOfMemory: return "Out of memory";
+        case kErrTypeMismatch: return "Type mismatch";
+        case kErrDiskFull: return "Disk full";
+        case kErrPastEnd: return "Input past end of file";
+        case kErrPermission: return "Permission denied";
+        default: return "Path/File access error";
+    }
+}
+
+FileStatus Make(FileStatus::Outcome outcome, int32_t error = 0) {
+    FileStatus st;
+    st.outcome = outcome;
+    if (error != 0) {
+        st.ErrorNumber = error;
+        st.ErrorDescription = ErrorText(error);
+    }
+    return st;
+}
+
+FileStatus Bad(int32_t error) { return Make(FileStatus::Outcome::Damaged, error); }
+
+// Variant type tags as the data file holds them.
+constexpr uint16_t kTagEmpty = 0x0000;
+constexpr uint16_t kTagDouble = 0x0005;
+constexpr uint16_t kTagText = 0x0008;
+constexpr uint16_t kTagVariantArray = 0x200C;
+
+// The biggest files either reader will look at. A register file cannot be
+// longer than 100 records with the longest descriptions; a data file past
+// the cap would hold millions of values and is refused as too big.
+constexpr uintmax_t kRegisterFileMax = uintmax_t(kRegisterCount) * (10 + 65535);
+constexpr uintmax_t kDataFileMax = 64u << 20;
+
+// Little-endian writing and bounds-checked reading.
+void PutU16(std::string& out, uint16_t v) {
+    out.push_back(char(v & 0xFF));
+    out.push_back(char(v >> 8));
+}
+void PutU32(std::string& out, uint32_t v) {
+    for (int i = 0; i < 4; ++i) out.push_back(char((v >> (8 * i)) & 0xFF));
+}
+void PutDouble(std::string& out, double v) {
+    uint64_t bits;
+    std::memcpy(&bits, &v, sizeof bits);
+    for (int i = 0; i < 8; ++i) out.push_back(char((bits >> (8 * i)) & 0xFF));
+}
+
+class Reader {
+public:
+    explicit Reader(std::string_view bytes) : bytes_(bytes) {}
+    size_t Left() const { return bytes_.size() - pos_; }
+    bool U16(uint16_t& v) {
+        uint64_t x;
+        if (!Bytes(2, x)) return false;
+        v = uint16_t(x);
+        return true;
+    }
+    bool U32(uint32_t& v) {
+        uint64_t x;
+        if (!Bytes(4, x)) return false;
+        v = uint32_t(x);
+        return true;
+    }
+    bool Double(double& v) {
+        uint64_t x;
+        if (!Bytes(8, x)) return false;
+        std::memcpy(&v, &x, sizeof v);
+        return true;
+    }
+    bool Text(size_t n, std::string_view& v) {
+        if (Left() < n) return false;
+        v = bytes_.substr(pos_, n);
+        pos_ += n;
+        return true;
+    }
+
+private:
+    bool Bytes(size_t n, uint64_t& v) {
+        if (Left() < n) return false;
+        v = 0;
+        for (size_t i = 0; i < n; ++i) v |= uint64_t(uint8_t(bytes_[pos_ + i])) << (8 * i);
+        pos_ += n;
+        return true;
+    }
+    std::string_view bytes_;
+    size_t pos_ = 0;
+};
+
+// Reads at most `cap` bytes of a file. False when it cannot be read.
+bool ReadFile(const fs::path& path, uintmax_t cap, std::string& bytes, int32_t& error) {
+    std::error_code ec;
+    if (!fs::is_regular_file(path, ec)) {
+        error = kErrPathAccess;
+        return false;
+    }
+    const uintmax_t size = fs::file_size(path, ec);
+    if (ec) {
+        error = kErrPathAccess;
+        return false;
+    }
+    std::ifstream in(path, std::ios::binary);
+    if (!in) {
+        error = (errno == EACCES) ? kErrPermission : kErrPathAccess;
+        return false;
+    }
+    const size_t want = size_t(std::min(size, cap));
+    bytes.resize(want);
+    in.read(bytes.data(), std::streamsize(want));
+    if (size_t(in.gcount()) != want) {
+        error = kErrPathAccess;
+        return false;
+    }
+    return true;
+}
+
+// The first run finds no file or the empty file that an interrupted first
+// session leaves behind.
+bool IsFirstRun(const fs::path& path) {
+    std::error_code ec;
+    if (!fs::exists(path, ec)) return true;
+    return fs::is_regular_file(path, ec) && fs::file_size(path, ec) == 0 && !ec;
+}
+
+// A file that cannot be read is removed, so the next start begins clean.
+void DeleteDamaged(const fs::path& path, FileStatus& st) {
+    std::error_code ec;
+    if (fs::is_regular_file(path, ec)) fs::remove(path, ec);
+    st.FileDeleted = !fs::exists(path, ec);
+}
+
+int32_t WriteErrorFromErrno(int err) {
+    switch (err) {
+        case EACCES:
+        case EPERM:
+        case EROFS: return kErrPermission;
+        case ENOSPC:
+        case EDQUOT: return kErrDiskFull;
+        default: return kErrPathAccess;
+    }
+}
+
+// Writes the bytes to a new file beside `path`, then renames it over `path`.
+// On any failure the temporary file is removed and `path` is left as it was.
+FileStatus WriteFileReplacing(const fs::path& path, const std::string& bytes) {
+    std::error_code ec;
+    const fs::path folder = path.parent_path();
+    if (!folder.empty() && !fs::exists(folder, ec)) {
+        fs::create_directories(folder, ec);
+        if (ec) return Make(FileStatus::Outcome::Failed, WriteErrorFromErrno(ec.value()));
+    }
+    // A fresh name beside the target; open() applies the user's umask as usual.
+    static unsigned counter = 0;
+    std::string tmp;
+    int fd = -1;
+    for (int attempt = 0; attempt < 100 && fd < 0; ++attempt) {
+        tmp = path.string() + ".tmp" + std::to_string(::getpid()) + "-" + std::to_string(++counter);
+        fd = ::open(tmp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (fd < 0 && errno != EEXIST) break;
+    }
+    if (fd < 0) return Make(FileStatus::Outcome::Failed, WriteErrorFromErrno(errno));
+    int err = 0;
+    size_t done = 0;
+    while (done < bytes.size() && err == 0) {
+        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+        if (n < 0) {
+            if (errno != EINTR) err = errno;
+        } else {
+            done += size_t(n);
+        }
+    }
+    if (err == 0 && ::fsync(fd) != 0) err = errno;
+    if (::close(fd) != 0 && err == 0) err = errno;
+    if (err == 0 && std::rename(tmp.c_str(), path.c_str()) != 0) err = errno;
+    if (err != 0) {
+        ::unlink(tmp.c_str());
+        return Make(FileStatus::Outcome::Failed, WriteErrorFromErrno(err));
+    }
+    return Make(FileStatus::Outcome::Saved);
+}
+
+}  // namespace
+
+std::string FileStatus::Message() const {
+    return "Error No. " + std::to_string(ErrorNumber) + ":  " + ErrorDescription;
+}
+
+std::string Register_Name(int index) { return "Reg-" + prim::Format(index + 1, "000"); }
+
+std::string Data_Name(int index) { return "Data-" + prim::Format(index + 1, "00"); }
+
+// ---- Registers ------------------------------------------------------------------
+
+std::string Encode_Registers(const RegisterArray& registers) {
+    std::string out;
+    out.reserve(kRegisterCount * 10);
+    for (const RegisterRecord& r : registers) {
+        std::string text = prim::ToCp1252(r.Description);
+        if (text.size() > 0xFFFF) text.resize(0xFFFF);  // the length field holds 16 bits
+        PutDouble(out, r.Value);
+        PutU16(out, uint16_t(text.size()));
+        out += text;
+    }
+    return out;
+}
+
+FileStatus Decode_Registers(std::string_view bytes, RegisterArray& registers) {
+    Reader in(bytes);
+    RegisterArray read;
+    for (RegisterRecord& r : read) {
+        uint16_t length = 0;
+        std::string_view text;
+        if (!in.Double(r.Value) || !in.U16(length) || !in.Text(length, text)) return Bad(kErrPastEnd);
+        if (!std::isfinite(r.Value)) return Bad(kErrTypeMismatch);
+        r.Description = prim::FromCp1252(text);
+    }
+    // Bytes after the 100th record are not looked at.
+    registers = std::move(read);
+    return Make(FileStatus::Outcome::Loaded);
+}
+
+FileStatus Load_Registers(const fs::path& path, RegisterArray& registers) {
+    registers = RegisterArray{};
+    if (IsFirstRun(path)) return Make(FileStatus::Outcome::FirstRun);
+    std::string bytes;
+    int32_t error = 0;
+    FileStatus st = ReadFile(path, kRegisterFileMax, bytes, error) ? Decode_Registers(bytes, registers)
+                                                                    : Bad(error);
+    if (st.outcome == FileStatus::Outcome::Damaged) {
+        registers = RegisterArray{};
+        DeleteDamaged(path, st);
+    }
+    return st;
+}
+
+FileStatus Save_Registers(const fs::path& path, const RegisterArray& registers) {
+    return WriteFileReplacing(path, Encode_Registers(registers));
+}
+
+// ---- Statistics data ---------------------------------------------------------------
+
+std::string Encode_Data(const DataList& data) {
+    std::string out;
+    switch (data.kind) {
+        case DataList::Kind::Empty:
+            PutU16(out, kTagEmpty);
+            break;
+        case DataList::Kind::EmptyText:
+            PutU16(out, kTagText);
+            PutU16(out, 0);
+            break;
+        case DataList::Kind::List:
+            out.reserve(12 + 10 * data.Values.size());
+            PutU16(out, kTagVariantArray);
+            PutU16(out, 1);  // dimensions
+            PutU32(out, uint32_t(data.Values.size()));
+            PutU32(out, 0);  // lower bound
+            for (double v : data.Values) {
+                PutU16(out, kTagDouble);
+                PutDouble(out, v);
+            }
+            break;
+    }
+    return out;
+}
+
+FileStatus Decode_Data(std::string_view bytes, DataList& data) {
+    Reader in(bytes);
+    uint16_t tag = 0;
+    if (!in.U16(tag)) return Bad(kErrPastEnd);
+    DataList read;
+    switch (tag) {
+        case kTagEmpty:
+            read.kind = DataList::Kind::Empty;
+            break;
+        case kTagText: {
+            // Any text is "no list"; the program itself only writes the empty one.
+            uint16_t length = 0;
+            std::string_view text;
+            if (!in.U16(length) || !in.Text(length, text)) return Bad(kErrPastEnd);
+            read.kind = DataList::Kind::EmptyText;
+            break;
+        }
+        case kTagVariantArray: {
+            uint16_t dims = 0;
+            uint32_t count = 0, lower = 0;
+            if (!in.U16(dims)) return Bad(kErrPastEnd);
+            if (dims != 1) return Bad(kErrTypeMismatch);
+            if (!in.U32(count) || !in.U32(lower)) return Bad(kErrPastEnd);
+            if (lower != 0) return Bad(kErrTypeMismatch);
+            if (in.Left() / 10 < count) return Bad(kErrPastEnd);
+            if (count == 0) {
+                read.kind = DataList::Kind::Empty;  // a list with nothing in it holds no data
+                break;
+            }
+            read.kind = DataList::Kind::List;
+            read.Values.reserve(count);
+            for (uint32_t i = 0; i < count; ++i) {
+                uint16_t itemTag = 0;
+                double v = 0.0;
+                in.U16(itemTag);
+                in.Double(v);
+                if (itemTag != kTagDouble || !std::isfinite(v)) return Bad(kErrTypeMismatch);
+                read.Values.push_back(v);
+            }
+            break;
+        }
+        default:
+            return Bad(kErrTypeMismatch);
+    }
+    data = std::move(read);
+    return Make(FileStatus::Outcome::Loaded);
+}
+
+FileStatus Load_Data(const fs::path& path, DataList& data) {
+    data = DataList{};
+    if (IsFirstRun(path)) return Make(FileStatus::Outcome::FirstRun);
+    std::error_code ec;
+    FileStatus st;
+    if (fs::is_regular_file(path, ec) && fs::file_size(path, ec) > kDataFileMax) {
+        st = Bad(kErrOutOfMemory);
+    } else {
+        std::string bytes;
+        int32_t error = 0;
+        st = ReadFile(path, kDataFileMax, bytes, error) ? Decode_Data(bytes, data) : Bad(error);
+    }
+    if (st.outcome == FileStatus::Outcome::Damaged) {
+        data = DataList{};
+        DeleteDamaged(path, st);
+    }
+    return st;
+}
+
+FileStatus Save_Data(const fs::path& path, const DataList& data) {
+    return WriteFileReplacing(path, Encode_Data(data));
+}
+
+}  // namespace CalcFiles
