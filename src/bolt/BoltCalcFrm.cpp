@@ -234,7 +234,7 @@ void BoltCalcFrm::SizeGrid() {
         const QRect need = hm.boundingRect(QRect(0, 0, cFlex->columnWidth(c) - 8, 1000),
                                            Qt::AlignCenter | Qt::TextWordWrap,
                                            cFlex->TextMatrix(0, c));
-        headHeight = std::max(headHeight, need.height() + 10);
+        headHeight = std::max(headHeight, need.height() + 16);
     }
     cFlex->horizontalHeader()->setFixedHeight(headHeight);
     const int rowHeight = std::max(px(350), fm.height() + 8);
@@ -587,6 +587,7 @@ bool BoltCalcFrm::eventFilter(QObject* watched, QEvent* event) {
 
 void BoltCalcFrm::closeEvent(QCloseEvent* event) {
     event->accept();
+    setObjectName(QString());  // a new request opens a new window
     // A run still on the stack finishes first; the window goes when it returns.
     if (running_ > 0) {
         closePending_ = true;

@@ -105,10 +105,11 @@ TEST_F(BoltWindow, TypedRowGetsItsCoefficientsAndStrip) {
     EXPECT_EQ(Strip("xxFlex")->TextMatrix(2, 1), "3.756   ");
 
     // Fractions of an inch in the strip, and the settled group.
-    TypeRow(2, {"3", "2", "3.0625", "3", "6", "0"});
-    EXPECT_EQ(grid_->TextMatrix(2, 3), "3.0625  ");
+    TypeRow(2, {"3", "2", "3", "3", "6", "0"});
     EXPECT_EQ(grid_->TextMatrix(2, 7), "2.292  ");
-    grid_->setCurrentCell(1, 1);
+    Type(5, 3, "3.0625");
+    EXPECT_EQ(grid_->TextMatrix(5, 3), "3.0625  ");
+    grid_->setCurrentCell(4, 1);
     EXPECT_EQ(Strip("ccFlex")->TextMatrix(2, 1), "3 1/16\"   ");
     // A larger group, comma in C'.
     TypeRow(3, {"12", "2", "3", "3", "36", "45"});
@@ -201,26 +202,30 @@ TEST_F(BoltWindow, SavedRowsComeBackWithTheirGaps) {
     TypeRow(1, {"4", "2", "3", "3", "6", "0"});
     TypeRow(5, {"6", "1", "3", "3", "8", "0"});
     Type(9, 1, "3");  // a partly filled row is saved too
+    TypeRow(19, {"4", "2", "3", "3", "6", "75"});
     TypeRow(20, {"2", "2", "3", "3", "4", "0"});
     Button("SaveButton")->click();
     ASSERT_EQ(watchdog.Seen().size(), 1);
     EXPECT_EQ(watchdog.Seen()[0].title, "Warning:");
     EXPECT_EQ(watchdog.Seen()[0].text, "Entries succesfully Saved ! ");
     EXPECT_EQ(watchdog.Seen()[0].icon, QMessageBox::Information);
-    ASSERT_EQ(records_.size(), 4u);
+    ASSERT_EQ(records_.size(), 5u);
     EXPECT_TRUE(QFile::exists(BoltCalcFrm::DataFilePath()));
 
     // A new window starts at 16 rows: row 20 stays in the array until four Add Rows.
     records_.clear();
     Open();
-    EXPECT_EQ(records_.size(), 4u);
+    EXPECT_EQ(records_.size(), 5u);
     EXPECT_EQ(grid_->TextMatrix(1, 7), "3.756  ");
-    EXPECT_EQ(grid_->TextMatrix(5, 7), "2.908  ");
+    EXPECT_EQ(grid_->TextMatrix(5, 7), "2.907  ");
     EXPECT_EQ(grid_->TextMatrix(5, 8), "25.093  ");
     EXPECT_EQ(grid_->TextMatrix(9, 1), "3");
     EXPECT_EQ(grid_->TextMatrix(9, 2), "");
     for (int r : {2, 3, 4, 6, 7, 8, 10}) EXPECT_FALSE(grid_->TextMatrix(r, 1).size()) << r;
+    // Sixteen rows hold fifteen of data: four more bring back row 19, a fifth row 20.
     for (int i = 0; i < 4; ++i) Button("AddRowButton")->click();
+    EXPECT_EQ(grid_->TextMatrix(19, 7), "6.237  ");
+    Button("AddRowButton")->click();
     EXPECT_EQ(grid_->TextMatrix(20, 7), "1.706  ");
     EXPECT_TRUE(watchdog.Seen().size() == 1);
 }
@@ -295,6 +300,31 @@ TEST_F(BoltWindow, HeadingsFitTheirCells) {
         grid_->setCurrentCell(3, 3);
         frm_->grab().save(QString::fromLocal8Bit(dir) + "/bolt-window.png");
     }
+}
+
+}  // namespace
+
+#include "board/MainFrm.h"
+
+namespace {
+
+TEST(BoltWindowFromMain, CalcsMenuOpensOneWindow) {
+    QFile::remove(BoltCalcFrm::DataFilePath());
+    MainFrm w;
+    QAction* a = w.action("mnuBoltCoefficient");
+    ASSERT_NE(a, nullptr);
+    EXPECT_TRUE(a->isEnabled());
+    a->trigger();
+    a->trigger();
+    const auto open = w.findChildren<BoltCalcFrm*>();
+    ASSERT_EQ(open.size(), 1);
+    EXPECT_TRUE(open[0]->isVisible());
+    EXPECT_EQ(open[0]->windowTitle(), "Bolt Group Coefficient");
+    open[0]->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(w.findChildren<BoltCalcFrm*>().isEmpty());
+    a->trigger();
+    EXPECT_EQ(w.findChildren<BoltCalcFrm*>().size(), 1);
 }
 
 }  // namespace
