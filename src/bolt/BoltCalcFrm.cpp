@@ -122,7 +122,7 @@ void BoltCalcFrm::BuildControls() {
     EdiTxt->setObjectName(QStringLiteral("EdiTxt"));
     EdiTxt->setFrame(false);
     EdiTxt->setFont(tahoma);
-    EdiTxt->setStyleSheet(QStringLiteral("background: #FFFFE8; border: 1px solid #3060C0;"));
+    EdiTxt->setStyleSheet(QStringLiteral("background: #FFFFE8; border: 1px solid #3060C0; padding: 0 4px;"));
     EdiTxt->setVisible(false);
     EdiTxt->installEventFilter(this);
 

@@ -14,6 +14,9 @@
 #include "shell/FlexProcedures.h"
 #include "shell/SettingsStore.h"
 
+// Readable QString values in failure messages.
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+
 namespace {
 
 using Records = std::vector<BoltDataHandling::BoltRecord>;
@@ -177,6 +180,44 @@ TEST_F(BoltWindow, DeleteBlanksTheCoefficientsAndEscThrowsAwayTyping) {
     EXPECT_EQ(grid_->TextMatrix(1, 6), "1.000  ");
 }
 
+TEST_F(BoltWindow, EditorFollowsTheGrid) {
+    Open();
+    for (int i = 0; i < 10; ++i) Button("AddRowButton")->click();
+    grid_->scrollToTop();
+    auto centre = [this](int row, int col) {
+        return grid_->visualRect(grid_->model()->index(row - 1, col)).center();
+    };
+    TypeRow(3, {"4", "2", "3", "3", "6", "0"});
+    // A double click opens the box with the cell's text.
+    QTest::mouseDClick(grid_->viewport(), Qt::LeftButton, {}, centre(3, 4));
+    ASSERT_TRUE(box_->isVisible());
+    EXPECT_EQ(box_->text(), "3.000");
+    // Left leaves the cell only with the caret at the start.
+    QTest::keyClick(box_, Qt::Key_Left);
+    EXPECT_TRUE(box_->isVisible());
+    box_->setCursorPosition(0);
+    QTest::keyClick(box_, Qt::Key_Left);
+    EXPECT_FALSE(box_->isVisible());
+    EXPECT_EQ(grid_->Col(), 3);
+    // Clicking another cell commits what was typed and works out the row.
+    grid_->setCurrentCell(2, 5);
+    QTest::keyClick(grid_, '1');
+    QTest::keyClick(box_, '2');
+    QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {}, centre(1, 2));
+    EXPECT_FALSE(box_->isVisible());
+    EXPECT_EQ(grid_->TextMatrix(3, 5), "12.000  ");
+    EXPECT_EQ(grid_->TextMatrix(3, 7), "2.094  ");
+    EXPECT_EQ(grid_->Row(), 1);
+    // With the box showing, scrolling carries it along with its cell.
+    grid_->setCurrentCell(5, 3);
+    QTest::keyClick(grid_, '7');
+    const int before = box_->y();
+    grid_->verticalScrollBar()->setValue(2);
+    EXPECT_TRUE(box_->isVisible());
+    EXPECT_EQ(box_->text(), "7");
+    EXPECT_EQ(box_->y(), before - 2 * grid_->rowHeight(0));
+}
+
 TEST_F(BoltWindow, AddAndRemoveRowsDownToTheLimit) {
     Open();
     QPushButton* add = Button("AddRowButton");
@@ -299,6 +340,9 @@ TEST_F(BoltWindow, HeadingsFitTheirCells) {
         TypeRow(5, {"30", "8", "6", "6", "2", "-12.5"});
         grid_->setCurrentCell(3, 3);
         frm_->grab().save(QString::fromLocal8Bit(dir) + "/bolt-window.png");
+        QTest::keyClick(grid_, '4');
+        QTest::keyClicks(box_, ".5");
+        frm_->grab().save(QString::fromLocal8Bit(dir) + "/bolt-window-editing.png");
     }
 }
 
