@@ -60,6 +60,20 @@ int GridRowsOf(float rows) {
 
 }  // namespace
 
+// Marks a handler of the window as running for as long as it lives.
+class BoltBusyScope {
+public:
+    explicit BoltBusyScope(BoltCalcFrm* frm) : frm_(frm) { ++frm_->busy_; }
+    ~BoltBusyScope() {
+        if (--frm_->busy_ == 0 && frm_->closePending_) frm_->deleteLater();
+    }
+    BoltBusyScope(const BoltBusyScope&) = delete;
+    BoltBusyScope& operator=(const BoltBusyScope&) = delete;
+
+private:
+    BoltCalcFrm* frm_;
+};
+
 BoltCalcFrm::BoltCalcFrm(std::vector<BoltDataHandling::BoltRecord>& records, QWidget* parent)
     : QWidget(parent, Qt::Window), BoltRecords(records) {
     setObjectName(QStringLiteral("BoltCalcFrm"));
@@ -345,14 +359,8 @@ void BoltCalcFrm::Calculate_C(int row) {
             pump.restart();
         }
     };
-    ++running_;
     const auto c = BoltFunctions::BoltGroup_C(m, n, sv, sh, ex, angle, yield);
-    --running_;
-    if (closePending_) {
-        if (running_ == 0) deleteLater();
-        return;
-    }
-    if (!c) return;
+    if (!c || closePending_) return;
     cFlex->SetTextMatrix(row, 7, Q(prim::Format(*c, "##,##0.000  ")));
     cFlex->SetTextMatrix(row, 8, Q(prim::Format(*cPrime, "##,##0.000  ")));
 }
@@ -407,6 +415,7 @@ void BoltCalcFrm::ShowSelection() {
 }
 
 void BoltCalcFrm::AddRowButton_Click() {
+    const BoltBusyScope busy(this);
     if (Rows >= static_cast<float>(kMaxRows)) return;
     Rows += 1.0f;
     cFlex->SetRows(GridRowsOf(Rows));
@@ -419,12 +428,14 @@ void BoltCalcFrm::AddRowButton_Click() {
 }
 
 void BoltCalcFrm::RemRowButton_Click() {
+    const BoltBusyScope busy(this);
     Rows = std::max(Rows - 1.0f, kMinRows);
     cFlex->SetRows(GridRowsOf(Rows));
     RemRowButton->setEnabled(Rows > kMinRows);
 }
 
 void BoltCalcFrm::ClearButton_Click() {
+    const BoltBusyScope busy(this);
     if (CountEntries() == 0) {
         ShowMessage(QMessageBox::Warning, QStringLiteral("Warning:"),
                     QStringLiteral("No Entries to Clear ! "));
@@ -442,6 +453,7 @@ void BoltCalcFrm::ClearButton_Click() {
 }
 
 void BoltCalcFrm::SaveButton_Click() {
+    const BoltBusyScope busy(this);
     const int count = CountEntries();
     if (count < 1) {
         ShowMessage(QMessageBox::Warning, QStringLiteral("For Your Info:"),
@@ -471,6 +483,7 @@ void BoltCalcFrm::ShowMessage(int icon, const QString& title, const QString& tex
 }
 
 void BoltCalcFrm::cFlex_KeyDown(int16_t keyCode, int, bool& handled) {
+    const BoltBusyScope busy(this);
     const int col = cFlex->Col();
     if (col < 1 || col > 6) return;
     if (keyCode == Delete) {
@@ -494,6 +507,7 @@ int16_t BoltCalcFrm::FilterKey(int col, int16_t key, bool boxIsRefilled) const {
 }
 
 void BoltCalcFrm::cFlex_KeyPress(int16_t key) {
+    const BoltBusyScope busy(this);
     if (key == Esc) return;
     const int col = cFlex->Col();
     if (col < 1 || col > 6) return;
@@ -502,17 +516,20 @@ void BoltCalcFrm::cFlex_KeyPress(int16_t key) {
 }
 
 void BoltCalcFrm::cFlex_DblClick() {
+    const BoltBusyScope busy(this);
     const int col = cFlex->Col();
     if (col >= 1 && col <= 6) OpenEditor(Space, true);
 }
 
 void BoltCalcFrm::cFlex_MouseDown(Qt::MouseButton button) {
+    const BoltBusyScope busy(this);
     if (button != Qt::LeftButton) return;
     RowClicked = true;
     ShowSelection();
 }
 
 void BoltCalcFrm::cFlex_Scroll() {
+    const BoltBusyScope busy(this);
     const int col = cFlex->Col();
     if (EdiTxt->isVisible() && col >= 1 && col <= 6) FlexProcedures::Flex_OpenEditor(cFlex, EdiTxt, 0, false);
 }
@@ -525,6 +542,7 @@ void BoltCalcFrm::OpenEditor(int16_t key, bool takeKey) {
 }
 
 void BoltCalcFrm::CloseEdit() {
+    const BoltBusyScope busy(this);
     if (closingEdit_) return;
     ShowSelection();
     if (!EdiTxt->isVisible()) return;
@@ -575,6 +593,7 @@ bool BoltCalcFrm::EdiTxt_KeyPress(QKeyEvent* event) {
 }
 
 bool BoltCalcFrm::eventFilter(QObject* watched, QEvent* event) {
+    const BoltBusyScope busy(this);
     if (watched == EdiTxt) {
         if (event->type() == QEvent::KeyPress) return EdiTxt_KeyPress(static_cast<QKeyEvent*>(event));
         if (event->type() == QEvent::FocusOut) {
@@ -588,8 +607,8 @@ bool BoltCalcFrm::eventFilter(QObject* watched, QEvent* event) {
 void BoltCalcFrm::closeEvent(QCloseEvent* event) {
     event->accept();
     setObjectName(QString());  // a new request opens a new window
-    // A run still on the stack finishes first; the window goes when it returns.
-    if (running_ > 0) {
+    // A handler still on the stack (a long run serving events) finishes first.
+    if (busy_ > 0) {
         closePending_ = true;
         hide();
         return;

@@ -77,6 +77,11 @@ private:
     int editRow_ = 0;
     int editCol_ = 0;
     bool closingEdit_ = false;
-    int running_ = 0;          // solver runs on the stack
+
+    // Handlers of this window on the stack. A long run serves events from
+    // inside a handler, so the window may be closed there; it then goes only
+    // once the outermost handler has returned.
+    friend class BoltBusyScope;
+    int busy_ = 0;
     bool closePending_ = false;
 };

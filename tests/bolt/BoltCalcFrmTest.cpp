@@ -8,7 +8,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QPointer>
 #include <QTest>
+#include <QTimer>
 
 #include "GuiTestSupport.h"
 #include "shell/FlexProcedures.h"
@@ -216,6 +218,23 @@ TEST_F(BoltWindow, EditorFollowsTheGrid) {
     EXPECT_TRUE(box_->isVisible());
     EXPECT_EQ(box_->text(), "7");
     EXPECT_EQ(box_->y(), before - 2 * grid_->rowHeight(0));
+}
+
+TEST_F(BoltWindow, LongRunKeepsTheWindowLiveAndMayBeClosed) {
+    Open();
+    // A tiny arm: the run creeps for some 190,000 passes.
+    TypeRow(1, {"3", "2", "3", "3", "0.5"});
+    QPointer<BoltCalcFrm> alive(frm_);
+    int ticks = 0;
+    QTimer ticker;
+    QObject::connect(&ticker, &QTimer::timeout, [&] { ++ticks; });
+    ticker.start(2);
+    QTimer::singleShot(15, frm_, [this] { frm_->close(); });
+    Type(1, 6, "89");
+    EXPECT_GE(ticks, 2);  // events were served during the run
+    frm_ = nullptr;       // the window goes once the run has returned
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(alive.isNull());
 }
 
 TEST_F(BoltWindow, AddAndRemoveRowsDownToTheLimit) {
