@@ -126,7 +126,8 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
     // A double click edits through the floating box, never in place.
     const QModelIndex at = indexAt(event->position().toPoint());
-    if (at.isValid() && at.column() >= fixedCols_) setCurrentIndex(at);
+    if (!at.isValid() || at.column() < fixedCols_) return;
+    setCurrentIndex(at);
     emit DblClick();
 }
 

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStandardPaths>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
@@ -26,6 +27,10 @@ using Records = std::vector<BoltDataHandling::BoltRecord>;
 class BoltWindow : public testing::Test {
 protected:
     void SetUp() override {
+        // Settings and the data file in this process's own temporary folders
+        // (XDG_CONFIG_HOME, XDG_DATA_HOME), so test programs running side by
+        // side never share BoltInputData.dat.
+        QStandardPaths::setTestModeEnabled(false);
         QFile::remove(BoltCalcFrm::DataFilePath());
         settings::SaveSetting(settings::ProgramTitle(), "TrussmereSetting", "cFlexRows", "16");
     }
@@ -59,6 +64,8 @@ protected:
         for (int c = 0; c < values.size(); ++c) Type(row, c + 1, values[c]);
     }
 
+    // Answers every message box, so none can hang a test; tests read what it saw.
+    guitest::ModalWatchdog strayBoxes_;
     Records records_;
     BoltCalcFrm* frm_ = nullptr;
     FlexGrid* grid_ = nullptr;
@@ -256,7 +263,7 @@ TEST_F(BoltWindow, AddAndRemoveRowsDownToTheLimit) {
 }
 
 TEST_F(BoltWindow, SavedRowsComeBackWithTheirGaps) {
-    guitest::ModalWatchdog watchdog;
+    auto& watchdog = strayBoxes_;
     Open();
     for (int i = 0; i < 5; ++i) Button("AddRowButton")->click();  // 21 rows: row 20 exists
     TypeRow(1, {"4", "2", "3", "3", "6", "0"});
@@ -291,7 +298,8 @@ TEST_F(BoltWindow, SavedRowsComeBackWithTheirGaps) {
 }
 
 TEST_F(BoltWindow, ClearAndSaveMessages) {
-    guitest::ModalWatchdog watchdog(QMessageBox::Yes);
+    auto& watchdog = strayBoxes_;
+    watchdog.SetAnswer(QMessageBox::Yes);
     Open();
     Button("ClearButton")->click();
     Button("SaveButton")->click();
@@ -318,7 +326,7 @@ TEST_F(BoltWindow, ClearAndSaveMessages) {
 }
 
 TEST_F(BoltWindow, DamagedFileIsReportedAndDeleted) {
-    guitest::ModalWatchdog watchdog;
+    auto& watchdog = strayBoxes_;
     {
         QFile f(BoltCalcFrm::DataFilePath());
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
@@ -372,6 +380,8 @@ TEST_F(BoltWindow, HeadingsFitTheirCells) {
 namespace {
 
 TEST(BoltWindowFromMain, CalcsMenuOpensOneWindow) {
+    QStandardPaths::setTestModeEnabled(false);
+    guitest::ModalWatchdog strayBoxes;
     QFile::remove(BoltCalcFrm::DataFilePath());
     MainFrm w;
     QAction* a = w.action("mnuBoltCoefficient");
