@@ -41,11 +41,13 @@ void ModalWatchdog::Poll() {
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Settings and data files of the tests live in a folder of their own.
+    // Settings and data files of each test process live in a folder of its
+    // own, so tests that run side by side never see each other's files (the
+    // toolkit's test mode would give them all one shared folder).
     QTemporaryDir home;
     qputenv("XDG_CONFIG_HOME", (home.path() + "/config").toUtf8());
     qputenv("XDG_DATA_HOME", (home.path() + "/data").toUtf8());
-    QStandardPaths::setTestModeEnabled(true);
+    qputenv("XDG_CACHE_HOME", (home.path() + "/cache").toUtf8());
     QApplication app(argc, argv);
     QApplication::setApplicationName("Ferrolith");
     ::testing::InitGoogleTest(&argc, argv);
