@@ -23,6 +23,8 @@
 #include "shell/FlexProcedures.h"
 #include "shell/Primitives.h"
 #include "shell/SettingsStore.h"
+#include "units/ImperialProc.h"
+#include "weld/WeldFunctions.h"
 
 using namespace KeyFilters::KeyCode;
 
@@ -196,7 +198,7 @@ void BoltCalcFrm::Form_Load() {
                                                 QStringLiteral("TrussmereSetting"),
                                                 QStringLiteral("cFlexRows"), QStringLiteral("16"));
     Rows = static_cast<float>(prim::Val(S(stored)));
-    Rows = std::max(Rows, kMinRows);
+    Rows = static_cast<float>(WeldFunctions::MaxOf({Rows, kMinRows}));
     if (!(Rows <= static_cast<float>(kMaxRows))) Rows = static_cast<float>(kMaxRows);
     RemRowButton->setEnabled(Rows > kMinRows);
     Init_cFlex();
@@ -402,7 +404,7 @@ void BoltCalcFrm::ShowSelection() {
     auto inches = [this, r](int col) {
         const QString t = cFlex->TextMatrix(r, col);
         if (t.trimmed().isEmpty()) return QString();
-        return Q(BoltFunctions::TotalInchText(prim::Val(S(t)) / 12.0)) + QStringLiteral("   ");
+        return Q(ImperialProc::Imperial_Text(prim::Val(S(t)) / 12.0, 16, 1, 0)) + QStringLiteral("   ");
     };
     ccFlex->SetTextMatrix(0, 1, trimmedWith(1, QStringLiteral("    ")));
     ccFlex->SetTextMatrix(1, 1, trimmedWith(2, QStringLiteral("    ")));
@@ -429,7 +431,7 @@ void BoltCalcFrm::AddRowButton_Click() {
 
 void BoltCalcFrm::RemRowButton_Click() {
     const BoltBusyScope busy(this);
-    Rows = std::max(Rows - 1.0f, kMinRows);
+    Rows = static_cast<float>(WeldFunctions::MaxOf({Rows - 1.0f, kMinRows}));
     cFlex->SetRows(GridRowsOf(Rows));
     RemRowButton->setEnabled(Rows > kMinRows);
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "shell/Primitives.h"
+#include "weld/WeldFunctions.h"
 
 namespace BoltFunctions {
 
@@ -34,12 +35,6 @@ inline bool Swings(double before, double after) {
 
 // Passes at the end of a block in which a swing counts.
 constexpr int64_t kSwingWindow = 100;
-
-// Degrees to radians with the program's truncated pi.
-inline double Radians(double degrees) { return degrees * 3.14159265358979 / 180.0; }
-
-// The later value replaces the running one only when strictly greater.
-inline double MaxOf(double a, double b) { return b > a ? b : a; }
 
 // One bolt: along and across the load line in BoltGroup_C, the unrotated
 // vertical and horizontal coordinates in BoltGroup_CPrime.
@@ -87,7 +82,7 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
     if (info != nullptr) *info = BoltRunInfo{};
 
     double a = 0.0;
-    Store(a, Radians(angle));
+    Store(a, WeldFunctions::Radians(angle));
     const double cosA = std::cos(a);
     const double sinA = std::sin(a);
     double e = 0.0;
@@ -139,7 +134,7 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
             Store(du, b.first - Iu);
             Store(dv, b.second - Iv);
             Store(d, std::sqrt(du * du + dv * dv));
-            dmax = MaxOf(dmax, d);
+            dmax = WeldFunctions::MaxOf({dmax, d});
             yield();
         }
 
@@ -202,7 +197,7 @@ std::optional<double> BoltGroup_CPrime(int16_t m, int16_t n, double sv, double s
         bolts[k].second = x0;
         double r = 0.0;
         Store(r, std::sqrt(x0 * x0 + y0 * y0));
-        dmax = MaxOf(dmax, r);
+        dmax = WeldFunctions::MaxOf({dmax, r});
     });
 
     // Distances from the centroid, which stays put; no force scale.
@@ -215,40 +210,6 @@ std::optional<double> BoltGroup_CPrime(int16_t m, int16_t n, double sv, double s
         Store(sum, sum + d * std::pow(1.0 - w, 0.55));
     }
     return sum;
-}
-
-std::string TotalInchText(double feet) {
-    const int sign = prim::Sgn(feet);
-    const double x = std::fabs(feet);
-    const double wholeFeet = prim::Fix(x);
-    const double t = (x - wholeFeet) * 12.0;
-    const double inches = prim::Fix(t);
-    const double rest = t - inches;
-    constexpr double denominator = 16.0;
-    double numerator = prim::RoundEven(rest * denominator);
-    double total = wholeFeet * 12.0 + inches;
-    // A fraction that rounds up to a whole inch carries into the inches only.
-    if (numerator == denominator) {
-        total += 1.0;
-        numerator = 0.0;
-    }
-    std::string text;
-    if (numerator != 0.0) {
-        double a = numerator, b = denominator;
-        while (std::fmod(a, b) != 0.0) {
-            const double r = std::fmod(a, b);
-            a = b;
-            b = r;
-        }
-        const std::string fraction =
-            prim::PlainText(numerator / b) + "/" + prim::PlainText(denominator / b);
-        text = (total != 0.0) ? prim::PlainText(total) + " " + fraction : fraction;
-    } else {
-        text = prim::PlainText(total);
-    }
-    text += "\"";
-    if (sign == -1) text = "-" + text;
-    return text;
 }
 
 }  // namespace BoltFunctions

@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <string>
 
 namespace BoltFunctions {
 
@@ -33,9 +32,5 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
 
 // C' of the same group, in the length unit of the spacings. Empty as above.
 std::optional<double> BoltGroup_CPrime(int16_t m, int16_t n, double sv, double sh);
-
-// Total-inch text of a length given in feet, to the sixteenth of an inch
-// ("63 1/2\"", "3\"", "-5/8\""), as the bolt grid shows spacings.
-std::string TotalInchText(double feet);
 
 }  // namespace BoltFunctions

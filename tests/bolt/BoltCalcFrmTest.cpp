@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QStandardPaths>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
@@ -27,10 +26,6 @@ using Records = std::vector<BoltDataHandling::BoltRecord>;
 class BoltWindow : public testing::Test {
 protected:
     void SetUp() override {
-        // Settings and the data file in this process's own temporary folders
-        // (XDG_CONFIG_HOME, XDG_DATA_HOME), so test programs running side by
-        // side never share BoltInputData.dat.
-        QStandardPaths::setTestModeEnabled(false);
         QFile::remove(BoltCalcFrm::DataFilePath());
         settings::SaveSetting(settings::ProgramTitle(), "TrussmereSetting", "cFlexRows", "16");
     }
@@ -380,7 +375,6 @@ TEST_F(BoltWindow, HeadingsFitTheirCells) {
 namespace {
 
 TEST(BoltWindowFromMain, CalcsMenuOpensOneWindow) {
-    QStandardPaths::setTestModeEnabled(false);
     guitest::ModalWatchdog strayBoxes;
     QFile::remove(BoltCalcFrm::DataFilePath());
     MainFrm w;

@@ -136,16 +136,4 @@ TEST(BoltGroup, YieldsAtEachBoltAndEachPass) {
     EXPECT_EQ(yields, info.Passes * (2 * 8 + 1));
 }
 
-TEST(BoltGroup, TotalInchText) {
-    const struct {
-        double inches;
-        const char* text;
-    } cases[] = {
-        {63.5, "63 1/2\""}, {60, "60\""},   {3, "3\""},        {0, "0\""},        {0.375, "3/8\""},
-        {3.0625, "3 1/16\""}, {71.9988, "72\""}, {-3.25, "-3 1/4\""}, {-0.0012, "-0\""},
-        {12 * 5.9999, "72\""}, {3.1, "3 1/8\""}, {2.5 / 16, "1/8\""}, {3.5 / 16, "1/4\""},
-    };
-    for (const auto& c : cases) EXPECT_EQ(TotalInchText(c.inches / 12.0), c.text) << c.inches;
-}
-
 }  // namespace
