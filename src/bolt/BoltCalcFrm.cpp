@@ -34,7 +34,7 @@ constexpr int kDataCols = 9;
 constexpr float kMinRows = 16.0f;
 constexpr int kMaxRows = 32767;
 
-// Colours of the grid, as the system gives them (blue-green-red values).
+// Grid colours: the heading background, and blue and red text.
 const QColor kHeadingBack(0xC0, 0xFF, 0xFF);
 const QColor kBlue(0x00, 0x00, 0xFF);
 const QColor kRed(0xFF, 0x00, 0x00);
