@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <initializer_list>
 
+#include "bolt/BoltCalcFrm.h"
 #include "shell/AboutFrm.h"
 #include "shell/AppInfo.h"
 #include "shell/RecentFiles.h"
@@ -65,6 +66,17 @@ MainFrm::MainFrm(QWidget* parent) : QMainWindow(parent) {
         QMenu* menu = AddMenu(QString::fromLatin1(m.name), QString::fromLatin1(m.caption));
         for (const Entry& e : m.entries) AddAction(menu, QString::fromLatin1(e.name), QString::fromLatin1(e.caption));
     }
+
+    // One bolt coefficient window at a time; a second request brings it forward.
+    QAction* bolt = action(QStringLiteral("mnuBoltCoefficient"));
+    bolt->setEnabled(true);
+    connect(bolt, &QAction::triggered, this, [this] {
+        BoltCalcFrm* w = findChild<BoltCalcFrm*>(QStringLiteral("BoltCalcFrm"));
+        if (w == nullptr) w = new BoltCalcFrm(BoltRecords, this);
+        w->show();
+        w->raise();
+        w->activateWindow();
+    });
 
     QMenu* help = AddMenu(QStringLiteral("mnuHelp"), QStringLiteral("&Help"));
     QAction* about = AddAction(help, QStringLiteral("mnuAbout"), QStringLiteral("&About Ferrolith"), true);

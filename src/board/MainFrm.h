@@ -4,6 +4,9 @@
 
 #include <QList>
 #include <QMainWindow>
+#include <vector>
+
+#include "bolt/BoltDataHandling.h"
 
 class QAction;
 class QMenu;
@@ -30,4 +33,6 @@ private:
     QMenu* recentAnchor_ = nullptr;
     QAction* recentSeparator_ = nullptr;
     QList<QAction*> mnuRecDocs_;
+    // Rows of the bolt coefficient window, kept for the whole run.
+    std::vector<BoltDataHandling::BoltRecord> BoltRecords;
 };

@@ -1,0 +1,87 @@
+// The window "Bolt Group Coefficient": a table of rectangular bolt groups,
+// one a row, with C and C' worked out as each edit is committed, a strip that
+// repeats the current row, and the rows kept in BoltInputData.dat.
+#pragma once
+
+#include <QWidget>
+#include <cstdint>
+#include <vector>
+
+#include "bolt/BoltDataHandling.h"
+
+class FlexGrid;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+class BoltCalcFrm : public QWidget {
+    Q_OBJECT
+public:
+    // `records` is the program's array of bolt rows; it outlives the window.
+    explicit BoltCalcFrm(std::vector<BoltDataHandling::BoltRecord>& records,
+                         QWidget* parent = nullptr);
+
+    // Path of the data file in the program's data folder.
+    static QString DataFilePath();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void BuildControls();
+    void Form_Load();
+    void Init_cFlex();
+    void Init_valFlex();
+    void LoadRecords();
+    void SizeGrid();
+
+    void Calculate_C(int row);
+    void ModifyTextC(QLineEdit* edit);
+    bool RowHasEntry(int row) const;
+    int CountEntries() const;
+    void RestoreRow(int row);
+    void ShowSelection();
+    void StyleDataRow(int row);
+
+    void AddRowButton_Click();
+    void RemRowButton_Click();
+    void ClearButton_Click();
+    void SaveButton_Click();
+
+    void cFlex_KeyDown(int16_t keyCode, int shift, bool& handled);
+    void cFlex_KeyPress(int16_t key);
+    void cFlex_DblClick();
+    void cFlex_MouseDown(Qt::MouseButton button);
+    void cFlex_Scroll();
+    void OpenEditor(int16_t key, bool takeKey);
+    // Commits the edit box into its cell and works out that row.
+    void CloseEdit();
+    bool EdiTxt_KeyPress(QKeyEvent* event);
+    int16_t FilterKey(int col, int16_t key, bool boxIsRefilled) const;
+    void ShowMessage(int icon, const QString& title, const QString& text);
+
+    std::vector<BoltDataHandling::BoltRecord>& BoltRecords;
+    float Rows = 16.0f;
+    bool RowClicked = false;
+
+    FlexGrid* cFlex = nullptr;
+    FlexGrid* ccFlex = nullptr;
+    FlexGrid* xxFlex = nullptr;
+    QLineEdit* EdiTxt = nullptr;
+    QPushButton* SaveButton = nullptr;
+    QPushButton* ClearButton = nullptr;
+    QPushButton* AddRowButton = nullptr;
+    QPushButton* RemRowButton = nullptr;
+
+    int editRow_ = 0;
+    int editCol_ = 0;
+    bool closingEdit_ = false;
+
+    // Handlers of this window on the stack. A long run serves events from
+    // inside a handler, so the window may be closed there; it then goes only
+    // once the outermost handler has returned.
+    friend class BoltBusyScope;
+    int busy_ = 0;
+    bool closePending_ = false;
+};

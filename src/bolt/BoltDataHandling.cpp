@@ -1,0 +1,232 @@
+#include "bolt/BoltDataHandling.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+#include "shell/Primitives.h"
+
+namespace BoltDataHandling {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The smallest element: a row number and eight empty texts.
+constexpr size_t kMinElementBytes = 2 + 8 * 2;
+
+const BoltDataError kPastEnd{62, "Input past end of file"};
+const BoltDataError kBadHeader{13, "Type mismatch"};
+const BoltDataError kAccess{75, "Path/File access error"};
+const BoltDataError kDiskFull{61, "Disk full"};
+const BoltDataError kDeviceIo{57, "Device I/O error"};
+const BoltDataError kOverflow{6, "Overflow"};
+// What a read of an empty file gives: the ordinary first-run case.
+constexpr int32_t kOutOfMemory = 7;
+
+std::string* Field(BoltRecord& r, int i) {
+    std::string* fields[8] = {&r.M, &r.N, &r.Sv, &r.Sh, &r.Ex, &r.Angle, &r.C, &r.CPrime};
+    return fields[i];
+}
+
+void PutU16(std::string& out, uint16_t v) {
+    out.push_back(static_cast<char>(v & 0xFF));
+    out.push_back(static_cast<char>(v >> 8));
+}
+
+void PutI32(std::string& out, int32_t v) {
+    const auto u = static_cast<uint32_t>(v);
+    for (int s = 0; s < 32; s += 8) out.push_back(static_cast<char>((u >> s) & 0xFF));
+}
+
+// A cursor over the bytes held that refuses to read past their end.
+struct Reader {
+    std::string_view bytes;
+    size_t pos = 0;
+
+    size_t Left() const { return bytes.size() - pos; }
+    bool U16(uint16_t& v) {
+        if (Left() < 2) return false;
+        v = static_cast<uint16_t>(static_cast<uint8_t>(bytes[pos]) |
+                                  (static_cast<uint8_t>(bytes[pos + 1]) << 8));
+        pos += 2;
+        return true;
+    }
+    bool I32(int32_t& v) {
+        if (Left() < 4) return false;
+        uint32_t u = 0;
+        for (int i = 0; i < 4; ++i) u |= static_cast<uint32_t>(static_cast<uint8_t>(bytes[pos + i])) << (8 * i);
+        v = static_cast<int32_t>(u);
+        pos += 4;
+        return true;
+    }
+    bool Text(std::string& out) {
+        uint16_t len = 0;
+        if (!U16(len) || Left() < len) return false;
+        out = prim::FromCp1252(bytes.substr(pos, len));
+        pos += len;
+        return true;
+    }
+};
+
+bool ReadWhole(const std::string& path, std::string& bytes) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) return false;
+    bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    return !in.bad();
+}
+
+void Remove(const std::string& path) {
+    std::error_code ec;
+    fs::remove(path, ec);
+}
+
+// Writes `bytes` to a new file beside `path` and renames it over `path`.
+bool ReplaceFile(const std::string& path, const std::string& bytes, BoltDataError& error) {
+    std::string temp = path + ".XXXXXX";
+    const int fd = ::mkstemp(temp.data());
+    if (fd < 0) {
+        error = kAccess;
+        return false;
+    }
+    ::fchmod(fd, 0644);
+    size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) {
+            error = (n < 0 && errno == ENOSPC) ? kDiskFull : kDeviceIo;
+            ::close(fd);
+            Remove(temp);
+            return false;
+        }
+        done += static_cast<size_t>(n);
+    }
+    if (::fsync(fd) != 0 || ::close(fd) != 0) {
+        error = kDeviceIo;
+        Remove(temp);
+        return false;
+    }
+    if (::rename(temp.c_str(), path.c_str()) != 0) {
+        error = kAccess;
+        Remove(temp);
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+std::string BoltDataError::Message() const {
+    return "Error No. " + std::to_string(Number) + ":  " + Description;
+}
+
+bool EncodeBoltRecords(const std::vector<BoltRecord>& records, std::string& bytes,
+                       BoltDataError& error) {
+    if (records.size() > static_cast<size_t>(INT32_MAX)) {
+        error = kOverflow;
+        return false;
+    }
+    std::string out;
+    PutU16(out, 1);
+    PutI32(out, static_cast<int32_t>(records.size()));
+    PutI32(out, 0);
+    for (const BoltRecord& rec : records) {
+        PutU16(out, static_cast<uint16_t>(rec.Row));
+        BoltRecord copy = rec;
+        for (int i = 0; i < 8; ++i) {
+            const std::string text = prim::ToCp1252(*Field(copy, i));
+            if (text.size() > 0xFFFF) {
+                error = kOverflow;
+                return false;
+            }
+            PutU16(out, static_cast<uint16_t>(text.size()));
+            out += text;
+        }
+    }
+    bytes = std::move(out);
+    return true;
+}
+
+bool DecodeBoltRecords(std::string_view bytes, std::vector<BoltRecord>& records,
+                       BoltDataError& error) {
+    Reader in{bytes};
+    uint16_t dims = 0;
+    int32_t count = 0, lower = 0;
+    if (!in.U16(dims) || !in.I32(count) || !in.I32(lower)) {
+        error = kPastEnd;
+        return false;
+    }
+    if (dims != 1 || lower != 0 || count < 0) {
+        error = kBadHeader;
+        return false;
+    }
+    // Every element takes at least its row number and eight lengths.
+    if (static_cast<uint64_t>(count) * kMinElementBytes > in.Left()) {
+        error = kPastEnd;
+        return false;
+    }
+    std::vector<BoltRecord> out(static_cast<size_t>(count));
+    for (BoltRecord& rec : out) {
+        uint16_t row = 0;
+        if (!in.U16(row)) {
+            error = kPastEnd;
+            return false;
+        }
+        rec.Row = static_cast<int16_t>(row);
+        for (int i = 0; i < 8; ++i) {
+            if (!in.Text(*Field(rec, i))) {
+                error = kPastEnd;
+                return false;
+            }
+        }
+    }
+    records = std::move(out);
+    return true;
+}
+
+void BoltData_Read(std::vector<BoltRecord>& records, const std::string& path, int16_t& status,
+                   const ErrorFn& ShowError) {
+    std::error_code ec;
+    if (!fs::exists(path, ec)) {
+        status = -1;
+        return;
+    }
+    std::string bytes;
+    BoltDataError error;
+    if (!ReadWhole(path, bytes)) {
+        error = kAccess;
+    } else if (bytes.empty()) {
+        error = {kOutOfMemory, "Out of memory"};
+    } else {
+        std::vector<BoltRecord> loaded;
+        if (DecodeBoltRecords(bytes, loaded, error)) {
+            records = std::move(loaded);
+            status = 0;
+            return;
+        }
+    }
+    // A file that cannot be read is thrown away.
+    Remove(path);
+    if (error.Number == kOutOfMemory) {
+        status = -1;
+        return;
+    }
+    if (ShowError) ShowError(error.Message());
+}
+
+void BoltData_Write(const std::vector<BoltRecord>& records, const std::string& path,
+                    const ErrorFn& ShowError) {
+    std::string bytes;
+    BoltDataError error;
+    if (EncodeBoltRecords(records, bytes, error) && ReplaceFile(path, bytes, error)) return;
+    if (ShowError) ShowError(error.Message());
+}
+
+}  // namespace BoltDataHandling

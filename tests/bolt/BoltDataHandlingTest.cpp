@@ -1,0 +1,203 @@
+#include "bolt/BoltDataHandling.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+
+using namespace BoltDataHandling;
+namespace fs = std::filesystem;
+
+namespace {
+
+class BoltDataFile : public testing::Test {
+protected:
+    void SetUp() override {
+        dir_ = fs::temp_directory_path() /
+               ("bolt-data-" + std::to_string(::getpid()) + "-" +
+                testing::UnitTest::GetInstance()->current_test_info()->name());
+        fs::remove_all(dir_);
+        fs::create_directories(dir_);
+        path_ = (dir_ / kBoltDataFileName).string();
+    }
+    void TearDown() override { fs::remove_all(dir_); }
+
+    std::string Bytes() const {
+        std::ifstream in(path_, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    }
+    void Put(const std::string& bytes) const {
+        std::ofstream(path_, std::ios::binary) << bytes;
+    }
+    ErrorFn Collect() {
+        return [this](const std::string& m) { messages_.push_back(m); };
+    }
+    size_t FilesInDir() const {
+        return static_cast<size_t>(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()));
+    }
+
+    fs::path dir_;
+    std::string path_;
+    std::vector<std::string> messages_;
+};
+
+// A record with M and, optionally, Angle set; the other texts empty.
+BoltRecord Rec(int16_t row, std::string m, std::string angle = "") {
+    BoltRecord r;
+    r.Row = row;
+    r.M = std::move(m);
+    r.Angle = std::move(angle);
+    return r;
+}
+
+std::vector<BoltRecord> SampleRecords() {
+    return {
+        {1, "4", "2", "3.000  ", "3.000  ", "6.000  ", "0.000  ", "3.756  ", "26.032  "},
+        {3, "12", "2", "3.000  ", "3.000  ", "36.000  ", "45.000  ", "7.335  ", "203.530  "},
+        {20, "3", "", "2.5  ", "", "", "-12.5  ", "", ""},
+        {7, "1", "1", "0.000  ", "0.000  ", "0.000  ", "90°", "1,234.000  ", ""},
+    };
+}
+
+TEST_F(BoltDataFile, RoundTripKeepsRowsAndTextsExactly) {
+    BoltData_Write(SampleRecords(), path_, Collect());
+    std::vector<BoltRecord> back;
+    int16_t status = 0;
+    BoltData_Read(back, path_, status, Collect());
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(back, SampleRecords());
+    EXPECT_TRUE(messages_.empty());
+    EXPECT_EQ(FilesInDir(), 1u);  // no temporary file left behind
+}
+
+TEST_F(BoltDataFile, BytesOfTheFormat) {
+    // Three rows, all texts empty but M: 10 + 3 x (2 + 8 x 2) plus the M bytes.
+    std::vector<BoltRecord> recs = {Rec(1, "4"), Rec(2, "12"), Rec(5, "7")};
+    BoltData_Write(recs, path_, Collect());
+    const std::string b = Bytes();
+    ASSERT_EQ(b.size(), 10u + 3u * (2 + 8 * 2) + 4u);
+    const std::string head("\x01\x00\x03\x00\x00\x00\x00\x00\x00\x00", 10);
+    EXPECT_EQ(b.substr(0, 10), head);
+    // First element: row 1, M = "4", then seven empty lengths.
+    EXPECT_EQ(b.substr(10, 5), std::string("\x01\x00\x01\x00" "4", 5));
+    EXPECT_EQ(b.substr(15, 14), std::string(14, '\0'));
+    // The degree sign is one Windows-1252 byte on disk.
+    BoltData_Write({Rec(-2, "", "90°")}, path_, Collect());
+    EXPECT_EQ(Bytes(), std::string("\x01\x00\x01\x00\x00\x00\x00\x00\x00\x00\xFE\xFF"
+                                   "\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x03\x00"
+                                   "90\xB0\x00\x00\x00\x00",
+                                   31));
+}
+
+TEST_F(BoltDataFile, ShorterTableReplacesLongerFileCompletely) {
+    std::vector<BoltRecord> many(40, SampleRecords()[1]);
+    BoltData_Write(many, path_, Collect());
+    const auto longSize = Bytes().size();
+    BoltData_Write({SampleRecords()[0]}, path_, Collect());
+    EXPECT_LT(Bytes().size(), longSize);
+    std::vector<BoltRecord> back;
+    int16_t status = 0;
+    BoltData_Read(back, path_, status, Collect());
+    ASSERT_EQ(back.size(), 1u);
+    EXPECT_EQ(back[0], SampleRecords()[0]);
+}
+
+TEST_F(BoltDataFile, FirstRunLeavesNothingBehind) {
+    std::vector<BoltRecord> recs = SampleRecords();
+    int16_t status = 0;
+    BoltData_Read(recs, path_, status, Collect());
+    EXPECT_EQ(status, -1);
+    EXPECT_EQ(recs, SampleRecords());  // untouched
+    EXPECT_FALSE(fs::exists(path_));
+    EXPECT_TRUE(messages_.empty());
+    // An empty file is the same case, and it is removed.
+    Put("");
+    status = 0;
+    BoltData_Read(recs, path_, status, Collect());
+    EXPECT_EQ(status, -1);
+    EXPECT_FALSE(fs::exists(path_));
+    EXPECT_TRUE(messages_.empty());
+}
+
+TEST_F(BoltDataFile, DamagedFilesAreReportedAndDeleted) {
+    std::string good;
+    BoltDataError err;
+    ASSERT_TRUE(EncodeBoltRecords(SampleRecords(), good, err));
+    std::string hugeCount = good;
+    hugeCount[2] = hugeCount[3] = hugeCount[4] = '\xFF';
+    hugeCount[5] = '\x7F';
+    std::string twoDims = good;
+    twoDims[0] = 2;
+    const struct {
+        std::string bytes;
+        const char* message;
+    } cases[] = {
+        {good.substr(0, good.size() - 1), "Error No. 62:  Input past end of file"},
+        {good.substr(0, 7), "Error No. 62:  Input past end of file"},
+        {hugeCount, "Error No. 62:  Input past end of file"},
+        {twoDims, "Error No. 13:  Type mismatch"},
+    };
+    for (const auto& c : cases) {
+        messages_.clear();
+        Put(c.bytes);
+        std::vector<BoltRecord> recs = {Rec(9, "x")};
+        int16_t status = 0;
+        BoltData_Read(recs, path_, status, Collect());
+        EXPECT_EQ(status, 0);  // stays as the caller set it
+        ASSERT_EQ(messages_.size(), 1u);
+        EXPECT_EQ(messages_[0], c.message);
+        EXPECT_FALSE(fs::exists(path_));
+        EXPECT_EQ(recs.size(), 1u);
+    }
+}
+
+TEST_F(BoltDataFile, FailedWriteKeepsTheOldFile) {
+    BoltData_Write(SampleRecords(), path_, Collect());
+    const std::string before = Bytes();
+    // A text too long for its length field.
+    std::vector<BoltRecord> tooLong = {Rec(1, std::string(70000, '1'))};
+    BoltData_Write(tooLong, path_, Collect());
+    ASSERT_EQ(messages_.size(), 1u);
+    EXPECT_EQ(messages_[0], "Error No. 6:  Overflow");
+    EXPECT_EQ(Bytes(), before);
+    // A folder that does not exist.
+    BoltData_Write(SampleRecords(), (dir_ / "missing" / kBoltDataFileName).string(), Collect());
+    ASSERT_EQ(messages_.size(), 2u);
+    EXPECT_EQ(messages_[1], "Error No. 75:  Path/File access error");
+    EXPECT_EQ(Bytes(), before);
+    EXPECT_EQ(FilesInDir(), 1u);
+}
+
+TEST(BoltDataDecode, RandomMutationsNeverCrash) {
+    std::string good;
+    BoltDataError err;
+    ASSERT_TRUE(EncodeBoltRecords(SampleRecords(), good, err));
+    std::mt19937 rng(20261123);
+    int accepted = 0;
+    for (int round = 0; round < 20000; ++round) {
+        std::string b = good;
+        const int edits = 1 + static_cast<int>(rng() % 4);
+        for (int e = 0; e < edits; ++e) {
+            switch (rng() % 4) {
+                case 0: b[rng() % b.size()] = static_cast<char>(rng()); break;
+                case 1: b.resize(rng() % (b.size() + 1)); break;
+                case 2: b.insert(rng() % (b.size() + 1), 1, static_cast<char>(rng())); break;
+                default: if (!b.empty()) b.erase(rng() % b.size(), 1); break;
+            }
+            if (b.empty()) b = good.substr(0, 1);
+        }
+        std::vector<BoltRecord> recs;
+        if (DecodeBoltRecords(b, recs, err)) {
+            ++accepted;
+            // Whatever was accepted fits in the bytes that were there.
+            EXPECT_LE(recs.size() * 18 + 10, b.size());
+        } else {
+            EXPECT_TRUE(err.Number == 62 || err.Number == 13) << err.Number;
+        }
+    }
+    EXPECT_GT(accepted, 0);
+}
+
+}  // namespace
