@@ -63,31 +63,6 @@ private:
     std::string out_;
 };
 
-// Windows-1252 bytes of a name. The five byte values that the code page leaves
-// undefined come back from FromCp1252 as U+0081, U+008D, U+008F, U+0090 and
-// U+009D; they are written back as the same bytes so that a name survives a
-// round trip unchanged.
-std::string NameBytes(const std::string& utf8) {
-    std::string out;
-    std::string chunk;
-    for (size_t i = 0; i < utf8.size(); ++i) {
-        const auto c0 = static_cast<unsigned char>(utf8[i]);
-        if (c0 == 0xC2 && i + 1 < utf8.size()) {
-            const auto c1 = static_cast<unsigned char>(utf8[i + 1]);
-            if (c1 == 0x81 || c1 == 0x8D || c1 == 0x8F || c1 == 0x90 || c1 == 0x9D) {
-                out += prim::ToCp1252(chunk);
-                chunk.clear();
-                out += static_cast<char>(c1);
-                ++i;
-                continue;
-            }
-        }
-        chunk += utf8[i];
-    }
-    out += prim::ToCp1252(chunk);
-    return out;
-}
-
 // ---- Reading --------------------------------------------------------------------
 
 class Reader {
@@ -192,7 +167,7 @@ std::string Layout_Bytes(const LayoutDocument& doc) {
         w.Point(l.MidPt);
         w.Put(l.Exists);
         w.Put(l.Selected);
-        std::string name = NameBytes(l.LineName);
+        std::string name = prim::ToCp1252(l.LineName);
         if (name.size() > kMaxNameBytes) name.resize(kMaxNameBytes);
         w.Put(static_cast<uint16_t>(name.size()));
         w.Bytes(name);

@@ -460,6 +460,12 @@ std::string ToCp1252(std::string_view utf8) {
             out += static_cast<char>(cp);
             continue;
         }
+        // The five bytes the code page leaves undefined read as U+0081 etc.;
+        // they go back as the same bytes.
+        if (cp >= 0x80 && cp <= 0x9F && kCp1252High[cp - 0x80] == 0) {
+            out += static_cast<char>(cp);
+            continue;
+        }
         char mapped = '?';
         for (int k = 0; k < 32; ++k)
             if (kCp1252High[k] == cp && cp != 0) mapped = static_cast<char>(0x80 + k);

@@ -148,6 +148,9 @@ TEST(CodePage, RoundTripsWindows1252) {
     EXPECT_EQ(FromCp1252(bytes), utf8);
     EXPECT_EQ(ToCp1252("\xE4\xB8\xAD"), "?") << "characters outside the code page become ?";
     EXPECT_EQ(ToCp1252("\xC3"), "?") << "a cut sequence does not read past the end";
+    std::string every;
+    for (int b = 1; b < 256; ++b) every += static_cast<char>(b);
+    EXPECT_EQ(ToCp1252(FromCp1252(every)), every) << "every byte survives the way in and out";
 }
 
 }  // namespace
