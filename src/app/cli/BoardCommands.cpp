@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Cli.h"
+#include "WeldCli.h"
 #include "board/CartesianModule.h"
 #include "board/DimensionModule.h"
 #include "board/FileHandling.h"
@@ -34,24 +35,6 @@ std::string DoubleText(double v) { return prim::PlainText(v); }
 
 std::string WorldPoint(const LayoutDocument& doc, const PointRec& p) {
     return "(" + SingleText(cm::To_WorldX(doc, p.X)) + ", " + SingleText(cm::To_WorldY(doc, p.Y)) + ")";
-}
-
-bool ParseLine(const std::string& text, double (&v)[4]) {
-    std::vector<std::string> parts;
-    std::string cur;
-    for (char c : text) {
-        if (c == ',') {
-            parts.push_back(cur);
-            cur.clear();
-        } else {
-            cur += c;
-        }
-    }
-    parts.push_back(cur);
-    if (parts.size() != 4) return false;
-    for (int i = 0; i < 4; ++i)
-        if (!cli::ParseDouble(prim::Trim(parts[static_cast<size_t>(i)]), v[i])) return false;
-    return true;
 }
 
 // Places the load symbol beside the group at the start viewport: a margin of
@@ -92,7 +75,7 @@ int WldNew(const cli::Args& argsIn) {
 
     for (const std::string& t : lineTexts) {
         double v[4];
-        if (!ParseLine(t, v)) return cli::UsageError("bad --line: " + t);
+        if (!weldcli::ParseCoords(t, v)) return cli::UsageError("bad --line: " + t);
         PointRec a, b;
         a.X = cm::To_BoardX(doc, v[0]);
         a.Y = cm::To_BoardY(doc, v[1]);
@@ -140,21 +123,22 @@ int WldInfo(const cli::Args& args) {
 // The capacity as the capacity window shows it after a run at its settings.
 int Capacity(const cli::Args& argsIn) {
     cli::Args args = argsIn;
-    std::string electrodeText, sizeText, methodText, stripText, passesText;
-    bool hasElectrode = false, hasSize = false, hasMethod = false, hasStrip = false, hasPasses = false;
-    if (!cli::TakeOption(args, "--electrode", electrodeText, hasElectrode) ||
-        !cli::TakeOption(args, "--size", sizeText, hasSize) || !cli::TakeOption(args, "--method", methodText, hasMethod) ||
-        !cli::TakeOption(args, "--strip", stripText, hasStrip) ||
-        !cli::TakeOption(args, "--max-passes", passesText, hasPasses))
-        return cli::UsageError("an option needs a value");
-    if (args.size() != 1) return cli::UsageError("usage: capacity FILE.wld [--electrode 60|70|80|90|100|110] "
-                                                 "[--size SIXTEENTHS] [--method nominal|asd|lrfd] [--strip 4|8|16|32|64]");
-
+    std::string electrodeText, sizeText, methodText, error;
+    bool hasElectrode = false, hasSize = false, hasMethod = false;
     // First-start defaults of the capacity window: E90XX, 1/4", Nominal, 1/32".
     int electrodeIndex = WeldStrength::kWeldClassSetting.defaultValue;
     int sizeIndex = WeldStrength::kWeldSizeSetting.defaultValue;
     int methodIndex = WeldStrength::kDesignMethodSetting.defaultValue;
     int stripIndex = WeldStrength::kWeldStripSetting.defaultValue;
+    long maxPasses = weldcli::kDefaultMaxPasses;
+    if (!cli::TakeOption(args, "--electrode", electrodeText, hasElectrode) ||
+        !cli::TakeOption(args, "--size", sizeText, hasSize) || !cli::TakeOption(args, "--method", methodText, hasMethod))
+        return cli::UsageError("an option needs a value");
+    if (!weldcli::TakeStripIndex(args, stripIndex, error) || !weldcli::TakeMaxPasses(args, maxPasses, error))
+        return cli::UsageError(error);
+    if (args.size() != 1) return cli::UsageError("usage: capacity FILE.wld [--electrode 60|70|80|90|100|110] "
+                                                 "[--size SIXTEENTHS] [--method nominal|asd|lrfd] [--strip 4|8|16|32|64]");
+
     long v = 0;
     if (hasElectrode) {
         electrodeIndex = -1;
@@ -172,13 +156,6 @@ int Capacity(const cli::Args& argsIn) {
         methodIndex = m == "nominal" ? 0 : m == "asd" ? 1 : m == "lrfd" ? 2 : -1;
         if (methodIndex < 0) return cli::UsageError("--method must be nominal, asd or lrfd");
     }
-    if (hasStrip) {
-        stripIndex = cli::ParseInt(stripText, v) ? WeldStrength::WeldStripIndexOf(static_cast<int>(v)) : -1;
-        if (stripIndex < 0) return cli::UsageError("--strip must be 4, 8, 16, 32 or 64");
-    }
-    long maxPasses = 100000;
-    if (hasPasses && (!cli::ParseInt(passesText, maxPasses) || maxPasses < 1))
-        return cli::UsageError("--max-passes must be a whole number, 1 or more");
 
     LayoutDocument doc;
     if (!FileHandling::Read_Layout(doc, args[0])) return cli::Fail("cannot read layout " + args[0], 1);
@@ -189,28 +166,11 @@ int Capacity(const cli::Args& argsIn) {
     WeldStrength::WeldSizeInchesOf(sizeIndex, size);
     WeldStrength::MethodOf(methodIndex, factor, caption);
 
-    WeldFunctions::WeldRunState state;
-    WeldStrength::SegmentsPerInchOf(stripIndex, state.SegmentsPerInch);
-    state.IterationStop = 0;
-    state.IterationResume = 0;
-    state.DisplayTarget = WeldFunctions::kDisplayCapacity;
-    // Without a window the pass limit stands in for the stop button, set
-    // through the display callback like a click during a pass.
-    WeldFunctions::SolveReport report;
-    WeldFunctions::WeldRunHooks hooks;
-    hooks.DisplayCapacity = [&](double, double, double, double, bool) {
-        if (report.Passes >= maxPasses) state.IterationStop = -1;
-    };
-    const double unit = WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc, state, hooks, &report);
-    const bool limited = state.IterationStop != 0 && !report.Converged && !report.Concentric;
+    weldcli::LimitedRun run(stripIndex, maxPasses);
+    const double unit = WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc, run.state, run.hooks, &run.report);
     const double shown = WeldStrength::DisplayedCapacity(fexx, unit, size, factor);
     std::cout << prim::Trim(WeldStrength::CapacityText(shown)) << "\n" << caption << "\n";
-    if (report.Refused) return cli::Fail("the group has more than 32767 segments", 1);
-    if (limited) {
-        std::cout.flush();
-        return cli::Fail("no convergence after " + std::to_string(maxPasses) + " passes", 3);
-    }
-    return 0;
+    return run.Finish(false);
 }
 
 const cli::Registrar kWldNew({"wld-new",

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Cli.h"
+#include "WeldCli.h"
 #include "shell/Primitives.h"
 #include "weld/WeldFunctions.h"
 #include "weld/WeldStrength.h"
@@ -13,45 +14,10 @@ namespace {
 
 using namespace WeldFunctions;
 
-constexpr long kDefaultMaxPasses = 100000;
-
 bool ParseConfig(const std::string& text, int16_t& config) {
     long v = 0;
     if (!cli::ParseInt(text, v) || v < 1 || v > 9) return false;
     config = static_cast<int16_t>(v);
-    return true;
-}
-
-// --strip N: segments per inch, one of the five list settings.
-bool TakeStrip(cli::Args& args, int16_t& spi, std::string& error) {
-    std::string value;
-    bool present = false;
-    if (!cli::TakeOption(args, "--strip", value, present)) {
-        error = "--strip needs a value";
-        return false;
-    }
-    if (!present) return true;
-    long v = 0;
-    if (!cli::ParseInt(value, v) || WeldStrength::WeldStripIndexOf(static_cast<int>(v)) < 0) {
-        error = "--strip must be 4, 8, 16, 32 or 64";
-        return false;
-    }
-    spi = static_cast<int16_t>(v);
-    return true;
-}
-
-bool TakeMaxPasses(cli::Args& args, long& maxPasses, std::string& error) {
-    std::string value;
-    bool present = false;
-    if (!cli::TakeOption(args, "--max-passes", value, present)) {
-        error = "--max-passes needs a value";
-        return false;
-    }
-    if (!present) return true;
-    if (!cli::ParseInt(value, maxPasses) || maxPasses < 0) {
-        error = "--max-passes must be a whole number, 0 or more";
-        return false;
-    }
     return true;
 }
 
@@ -69,50 +35,13 @@ bool TakeDouble(cli::Args& args, const std::string& name, double& out, bool& pre
     return true;
 }
 
-// A run without a window: the pass limit stands in for the user's stop
-// button, set through the display callback like a click during a pass.
-struct CliRun {
-    WeldRunState state;
-    WeldRunHooks hooks;
-    SolveReport report;
-    long maxPasses = kDefaultMaxPasses;
-    double shownX = 0.0, shownY = 0.0;
-
-    explicit CliRun(int16_t spi, long passes) : maxPasses(passes) {
-        state.SegmentsPerInch = spi;
-        state.DisplayTarget = kDisplayCapacity;
-        state.IterationResume = 0;
-        state.IterationStop = maxPasses == 0 ? -1 : 0;
-        hooks.DisplayCapacity = [this](double, double x, double y, double divisor, bool) {
-            shownX = divisor != 0.0 ? x / divisor : x;
-            shownY = divisor != 0.0 ? y / divisor : y;
-            if (report.Passes >= maxPasses) state.IterationStop = -1;
-        };
-    }
-
-    // Exit code after the run: 0, or 3 when the pass limit ended it.
-    int Finish(bool verbose) {
-        if (verbose) {
-            std::cout << "passes " << report.Passes << "\n";
-            std::cout << "center " << prim::Format(shownX, "0.000000000") << " "
-                      << prim::Format(shownY, "0.000000000") << "\n";
-        }
-        if (report.Refused) return cli::Fail("the group has more than 32767 segments", 1);
-        if (!report.Converged) {
-            std::cout.flush();
-            return cli::Fail("no convergence after " + std::to_string(maxPasses) + " passes", 3);
-        }
-        return 0;
-    }
-};
-
 int RunWeldC(const cli::Args& input) {
     cli::Args args = input;
     std::string error;
-    int16_t spi = 32;
-    long maxPasses = kDefaultMaxPasses;
+    int stripIndex = WeldStrength::kWeldStripSetting.defaultValue;
+    long maxPasses = weldcli::kDefaultMaxPasses;
     const bool verbose = cli::TakeFlag(args, "--verbose");
-    if (!TakeStrip(args, spi, error) || !TakeMaxPasses(args, maxPasses, error))
+    if (!weldcli::TakeStripIndex(args, stripIndex, error) || !weldcli::TakeMaxPasses(args, maxPasses, error))
         return cli::UsageError(error);
     if (args.size() != 5) return cli::UsageError("weld-c needs CONFIG L kL aL ANGLE");
     int16_t config = 0;
@@ -122,7 +51,7 @@ int RunWeldC(const cli::Args& input) {
         if (!cli::ParseDouble(args[static_cast<size_t>(i) + 1], v[i]))
             return cli::UsageError("not a number: " + args[static_cast<size_t>(i) + 1]);
 
-    CliRun run(spi, maxPasses);
+    weldcli::LimitedRun run(stripIndex, maxPasses);
     const double c = Config_ByNumber(config, v[0], v[1], v[2], v[3], kSelectC, run.state,
                                      run.hooks, &run.report);
     std::cout << prim::Trim(prim::Format(c, "0.00000")) << "\n";
@@ -151,31 +80,13 @@ int RunWeldCentroid(const cli::Args& input) {
     return 0;
 }
 
-bool ParseLine(const std::string& text, WeldLineRec& line) {
-    double v[4];
-    size_t start = 0;
-    for (int i = 0; i < 4; ++i) {
-        const size_t comma = text.find(',', start);
-        const bool last = i == 3;
-        if (last != (comma == std::string::npos)) return false;
-        const std::string part = text.substr(start, last ? std::string::npos : comma - start);
-        if (!cli::ParseDouble(part, v[i])) return false;
-        start = comma + 1;
-    }
-    line.x1 = v[0];
-    line.y1 = v[1];
-    line.x2 = v[2];
-    line.y2 = v[3];
-    return true;
-}
-
 int RunWeldUnit(const cli::Args& input) {
     cli::Args args = input;
     std::string error;
-    int16_t spi = 32;
-    long maxPasses = kDefaultMaxPasses;
+    int stripIndex = WeldStrength::kWeldStripSetting.defaultValue;
+    long maxPasses = weldcli::kDefaultMaxPasses;
     const bool verbose = cli::TakeFlag(args, "--verbose");
-    if (!TakeStrip(args, spi, error) || !TakeMaxPasses(args, maxPasses, error))
+    if (!weldcli::TakeStripIndex(args, stripIndex, error) || !weldcli::TakeMaxPasses(args, maxPasses, error))
         return cli::UsageError(error);
     std::vector<std::string> lineTexts;
     if (!cli::TakeRepeated(args, "--line", lineTexts)) return cli::UsageError("--line needs a value");
@@ -192,12 +103,17 @@ int RunWeldUnit(const cli::Args& input) {
 
     WeldLineTable lines;
     for (const std::string& t : lineTexts) {
+        double v[4];
+        if (!weldcli::ParseCoords(t, v)) return cli::UsageError("--line wants X1,Y1,X2,Y2: " + t);
         WeldLineRec line;
-        if (!ParseLine(t, line)) return cli::UsageError("--line wants X1,Y1,X2,Y2: " + t);
+        line.x1 = v[0];
+        line.y1 = v[1];
+        line.x2 = v[2];
+        line.y2 = v[3];
         lines.push_back(line);
     }
 
-    CliRun run(spi, maxPasses);
+    weldcli::LimitedRun run(stripIndex, maxPasses);
     const double capacity =
         Locate_InstantaneousCenter(lines, ex, angle, fexx, size, 1.0, run.state, run.hooks, &run.report);
     std::cout << prim::Format(capacity, "0.00000") << "\n";
