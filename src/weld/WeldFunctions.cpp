@@ -414,14 +414,7 @@ std::string Format_ElapsedTime(double seconds) {
 // ---- Standard weld configurations -----------------------------------------
 
 WeldLineTable Config_Lines(int16_t config, double L, double kL) {
-    auto line = [](double x1, double y1, double x2, double y2) {
-        WeldLineRec r;
-        r.x1 = x1;
-        r.y1 = y1;
-        r.x2 = x2;
-        r.y2 = y2;
-        return r;
-    };
+    auto line = [](double x1, double y1, double x2, double y2) { return WeldLineRec{x1, y1, x2, y2}; };
     if (config >= 6 && config <= 9 && kL == 0.0) return {line(0, 0, 0, L)};
     switch (config) {
     case 1:

@@ -9,14 +9,7 @@ using namespace WeldFunctions;
 
 namespace {
 
-WeldLineRec Line(double x1, double y1, double x2, double y2) {
-    WeldLineRec r;
-    r.x1 = x1;
-    r.y1 = y1;
-    r.x2 = x2;
-    r.y2 = y2;
-    return r;
-}
+WeldLineRec Line(double x1, double y1, double x2, double y2) { return WeldLineRec{x1, y1, x2, y2}; }
 
 WeldRunState RunState(int16_t spi) {
     WeldRunState s;

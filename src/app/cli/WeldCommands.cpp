@@ -105,12 +105,7 @@ int RunWeldUnit(const cli::Args& input) {
     for (const std::string& t : lineTexts) {
         double v[4];
         if (!weldcli::ParseCoords(t, v)) return cli::UsageError("--line wants X1,Y1,X2,Y2: " + t);
-        WeldLineRec line;
-        line.x1 = v[0];
-        line.y1 = v[1];
-        line.x2 = v[2];
-        line.y2 = v[3];
-        lines.push_back(line);
+        lines.push_back(WeldLineRec{v[0], v[1], v[2], v[3]});
     }
 
     weldcli::LimitedRun run(stripIndex, maxPasses);
