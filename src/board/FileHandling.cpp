@@ -1,15 +1,9 @@
 #include "board/FileHandling.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstdint>
 #include <cstdio>
 #include <cmath>
 #include <cstring>
-#include <fstream>
 #include <optional>
 
 #include "board/CartesianModule.h"
@@ -105,49 +99,6 @@ bool ViewportValue(Reader& r, float& out) {
     const float f = static_cast<float>(d);
     if (!std::isfinite(d) || !std::isfinite(f)) return false;  // no single holds it
     out = f;
-    return true;
-}
-
-int ErrorNumber(int err, std::string& description) {
-    switch (err) {
-        case ENOENT:
-        case ENOTDIR:
-            description = "Path not found";
-            return 76;
-        case EACCES:
-        case EPERM:
-        case EROFS:
-            description = "Permission denied";
-            return 70;
-        case ENOSPC:
-        case EDQUOT:
-            description = "Disk full";
-            return 61;
-        case ENAMETOOLONG:
-            description = "Bad file name or number";
-            return 52;
-        default:
-            description = "Path/File access error";
-            return 75;
-    }
-}
-
-FileError ErrnoError(int err) {
-    FileError e;
-    e.Number = ErrorNumber(err, e.Description);
-    return e;
-}
-
-bool WriteAll(int fd, const std::string& bytes) {
-    size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            return false;
-        }
-        done += static_cast<size_t>(n);
-    }
     return true;
 }
 
@@ -250,41 +201,13 @@ bool Layout_FromBytes(std::string_view bytes, LayoutDocument& doc) {
 }
 
 FileError Write_Layout(const LayoutDocument& doc, const std::string& path) {
-    const std::string bytes = Layout_Bytes(doc);
-    if (path.empty()) return ErrnoError(ENOENT);
-
-    std::string tmpl = path + ".XXXXXX";
-    const int fd = ::mkstemp(tmpl.data());
-    if (fd < 0) return ErrnoError(errno);
-
-    // mkstemp creates the file private to the user; give it the usual mode.
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    ::fchmod(fd, 0666 & ~mask);
-
-    int err = 0;
-    if (!WriteAll(fd, bytes) || ::fsync(fd) != 0) err = errno;
-    if (::close(fd) != 0 && err == 0) err = errno;
-    if (err == 0 && std::rename(tmpl.c_str(), path.c_str()) != 0) err = errno;
-    if (err != 0) {
-        ::unlink(tmpl.c_str());
-        return ErrnoError(err);
-    }
-    return {};
+    return fileio::WriteReplacing(path, Layout_Bytes(doc));
 }
 
 bool Read_Layout(LayoutDocument& doc, const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) return false;
     std::string bytes;
-    char buf[65536];
-    while (in && bytes.size() < kMaxLayoutBytes) {
-        in.read(buf, sizeof buf);
-        const std::streamsize got = in.gcount();
-        if (got <= 0) break;
-        bytes.append(buf, static_cast<size_t>(got));
-    }
-    if (in.bad()) return false;
+    fileio::IoError error;
+    if (!fileio::ReadWhole(path, kMaxLayoutBytes, bytes, error)) return false;
     return Layout_FromBytes(bytes, doc);
 }
 

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "board/PublicVariables.h"
+#include "shell/FileIO.h"
 
 namespace FileHandling {
 
@@ -20,10 +21,7 @@ using PublicVariables::LineTable;
 
 // A failed write: Number and Description make the window's message
 // "Error No. <Number>:  <Description>". Number 0 means success.
-struct FileError {
-    int Number = 0;
-    std::string Description;
-};
+using FileError = fileio::IoError;
 
 // The bytes of the file for a document.
 std::string Layout_Bytes(const LayoutDocument& doc);

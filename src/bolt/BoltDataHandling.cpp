@@ -1,13 +1,7 @@
 #include "bolt/BoltDataHandling.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
+#include <cstdint>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
 #include "shell/Primitives.h"
@@ -21,14 +15,11 @@ namespace fs = std::filesystem;
 // The smallest element: a row number and eight empty texts.
 constexpr size_t kMinElementBytes = 2 + 8 * 2;
 
-const BoltDataError kPastEnd{62, "Input past end of file"};
-const BoltDataError kBadHeader{13, "Type mismatch"};
-const BoltDataError kAccess{75, "Path/File access error"};
-const BoltDataError kDiskFull{61, "Disk full"};
-const BoltDataError kDeviceIo{57, "Device I/O error"};
-const BoltDataError kOverflow{6, "Overflow"};
+const BoltDataError kPastEnd = fileio::MakeError(fileio::kErrPastEnd);
+const BoltDataError kBadHeader = fileio::MakeError(fileio::kErrTypeMismatch);
+const BoltDataError kOverflow = fileio::MakeError(fileio::kErrOverflow);
 // What a read of an empty file gives: the ordinary first-run case.
-constexpr int32_t kOutOfMemory = 7;
+constexpr int32_t kOutOfMemory = fileio::kErrOutOfMemory;
 
 std::string* Field(BoltRecord& r, int i) {
     std::string* fields[8] = {&r.M, &r.N, &r.Sv, &r.Sh, &r.Ex, &r.Angle, &r.C, &r.CPrime};
@@ -75,57 +66,12 @@ struct Reader {
     }
 };
 
-bool ReadWhole(const std::string& path, std::string& bytes) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) return false;
-    bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    return !in.bad();
-}
-
 void Remove(const std::string& path) {
     std::error_code ec;
     fs::remove(path, ec);
 }
 
-// Writes `bytes` to a new file beside `path` and renames it over `path`.
-bool ReplaceFile(const std::string& path, const std::string& bytes, BoltDataError& error) {
-    std::string temp = path + ".XXXXXX";
-    const int fd = ::mkstemp(temp.data());
-    if (fd < 0) {
-        error = kAccess;
-        return false;
-    }
-    ::fchmod(fd, 0644);
-    size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
-        if (n < 0 && errno == EINTR) continue;
-        if (n <= 0) {
-            error = (n < 0 && errno == ENOSPC) ? kDiskFull : kDeviceIo;
-            ::close(fd);
-            Remove(temp);
-            return false;
-        }
-        done += static_cast<size_t>(n);
-    }
-    if (::fsync(fd) != 0 || ::close(fd) != 0) {
-        error = kDeviceIo;
-        Remove(temp);
-        return false;
-    }
-    if (::rename(temp.c_str(), path.c_str()) != 0) {
-        error = kAccess;
-        Remove(temp);
-        return false;
-    }
-    return true;
-}
-
 }  // namespace
-
-std::string BoltDataError::Message() const {
-    return "Error No. " + std::to_string(Number) + ":  " + Description;
-}
 
 bool EncodeBoltRecords(const std::vector<BoltRecord>& records, std::string& bytes,
                        BoltDataError& error) {
@@ -200,10 +146,10 @@ void BoltData_Read(std::vector<BoltRecord>& records, const std::string& path, in
     }
     std::string bytes;
     BoltDataError error;
-    if (!ReadWhole(path, bytes)) {
-        error = kAccess;
+    if (!fileio::ReadWhole(path, SIZE_MAX, bytes, error)) {
+        // error tells why the file could not be read
     } else if (bytes.empty()) {
-        error = {kOutOfMemory, "Out of memory"};
+        error = fileio::MakeError(kOutOfMemory);
     } else {
         std::vector<BoltRecord> loaded;
         if (DecodeBoltRecords(bytes, loaded, error)) {
@@ -225,7 +171,10 @@ void BoltData_Write(const std::vector<BoltRecord>& records, const std::string& p
                     const ErrorFn& ShowError) {
     std::string bytes;
     BoltDataError error;
-    if (EncodeBoltRecords(records, bytes, error) && ReplaceFile(path, bytes, error)) return;
+    if (EncodeBoltRecords(records, bytes, error)) {
+        error = fileio::WriteReplacing(path, bytes);
+        if (!error.Failed()) return;
+    }
     if (ShowError) ShowError(error.Message());
 }
 

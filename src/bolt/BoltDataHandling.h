@@ -13,6 +13,8 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/FileIO.h"
+
 namespace BoltDataHandling {
 
 inline constexpr const char* kBoltDataFileName = "BoltInputData.dat";
@@ -30,11 +32,7 @@ struct BoltRecord {
 using ErrorFn = std::function<void(const std::string& message)>;
 
 // An error of a read or a write, numbered as the program reports it.
-struct BoltDataError {
-    int32_t Number = 0;
-    std::string Description;
-    std::string Message() const;
-};
+using BoltDataError = fileio::IoError;
 
 // The whole file image of `records`; false (with the error) when a text is
 // longer than a length field can tell.

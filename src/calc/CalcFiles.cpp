@@ -1,15 +1,11 @@
 #include "calc/CalcFiles.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
 #include <cstring>
-#include <fstream>
 #include <limits>
 
+#include "shell/FileIO.h"
 #include "shell/Primitives.h"
 
 namespace CalcFiles {
@@ -18,31 +14,17 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Error numbers and texts the warning box shows.
-constexpr int32_t kErrOutOfMemory = 7;
-constexpr int32_t kErrTypeMismatch = 13;
-constexpr int32_t kErrDiskFull = 61;
-constexpr int32_t kErrPastEnd = 62;
-constexpr int32_t kErrPermission = 70;
-constexpr int32_t kErrPathAccess = 75;
-
-std::string ErrorText(int32_t number) {
-    switch (number) {
-        case kErrOutOfMemory: return "Out of memory";
-        case kErrTypeMismatch: return "Type mismatch";
-        case kErrDiskFull: return "Disk full";
-        case kErrPastEnd: return "Input past end of file";
-        case kErrPermission: return "Permission denied";
-        default: return "Path/File access error";
-    }
-}
+// Error numbers the warning box shows.
+using fileio::kErrOutOfMemory;
+using fileio::kErrPastEnd;
+using fileio::kErrTypeMismatch;
 
 FileStatus Make(FileStatus::Outcome outcome, int32_t error = 0) {
     FileStatus st;
     st.outcome = outcome;
     if (error != 0) {
         st.ErrorNumber = error;
-        st.ErrorDescription = ErrorText(error);
+        st.ErrorDescription = fileio::ErrorDescription(error);
     }
     return st;
 }
@@ -118,29 +100,10 @@ private:
 
 // Reads at most `cap` bytes of a file. False when it cannot be read.
 bool ReadFile(const fs::path& path, uintmax_t cap, std::string& bytes, int32_t& error) {
-    std::error_code ec;
-    if (!fs::is_regular_file(path, ec)) {
-        error = kErrPathAccess;
-        return false;
-    }
-    const uintmax_t size = fs::file_size(path, ec);
-    if (ec) {
-        error = kErrPathAccess;
-        return false;
-    }
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-        error = (errno == EACCES) ? kErrPermission : kErrPathAccess;
-        return false;
-    }
-    const size_t want = size_t(std::min(size, cap));
-    bytes.resize(want);
-    in.read(bytes.data(), std::streamsize(want));
-    if (size_t(in.gcount()) != want) {
-        error = kErrPathAccess;
-        return false;
-    }
-    return true;
+    fileio::IoError e;
+    if (fileio::ReadWhole(path.string(), static_cast<size_t>(cap), bytes, e)) return true;
+    error = e.Number;
+    return false;
 }
 
 // The first run finds no file or the empty file that an interrupted first
@@ -158,54 +121,13 @@ void DeleteDamaged(const fs::path& path, FileStatus& st) {
     st.FileDeleted = !fs::exists(path, ec);
 }
 
-int32_t WriteErrorFromErrno(int err) {
-    switch (err) {
-        case EACCES:
-        case EPERM:
-        case EROFS: return kErrPermission;
-        case ENOSPC:
-        case EDQUOT: return kErrDiskFull;
-        default: return kErrPathAccess;
-    }
-}
-
-// Writes the bytes to a new file beside `path`, then renames it over `path`.
-// On any failure the temporary file is removed and `path` is left as it was.
+// The program's data folder is made on the first save.
 FileStatus WriteFileReplacing(const fs::path& path, const std::string& bytes) {
     std::error_code ec;
-    const fs::path folder = path.parent_path();
-    if (!folder.empty() && !fs::exists(folder, ec)) {
-        fs::create_directories(folder, ec);
-        if (ec) return Make(FileStatus::Outcome::Failed, WriteErrorFromErrno(ec.value()));
-    }
-    // A fresh name beside the target; open() applies the user's umask as usual.
-    static unsigned counter = 0;
-    std::string tmp;
-    int fd = -1;
-    for (int attempt = 0; attempt < 100 && fd < 0; ++attempt) {
-        tmp = path.string() + ".tmp" + std::to_string(::getpid()) + "-" + std::to_string(++counter);
-        fd = ::open(tmp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (fd < 0 && errno != EEXIST) break;
-    }
-    if (fd < 0) return Make(FileStatus::Outcome::Failed, WriteErrorFromErrno(errno));
-    int err = 0;
-    size_t done = 0;
-    while (done < bytes.size() && err == 0) {
-        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
-        if (n < 0) {
-            if (errno != EINTR) err = errno;
-        } else {
-            done += size_t(n);
-        }
-    }
-    if (err == 0 && ::fsync(fd) != 0) err = errno;
-    if (::close(fd) != 0 && err == 0) err = errno;
-    if (err == 0 && std::rename(tmp.c_str(), path.c_str()) != 0) err = errno;
-    if (err != 0) {
-        ::unlink(tmp.c_str());
-        return Make(FileStatus::Outcome::Failed, WriteErrorFromErrno(err));
-    }
-    return Make(FileStatus::Outcome::Saved);
+    if (path.has_parent_path() && !fs::exists(path.parent_path(), ec))
+        fs::create_directories(path.parent_path(), ec);
+    const fileio::IoError e = fileio::WriteReplacing(path.string(), bytes);
+    return e.Failed() ? Make(FileStatus::Outcome::Failed, e.Number) : Make(FileStatus::Outcome::Saved);
 }
 
 }  // namespace

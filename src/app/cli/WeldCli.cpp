@@ -52,6 +52,11 @@ bool TakeMaxPasses(cli::Args& args, long& maxPasses, std::string& error) {
     return true;
 }
 
+bool TakeRunOptions(cli::Args& args, RunOptions& options, std::string& error) {
+    options.verbose = cli::TakeFlag(args, "--verbose");
+    return TakeStripIndex(args, options.stripIndex, error) && TakeMaxPasses(args, options.maxPasses, error);
+}
+
 LimitedRun::LimitedRun(int stripIndex, long passes) : maxPasses(passes) {
     WeldStrength::SegmentsPerInchOf(stripIndex, state.SegmentsPerInch);
     state.DisplayTarget = WeldFunctions::kDisplayCapacity;

@@ -21,6 +21,14 @@ bool TakeStripIndex(cli::Args& args, int& stripIndex, std::string& error);
 // --max-passes N, N >= 0 (0 stops before the first pass).
 bool TakeMaxPasses(cli::Args& args, long& maxPasses, std::string& error);
 
+// The options every solver command takes: --strip, --max-passes, --verbose.
+struct RunOptions {
+    int stripIndex;
+    long maxPasses = kDefaultMaxPasses;
+    bool verbose = false;
+};
+bool TakeRunOptions(cli::Args& args, RunOptions& options, std::string& error);
+
 // A run without a window. The display callback sets the stop flag once the
 // pass limit is reached, like a click on Stop during a pass.
 struct LimitedRun {

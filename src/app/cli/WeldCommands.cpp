@@ -38,11 +38,8 @@ bool TakeDouble(cli::Args& args, const std::string& name, double& out, bool& pre
 int RunWeldC(const cli::Args& input) {
     cli::Args args = input;
     std::string error;
-    int stripIndex = WeldStrength::kWeldStripSetting.defaultValue;
-    long maxPasses = weldcli::kDefaultMaxPasses;
-    const bool verbose = cli::TakeFlag(args, "--verbose");
-    if (!weldcli::TakeStripIndex(args, stripIndex, error) || !weldcli::TakeMaxPasses(args, maxPasses, error))
-        return cli::UsageError(error);
+    weldcli::RunOptions opt{WeldStrength::kWeldStripSetting.defaultValue};
+    if (!weldcli::TakeRunOptions(args, opt, error)) return cli::UsageError(error);
     if (args.size() != 5) return cli::UsageError("weld-c needs CONFIG L kL aL ANGLE");
     int16_t config = 0;
     if (!ParseConfig(args[0], config)) return cli::UsageError("CONFIG must be 1 to 9");
@@ -51,11 +48,11 @@ int RunWeldC(const cli::Args& input) {
         if (!cli::ParseDouble(args[static_cast<size_t>(i) + 1], v[i]))
             return cli::UsageError("not a number: " + args[static_cast<size_t>(i) + 1]);
 
-    weldcli::LimitedRun run(stripIndex, maxPasses);
+    weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses);
     const double c = Config_ByNumber(config, v[0], v[1], v[2], v[3], kSelectC, run.state,
                                      run.hooks, &run.report);
     std::cout << prim::Trim(prim::Format(c, "0.00000")) << "\n";
-    return run.Finish(verbose);
+    return run.Finish(opt.verbose);
 }
 
 int RunWeldCentroid(const cli::Args& input) {
@@ -83,11 +80,8 @@ int RunWeldCentroid(const cli::Args& input) {
 int RunWeldUnit(const cli::Args& input) {
     cli::Args args = input;
     std::string error;
-    int stripIndex = WeldStrength::kWeldStripSetting.defaultValue;
-    long maxPasses = weldcli::kDefaultMaxPasses;
-    const bool verbose = cli::TakeFlag(args, "--verbose");
-    if (!weldcli::TakeStripIndex(args, stripIndex, error) || !weldcli::TakeMaxPasses(args, maxPasses, error))
-        return cli::UsageError(error);
+    weldcli::RunOptions opt{WeldStrength::kWeldStripSetting.defaultValue};
+    if (!weldcli::TakeRunOptions(args, opt, error)) return cli::UsageError(error);
     std::vector<std::string> lineTexts;
     if (!cli::TakeRepeated(args, "--line", lineTexts)) return cli::UsageError("--line needs a value");
     double ex = 0.0, angle = 0.0, fexx = 1.0, size = 1.0;
@@ -108,11 +102,11 @@ int RunWeldUnit(const cli::Args& input) {
         lines.push_back(WeldLineRec{v[0], v[1], v[2], v[3]});
     }
 
-    weldcli::LimitedRun run(stripIndex, maxPasses);
+    weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses);
     const double capacity =
         Locate_InstantaneousCenter(lines, ex, angle, fexx, size, 1.0, run.state, run.hooks, &run.report);
     std::cout << prim::Format(capacity, "0.00000") << "\n";
-    return run.Finish(verbose);
+    return run.Finish(opt.verbose);
 }
 
 const cli::Registrar weldC({"weld-c",
