@@ -472,16 +472,7 @@ double Centroid_FromTop(const WeldLineTable& lines) {
     return (highY - lowY) - Centroid_Y(lines);
 }
 
-bool Centroid_IsMidpointX(int16_t config) { return config >= 1 && config <= 5; }
-
-bool Centroid_IsMidpointY(int16_t config) { return config >= 1 && config <= 7; }
-
-namespace {
-
-// One configuration: scale, build the shape, then solve or measure it.
-double Run_Configuration(int16_t config, double L, double kL, double aL, double Angle,
-                         int16_t Selector, WeldRunState& state, const WeldRunHooks& hooks,
-                         SolveReport* report) {
+double Config_Scale(double L, double kL) {
     // Line lengths are rounded to whole inches for the segment count, so the
     // shortest given length is brought to at least one inch.
     double s = 0.0;
@@ -493,6 +484,20 @@ double Run_Configuration(int16_t config, double L, double kL, double aL, double 
     } else {
         Div(1.0, MinOf({L, kL}), s);
     }
+    return s;
+}
+
+bool Centroid_IsMidpointX(int16_t config) { return config >= 1 && config <= 5; }
+
+bool Centroid_IsMidpointY(int16_t config) { return config >= 1 && config <= 7; }
+
+namespace {
+
+// One configuration: scale, build the shape, then solve or measure it.
+double Run_Configuration(int16_t config, double L, double kL, double aL, double Angle,
+                         int16_t Selector, WeldRunState& state, const WeldRunHooks& hooks,
+                         SolveReport* report) {
+    const double s = Config_Scale(L, kL);
     Let(L, s * L);
     Let(kL, s * kL);
     double ex = 0.0;
