@@ -1,0 +1,100 @@
+#include "bolt/BoltElementModel.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "bolt/BoltFunctions.h"
+
+using namespace BoltElementModel;
+
+TEST(BoltElementModel, PublishedCoefficientsHoldWithinOnePercent) {
+    struct Case {
+        int16_t m, n;
+        double sv, sh, ex, angle, C;
+    } cases[] = {
+        {6, 2, 3, 5.5, 16, 0, 3.55},  // two columns, gage 5.5 in, six rows at 3 in
+        {4, 1, 3, 3, 3, 0, 2.81},     // one column of four at 3 in
+    };
+    for (const Case& c : cases) {
+        const BoltReport rep = BoltGroup_C(c.m, c.n, c.sv, c.sh, c.ex, c.angle);
+        ASSERT_TRUE(rep.Converged);
+        EXPECT_NEAR(rep.Value, c.C, 0.01 * c.C);
+    }
+    const BoltReport cp = BoltGroup_CPrime(4, 2, 3, 3);
+    ASSERT_TRUE(cp.Converged);
+    EXPECT_NEAR(cp.Value, 26.0, 0.26);
+}
+
+TEST(BoltElementModel, PureMomentTurnsAboutTheCentroidOfASymmetricGroup) {
+    // By symmetry the couple turns every rectangular pattern about its
+    // centroid, where the system's own C' is taken.
+    struct Case {
+        int16_t m, n;
+        double sv, sh;
+    } cases[] = {{4, 2, 3, 3}, {6, 1, 3, 3}, {3, 3, 3, 3}, {12, 2, 3, 3}, {5, 4, 2.5, 4}};
+    for (const Case& c : cases) {
+        const BoltReport rep = BoltGroup_CPrime(c.m, c.n, c.sv, c.sh);
+        ASSERT_TRUE(rep.Converged);
+        EXPECT_NEAR(rep.Motion.CenterX, 0.0, 1e-9);
+        EXPECT_NEAR(rep.Motion.CenterY, 0.0, 1e-9);
+        EXPECT_NEAR(rep.Value, *BoltFunctions::BoltGroup_CPrime(c.m, c.n, c.sv, c.sh), 1e-9 * rep.Value);
+    }
+}
+
+TEST(BoltElementModel, ConcentricLoadIsAPureTranslation) {
+    const BoltReport rep = BoltGroup_C(4, 2, 3, 3, 0, 30);
+    ASSERT_TRUE(rep.Converged);
+    EXPECT_TRUE(rep.Concentric);
+    EXPECT_TRUE(rep.Motion.Translation);
+    EXPECT_EQ(rep.Iterations, 0);
+    // Every bolt at the ultimate deformation.
+    EXPECT_NEAR(rep.Value, 8 * BoltForce(0.34), 1e-12);
+    EXPECT_NEAR(BoltForce(0.34), std::pow(1 - std::exp(-3.4), 0.55), 1e-15);
+}
+
+TEST(BoltElementModel, NoEquilibriumIsSaidPlainly) {
+    // One bolt, or all bolts at one point, cannot resist a moment.
+    for (const BoltReport& rep : {BoltGroup_C(1, 1, 3, 3, 2, 0), BoltGroup_C(3, 2, 0, 0, 4, 0)}) {
+        EXPECT_FALSE(rep.Converged);
+        EXPECT_FALSE(rep.Refused);
+        EXPECT_EQ(rep.Value, 0.0);
+        EXPECT_GT(rep.Starts, 1);
+    }
+    // Without an arm one bolt carries its own strength.
+    const BoltReport one = BoltGroup_C(1, 1, 3, 3, 0, 0);
+    EXPECT_TRUE(one.Converged);
+    EXPECT_NEAR(one.Value, BoltForce(0.34), 1e-15);
+}
+
+TEST(BoltElementModel, GroupsThatCannotBeLaidOutAreRefused) {
+    EXPECT_TRUE(BoltGroup_C(0, 2, 3, 3, 6, 0).Refused);
+    EXPECT_TRUE(BoltGroup_C(200, 200, 3, 3, 6, 0).Refused);
+    EXPECT_TRUE(BoltGroup_C(-1, -2, 3, 3, 6, 0).Refused);
+    EXPECT_TRUE(BoltGroup_C(2, 2, 3, 3, INFINITY, 0).Refused);
+    EXPECT_TRUE(BoltGroup_CPrime(0, 0, 3, 3).Refused);
+}
+
+TEST(BoltElementModel, SignsAndLoadSideDoNotMatter) {
+    const double C = BoltGroup_C(3, 3, 3, 3, 12, 30).Value;
+    EXPECT_NEAR(BoltGroup_C(3, 3, 3, 3, -12, 30).Value, C, 1e-9 * C);
+    EXPECT_NEAR(BoltGroup_C(3, 3, 3, 3, 12, 210).Value, C, 1e-9 * C);
+    // A leaning load has a shorter arm: the group grows stronger toward 90 degrees.
+    double last = 0.0;
+    for (double angle : {0.0, 30.0, 60.0, 85.0, 90.0}) {
+        const BoltReport rep = BoltGroup_C(4, 2, 3, 3, 6, angle);
+        ASSERT_TRUE(rep.Converged);
+        EXPECT_GT(rep.Value, last);
+        last = rep.Value;
+    }
+    EXPECT_NEAR(last, 8 * BoltForce(0.34), 1e-6);
+}
+
+TEST(BoltElementModel, SlowGroupsOfTheSystemSolveInAFewSteps) {
+    // Several hundred passes of the system's iteration.
+    const BoltReport rep = BoltGroup_C(20, 4, 3, 3, 2, 10);
+    ASSERT_TRUE(rep.Converged);
+    EXPECT_LT(rep.Iterations, 20);
+    EXPECT_GT(rep.Value, 0.0);
+    EXPECT_LT(rep.Value, 80 * BoltForce(0.34));
+}
