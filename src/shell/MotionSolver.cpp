@@ -27,6 +27,9 @@ struct Residual {
     double Squared() const { return g1 * g1 + g2 * g2; }
 };
 
+// Newton steps over which a run must cut its residual by a tenth.
+constexpr int kStallSpan = 6;
+
 class Solver {
 public:
     Solver(const MotionProblem& problem, const ResultantFn& resultant, MotionResult& result)
@@ -40,9 +43,14 @@ public:
         Residual r = Evaluate(start.chart, s1, s2);
         if (!r.ok) return false;
         Keep(start.chart, s1, s2, r);
+        double history[kStallSpan] = {};
         for (int32_t it = 0; it <= p_.maxIterations; ++it) {
             if (r.Norm() <= p_.tolerance) return Accept(start.chart, s1, s2, r);
             if (it == p_.maxIterations) break;
+            // A run that creeps (a kink of the critical element holds it) is
+            // given up for the next start.
+            if (it >= kStallSpan && r.Norm() > 0.9 * history[it % kStallSpan]) break;
+            history[it % kStallSpan] = r.Norm();
             ++out_.iterations;
 
             // Jacobian by forward differences, steps scaled to the chart.
@@ -96,6 +104,13 @@ public:
             Keep(start.chart, s1, s2, r);
         }
         return false;
+    }
+
+    // Scaled residual of a start, for ordering the starts (infinite where
+    // the motion gives no force).
+    double Probe(const Start& start) {
+        const Residual r = Evaluate(start.chart, start.s1, start.s2);
+        return r.ok ? r.Norm() : INFINITY;
     }
 
 private:
@@ -166,37 +181,42 @@ private:
     bool haveBest_ = false;
 };
 
-std::vector<Start> Starts(const MotionProblem& p) {
-    const double L = p.length;
-    std::vector<Start> list;
-    if (p.pureMoment) {
-        list = {{Chart::Center, 0.0, 0.0},       {Chart::Center, -0.25 * L, 0.0},
-                {Chart::Center, 0.25 * L, 0.0},  {Chart::Center, 0.0, -0.25 * L},
-                {Chart::Center, 0.0, 0.25 * L}};
-        return list;
-    }
+// The first starts of a solve: the elastic solution, in the chart that suits
+// the arm, then in the other one. For a pure moment: the centroid.
+std::vector<Start> ElasticStarts(const MotionProblem& p) {
+    const double L = p.length, a = p.arm;
+    if (p.pureMoment) return {{Chart::Center, 0.0, 0.0}};
     // The elastic center lies L^2 / arm from the centroid, opposite the load.
-    const double a = p.arm;
-    const Start transElastic{Chart::Translation, 0.0, a / L};
-    if (a > 0.0) {
-        const double xe = -L * L / a;
-        const Start centerElastic{Chart::Center, xe, 0.0};
-        if (a < L) {
-            list = {transElastic, centerElastic};
-        } else {
-            list = {centerElastic, transElastic};
+    const Start trans{Chart::Translation, 0.0, a / L};
+    if (!(a > 0.0)) return {trans};
+    const Start center{Chart::Center, -L * L / a, 0.0};
+    if (a < L) return {trans, center};
+    return {center, trans};
+}
+
+// Where the elastic starts fail: a spread of rotations on both sides of a
+// pure translation and of centers around the group, tried in the order of
+// their residuals. Asymmetric groups under small arms may turn against the
+// load's own sense, which is why both sides are there.
+std::vector<Start> SpreadStarts(const MotionProblem& p, Solver& solver) {
+    const double L = p.length;
+    std::vector<Start> spread;
+    if (!p.pureMoment) {
+        for (double w : {0.01, 0.03, 0.1, 0.3, 1.0, 3.0}) {
+            spread.push_back({Chart::Translation, 0.0, w});
+            spread.push_back({Chart::Translation, 0.0, -w});
         }
-        list.push_back({Chart::Translation, 0.0, 0.5 * a / L});
-        list.push_back({Chart::Translation, 0.0, 2.0 * a / L});
-        list.push_back({Chart::Center, 0.5 * xe, 0.5 * L});
-        list.push_back({Chart::Center, 0.5 * xe, -0.5 * L});
-        list.push_back({Chart::Center, 2.0 * xe, 0.0});
-        list.push_back({Chart::Center, -L, 0.0});
-        list.push_back({Chart::Translation, 0.0, 0.0});
-    } else {
-        list = {transElastic, {Chart::Translation, 0.0, 0.1}, {Chart::Translation, 0.0, -0.1},
-                {Chart::Translation, 0.1, 0.0}, {Chart::Translation, -0.1, 0.0}};
     }
+    for (double x : {-2.0, -1.0, -0.5, 0.0, 0.5, 1.0})
+        for (double y : {-0.5, 0.0, 0.5})
+            if (x != 0.0 || y != 0.0) spread.push_back({Chart::Center, x * L, y * L});
+    std::vector<std::pair<double, Start>> scored;
+    for (const Start& s : spread) scored.push_back({solver.Probe(s), s});
+    std::stable_sort(scored.begin(), scored.end(),
+                     [](const auto& x, const auto& y) { return x.first < y.first; });
+    std::vector<Start> list;
+    for (const auto& [score, s] : scored)
+        if (std::isfinite(score)) list.push_back(s);
     return list;
 }
 
@@ -208,8 +228,12 @@ MotionResult SolveMotion(const MotionProblem& problem, const ResultantFn& result
         !std::isfinite(problem.force) || !(problem.arm >= 0.0) || !std::isfinite(problem.arm))
         return result;
     Solver solver(problem, resultant, result);
-    for (const Start& s : Starts(problem))
-        if (solver.Run(s)) break;
+    // The elastic starts settle most groups; the spread is scored only where
+    // they fail.
+    for (const Start& s : ElasticStarts(problem))
+        if (solver.Run(s)) return result;
+    for (const Start& s : SpreadStarts(problem, solver))
+        if (solver.Run(s)) return result;
     return result;
 }
 

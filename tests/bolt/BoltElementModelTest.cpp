@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <iostream>
+#include <vector>
 
 #include "bolt/BoltFunctions.h"
 
@@ -97,4 +101,51 @@ TEST(BoltElementModel, SlowGroupsOfTheSystemSolveInAFewSteps) {
     EXPECT_LT(rep.Iterations, 20);
     EXPECT_GT(rep.Value, 0.0);
     EXPECT_LT(rep.Value, 80 * BoltForce(0.34));
+}
+
+TEST(BoltElementModel, SweepEndsBalancedOrSaysSo) {
+    // Each converged solve is checked here from its returned motion alone:
+    // bolt forces along their displacements, the farthest bolt at 0.34 in.
+    int converged = 0, failed = 0;
+    for (int16_t m = 1; m <= 12; ++m)
+        for (int16_t n = 1; n <= 4; ++n)
+            for (double ex : {0.0, 2.0, 6.0, 16.0, 36.0})
+                for (double angle : {0.0, 15.0, 30.0, 45.0, 60.0, 75.0}) {
+                    const double sv = 3, sh = 5.5;
+                    const BoltReport rep = BoltGroup_C(m, n, sv, sh, ex, angle);
+                    ASSERT_FALSE(rep.Refused);
+                    if (!rep.Converged) {
+                        ++failed;
+                        EXPECT_EQ(m * n, 1);  // only a lone bolt cannot take a moment
+                        continue;
+                    }
+                    ++converged;
+                    const shell::GroupMotion& g = rep.Motion;
+                    std::vector<std::array<double, 3>> bolts;  // x, y, distance measure
+                    double dmax = 0;
+                    for (int i = 0; i < m; ++i)
+                        for (int j = 0; j < n; ++j) {
+                            const double x = sh * j - sh * (n - 1) / 2.0, y = sv * i - sv * (m - 1) / 2.0;
+                            const double d = std::hypot(g.VX - g.W * y, g.VY + g.W * x);
+                            bolts.push_back({x, y, d});
+                            dmax = std::max(dmax, d);
+                        }
+                    const double a = angle * 3.14159265358979 / 180;
+                    const double P = rep.Value, dx = std::sin(a), dy = std::cos(a);
+                    double fx = 0, fy = 0, mo = 0;
+                    for (const auto& b : bolts) {
+                        if (b[2] == 0) continue;
+                        const double R = BoltForce(0.34 * b[2] / dmax);
+                        const double ux = (g.VX - g.W * b[1]) / b[2], uy = (g.VY + g.W * b[0]) / b[2];
+                        fx += R * ux;
+                        fy += R * uy;
+                        mo += (b[0] - ex) * R * uy - b[1] * R * ux;  // about a point of the load line
+                    }
+                    const double size = std::hypot(sv * m, sh * n);
+                    EXPECT_NEAR(fx, P * dx, 1e-7 * P);
+                    EXPECT_NEAR(fy, P * dy, 1e-7 * P);
+                    EXPECT_NEAR(mo, 0.0, 1e-7 * P * size);
+                }
+    std::cout << "[ sweep    ] bolt groups: " << converged << " converged, " << failed
+              << " without convergence\n";
 }
