@@ -33,8 +33,17 @@ struct Elements {
     double Strength() const;
 };
 
-// Resultant of the element forces for the motion m (forces along each
-// element's displacement). ok is false when no element moves.
+// Sums of the element forces for the motion (vx, vy, w), forces along each
+// element's displacement, and the critical ratio; crit is kNoRatio when no
+// element moves. The sums are not checked for finiteness.
+constexpr double kNoRatio = 1e300;
+struct Sums {
+    double fx, fy, moment, crit;
+};
+Sums ForceSums(const Elements& el, double vx, double vy, double w);
+
+// The same as the resultant the equilibrium solver wants; ok is false when no
+// element moves or a sum is not finite.
 shell::Resultant Forces(const Elements& el, const shell::Motion& m);
 
 // Deformation limits of an element whose force makes the angle thetaDeg

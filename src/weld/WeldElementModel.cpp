@@ -50,6 +50,67 @@ bool BuildElements(const WeldLineTable& lines, const shell::LoadFrame& frame, do
 
 }  // namespace
 
+}  // namespace WeldElementModel
+
+namespace WeldKernel {
+
+void Elements::Reserve(size_t n) {
+    for (auto* v : {&x, &y, &tx, &ty, &k, &rho, &dm, &sinT, &ux, &uy}) v->reserve(n);
+}
+
+void Elements::Add(double X, double Y, double TX, double TY, double K) {
+    x.push_back(X);
+    y.push_back(Y);
+    tx.push_back(TX);
+    ty.push_back(TY);
+    k.push_back(K);
+    for (auto* v : {&rho, &dm, &sinT, &ux, &uy}) v->push_back(0.0);
+}
+
+void Elements::AddProbe(double X, double Y, double TX, double TY) {
+    px.push_back(X);
+    py.push_back(Y);
+    ptx.push_back(TX);
+    pty.push_back(TY);
+}
+
+double Elements::Gyration() const {
+    double sk = 0.0, skr = 0.0;
+    for (size_t i = 0; i < x.size(); ++i) {
+        sk += k[i];
+        skr += k[i] * (x[i] * x[i] + y[i] * y[i]);
+    }
+    const double g = sk > 0.0 ? std::sqrt(skr / sk) : 0.0;
+    return g > 0.0 && std::isfinite(g) ? g : 1.0;
+}
+
+double Elements::Strength() const {
+    double s = 0.0;
+    for (double v : k) s += v;
+    return s;
+}
+
+double DeltaU(double thetaDeg, double D) {
+    return D * std::min(1.087 * std::pow(thetaDeg + 6.0, -0.65), 0.17);
+}
+
+double DeltaM(double thetaDeg, double D) { return 0.209 * D * std::pow(thetaDeg + 2.0, -0.32); }
+
+// Outside the vector-math file, so the finiteness tests hold.
+shell::Resultant Forces(const Elements& el, const shell::Motion& m) {
+    const Sums s = ForceSums(el, m.vx, m.vy, m.w);
+    shell::Resultant out;
+    out.fx = s.fx;
+    out.fy = s.fy;
+    out.moment = s.moment;
+    out.ok = s.crit < kNoRatio && std::isfinite(s.fx) && std::isfinite(s.fy) && std::isfinite(s.moment);
+    return out;
+}
+
+}  // namespace WeldKernel
+
+namespace WeldElementModel {
+
 ElementReport Solve(const WeldLineTable& lines, double ex, double angle, double Fexx, double D,
                     int16_t SegmentsPerInch) {
     ElementReport rep;
