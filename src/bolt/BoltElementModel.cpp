@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "weld/WeldFunctions.h"
+#include "shell/MathUtil.h"
 
 namespace BoltElementModel {
 
@@ -81,7 +81,7 @@ BoltReport BoltGroup_C(int16_t m, int16_t n, double sv, double sh, double ex, do
         rep.Refused = true;
         return rep;
     }
-    const shell::LoadFrame frame(0.0, 0.0, WeldFunctions::Radians(angle));
+    const shell::LoadFrame frame(0.0, 0.0, shell::Radians(angle));
     Bolts b;
     if (!LayOut(m, n, sv, sh, [&](double x0, double y0) {
             double X, Y;

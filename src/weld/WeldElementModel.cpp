@@ -5,6 +5,7 @@
 #include <numbers>
 #include <vector>
 
+#include "shell/MathUtil.h"
 #include "shell/MotionSolver.h"
 #include "weld/WeldElementKernel.h"
 
@@ -133,7 +134,7 @@ ElementReport Solve(const WeldLineTable& lines, double ex, double angle, double 
         rep.Refused = true;
         return rep;
     }
-    const shell::LoadFrame frame(sumX / sumL, sumY / sumL, WeldFunctions::Radians(angle));
+    const shell::LoadFrame frame(sumX / sumL, sumY / sumL, shell::Radians(angle));
     const double arm = frame.Arm(ex);
     rep.CentroidX = frame.cx;
     rep.CentroidY = frame.cy;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "shell/GuardedMath.h"
 #include "shell/Primitives.h"
 
 namespace WeldFunctions {
@@ -11,22 +12,12 @@ namespace {
 
 // A statement whose result is not a finite number (overflow, division by
 // zero, a power with no real value) is skipped: the target keeps its value.
-inline bool Let(double& target, double value) {
-    if (!std::isfinite(value)) return false;
-    target = value;
-    return true;
-}
-
+using guarded::Let;
 // Guarded division for the places where the quotient feeds a function that
 // would hide a division by zero (arctangent of an infinite ratio).
-inline bool Div(double num, double den, double& out) {
-    if (den == 0.0) return false;
-    return Let(out, num / den);
-}
+constexpr auto Div = guarded::Divide;
 
-inline void YieldNow(const WeldRunHooks& hooks) {
-    if (hooks.Yield) hooks.Yield();
-}
+inline void YieldNow(const WeldRunHooks& hooks) { shell::YieldNow(hooks.Yield); }
 
 inline double ExactLength(const WeldLineRec& ln) {
     const double dy = std::fabs(ln.y2 - ln.y1);
@@ -43,26 +34,6 @@ constexpr double kHalfPi = kPi / 2;
 constexpr int32_t kMaxRows = 32767;  // 16-bit table indices
 
 }  // namespace
-
-double Radians(double value) { return value * kPi / 180; }
-
-double Degrees(double value) { return value * 180 / kPi; }
-
-double MinOf(std::initializer_list<double> values) {
-    if (values.size() == 0) return 0.0;
-    double m = *values.begin();
-    for (double v : values)
-        if (v < m) m = v;
-    return m;
-}
-
-double MaxOf(std::initializer_list<double> values) {
-    if (values.size() == 0) return 0.0;
-    double m = *values.begin();
-    for (double v : values)
-        if (v > m) m = v;
-    return m;
-}
 
 double LineAngle(const WeldLineRec& line) {
     if (line.x1 == line.x2) return kHalfPi;

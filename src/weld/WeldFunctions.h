@@ -21,10 +21,12 @@
 #include <string>
 #include <vector>
 
+#include "shell/MathUtil.h"
+#include "shell/Yield.h"
+
 namespace WeldFunctions {
 
-// The value of pi used throughout the program.
-constexpr double kPi = 3.14159265358979;
+using shell::kPi;
 
 // One straight weld line as the solver sees it, in inches, Y up. Callers fill
 // the four coordinates; Angle and Slope are written by the solver after it has
@@ -86,7 +88,7 @@ struct WeldRunState {
 // Callbacks of a run. Empty functions are not called.
 struct WeldRunHooks {
     // Lets waiting window events run.
-    std::function<void()> Yield;
+    shell::YieldFn Yield;
     // One pass in the capacity window: load angle (degrees), the trial center
     // relative to the centroid in the group's own axes, the display divisor,
     // and whether the coordinates were computed (false on the concentric path).
@@ -108,13 +110,10 @@ struct SolveReport {
     int32_t Segments = 0;       // rows of the segment table in the last pass
 };
 
-// Degrees to radians and back, with the truncated pi.
-double Radians(double value);
-double Degrees(double value);
-
-// Smallest and largest of a short list; 0 for an empty list.
-double MinOf(std::initializer_list<double> values);
-double MaxOf(std::initializer_list<double> values);
+using shell::Degrees;
+using shell::MaxOf;
+using shell::MinOf;
+using shell::Radians;
 
 // Angle of a line in radians: pi/2 for x1 = x2, 0 for y1 = y2 (exact tests),
 // otherwise the arctangent of its slope taken from left to right.

@@ -16,7 +16,7 @@
 #include "shell/Primitives.h"
 #include "weld/WeldFunctions.h"
 #include "weld/WeldStrength.h"
-#include "weld/WeldUnitCapacity.h"
+#include "board/WeldUnitCapacity.h"
 
 namespace {
 

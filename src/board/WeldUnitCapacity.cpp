@@ -1,4 +1,4 @@
-#include "weld/WeldUnitCapacity.h"
+#include "board/WeldUnitCapacity.h"
 
 #include "board/CartesianModule.h"
 
