@@ -143,8 +143,8 @@ private:
 
     // One column of the Jacobian; a step that leaves the valid region is
     // taken the other way.
-    bool Column(Chart chart, double s1, double s2, double h1, double h2, const Residual& r,
-                double (&j)[2][2], int col) {
+    bool Column(Chart chart, double s1, double s2, double h1, double h2, const Residual& r, double (&j)[2][2],
+                int col) {
         Residual e = Evaluate(chart, s1 + h1, s2 + h2);
         double h = h1 + h2;
         if (!e.ok) {
@@ -212,8 +212,7 @@ std::vector<Start> SpreadStarts(const MotionProblem& p, Solver& solver) {
             if (x != 0.0 || y != 0.0) spread.push_back({Chart::Center, x * L, y * L});
     std::vector<std::pair<double, Start>> scored;
     for (const Start& s : spread) scored.push_back({solver.Probe(s), s});
-    std::stable_sort(scored.begin(), scored.end(),
-                     [](const auto& x, const auto& y) { return x.first < y.first; });
+    std::stable_sort(scored.begin(), scored.end(), [](const auto& x, const auto& y) { return x.first < y.first; });
     std::vector<Start> list;
     for (const auto& [score, s] : scored)
         if (std::isfinite(score)) list.push_back(s);
@@ -238,8 +237,7 @@ MotionResult SolveMotion(const MotionProblem& problem, const ResultantFn& result
 }
 
 LoadFrame::LoadFrame(double centroidX, double centroidY, double radians)
-    : cx(centroidX), cy(centroidY), cosA(std::cos(radians)), sinA(std::sin(radians)),
-      sgn(cosA < 0.0 ? -1.0 : 1.0) {}
+    : cx(centroidX), cy(centroidY), cosA(std::cos(radians)), sinA(std::sin(radians)), sgn(cosA < 0.0 ? -1.0 : 1.0) {}
 
 void LoadFrame::ToLoad(double x, double y, double& X, double& Y) const {
     const double dx = x - cx, dy = y - cy;

@@ -43,22 +43,22 @@ struct Resultant {
 using ResultantFn = std::function<Resultant(const Motion&)>;
 
 struct MotionProblem {
-    double arm = 0.0;        // distance of the load line from the centroid
-    bool pureMoment = false; // no force, only a couple (arm at infinity)
-    double length = 1.0;     // typical length of the group (its radius of gyration)
-    double force = 1.0;      // typical force (sum of the element strengths)
-    double tolerance = 1e-10;  // on the residuals over force (and force x length)
+    double arm = 0.0;            // distance of the load line from the centroid
+    bool pureMoment = false;     // no force, only a couple (arm at infinity)
+    double length = 1.0;         // typical length of the group (its radius of gyration)
+    double force = 1.0;          // typical force (sum of the element strengths)
+    double tolerance = 1e-10;    // on the residuals over force (and force x length)
     int32_t maxIterations = 60;  // per start
 };
 
 struct MotionResult {
     bool converged = false;
-    Motion motion;         // at the solution (or at the best point of a failed solve)
-    double load = 0.0;     // the balancing load (for a pure moment: the couple)
-    double residual = 0.0; // largest scaled residual at the end
-    int32_t iterations = 0;  // Newton steps over all starts
-    int32_t starts = 0;      // starts tried
-    int32_t evaluations = 0; // calls of the resultant function
+    Motion motion;            // at the solution (or at the best point of a failed solve)
+    double load = 0.0;        // the balancing load (for a pure moment: the couple)
+    double residual = 0.0;    // largest scaled residual at the end
+    int32_t iterations = 0;   // Newton steps over all starts
+    int32_t starts = 0;       // starts tried
+    int32_t evaluations = 0;  // calls of the resultant function
 };
 
 MotionResult SolveMotion(const MotionProblem& problem, const ResultantFn& resultant);

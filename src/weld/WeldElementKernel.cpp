@@ -21,8 +21,9 @@ inline double Power(double x, double c) { return std::exp(c * std::log(x)); }
 // sums for finiteness.
 // Built three times, for processors with AVX-512, with AVX2 and FMA, and for
 // any x86-64; the loader picks one (eight, four or two lanes).
-__attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default")))
-Sums ForceSums(const Elements& el, double vx, double vy, double w) {
+__attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Sums ForceSums(const Elements& el,
+                                                                                             double vx, double vy,
+                                                                                             double w) {
     const size_t n = el.x.size();
     const double D = el.D;
     double crit = kNoRatio;

@@ -14,10 +14,10 @@ namespace WeldKernel {
 // Elements of a weld group in the load frame (origin at the centroid), as
 // parallel arrays.
 struct Elements {
-    double D = 1.0;               // weld size, inches
-    std::vector<double> x, y;     // element midpoints
-    std::vector<double> tx, ty;   // unit vector along the weld
-    std::vector<double> k;        // 0.6 Fexx x throat area of the element
+    double D = 1.0;                        // weld size, inches
+    std::vector<double> x, y;              // element midpoints
+    std::vector<double> tx, ty;            // unit vector along the weld
+    std::vector<double> k;                 // 0.6 Fexx x throat area of the element
     std::vector<double> px, py, ptx, pty;  // line ends: probes of the critical ratio
 
     // Scratch of one force sweep.

@@ -19,8 +19,8 @@ double Length(const WeldLineRec& l) { return std::hypot(l.x2 - l.x1, l.y2 - l.y1
 
 // Cuts every line of positive length into equal elements no longer than the
 // strip and records both line ends as probes of the critical ratio.
-bool BuildElements(const WeldLineTable& lines, const shell::LoadFrame& frame, double Fexx, double D,
-                   int16_t spi, WeldKernel::Elements& el) {
+bool BuildElements(const WeldLineTable& lines, const shell::LoadFrame& frame, double Fexx, double D, int16_t spi,
+                   WeldKernel::Elements& el) {
     const double throat = std::numbers::sqrt2 / 2 * D;
     int64_t total = 0;
     for (const WeldLineRec& l : lines) {
@@ -91,9 +91,7 @@ double Elements::Strength() const {
     return s;
 }
 
-double DeltaU(double thetaDeg, double D) {
-    return D * std::min(1.087 * std::pow(thetaDeg + 6.0, -0.65), 0.17);
-}
+double DeltaU(double thetaDeg, double D) { return D * std::min(1.087 * std::pow(thetaDeg + 6.0, -0.65), 0.17); }
 
 double DeltaM(double thetaDeg, double D) { return 0.209 * D * std::pow(thetaDeg + 2.0, -0.32); }
 
@@ -115,8 +113,8 @@ namespace WeldElementModel {
 ElementReport Solve(const WeldLineTable& lines, double ex, double angle, double Fexx, double D,
                     int16_t SegmentsPerInch) {
     ElementReport rep;
-    if (SegmentsPerInch <= 0 || !std::isfinite(ex) || !std::isfinite(angle) ||
-        !std::isfinite(Fexx) || !std::isfinite(D) || !(Fexx > 0.0) || !(D > 0.0)) {
+    if (SegmentsPerInch <= 0 || !std::isfinite(ex) || !std::isfinite(angle) || !std::isfinite(Fexx) ||
+        !std::isfinite(D) || !(Fexx > 0.0) || !(D > 0.0)) {
         rep.Refused = true;
         return rep;
     }
@@ -152,8 +150,8 @@ ElementReport Solve(const WeldLineTable& lines, double ex, double angle, double 
     problem.arm = arm;
     problem.length = el.Gyration();
     problem.force = el.Strength();
-    const shell::MotionResult res = shell::SolveMotion(
-        problem, [&el](const shell::Motion& m) { return WeldKernel::Forces(el, m); });
+    const shell::MotionResult res =
+        shell::SolveMotion(problem, [&el](const shell::Motion& m) { return WeldKernel::Forces(el, m); });
 
     rep.Iterations = res.iterations;
     rep.Starts = res.starts;
@@ -166,8 +164,8 @@ ElementReport Solve(const WeldLineTable& lines, double ex, double angle, double 
     return rep;
 }
 
-double Config_C(int16_t config, double L, double kL, double aL, double Angle,
-                int16_t SegmentsPerInch, ElementReport* report) {
+double Config_C(int16_t config, double L, double kL, double aL, double Angle, int16_t SegmentsPerInch,
+                ElementReport* report) {
     ElementReport scratch;
     ElementReport& rep = report ? *report : scratch;
     rep = ElementReport{};
@@ -177,8 +175,7 @@ double Config_C(int16_t config, double L, double kL, double aL, double Angle,
     L *= s;
     kL *= s;
     const double ex = std::fabs(aL) * s;
-    rep = Solve(WeldFunctions::Config_Lines(config, L, kL), ex, Angle, 70.0, 0.0625,
-                SegmentsPerInch);
+    rep = Solve(WeldFunctions::Config_Lines(config, L, kL), ex, Angle, 70.0, 0.0625, SegmentsPerInch);
     if (!rep.Converged || !(L > 0.0)) return 0.0;
     // Per inch of scaled base length, per sixteenth of weld.
     return rep.Capacity / L / 16 / 0.0625;

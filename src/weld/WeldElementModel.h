@@ -28,16 +28,16 @@ namespace WeldElementModel {
 using WeldFunctions::WeldLineTable;
 
 struct ElementReport {
-    bool Converged = false;   // an equilibrium was found; Capacity holds it
-    bool Concentric = false;  // the load passes through the centroid (zero arm)
-    bool Refused = false;     // no weld to solve, a bad strip, or too many elements
-    double Capacity = 0.0;    // kips; 0 unless converged
+    bool Converged = false;                   // an equilibrium was found; Capacity holds it
+    bool Concentric = false;                  // the load passes through the centroid (zero arm)
+    bool Refused = false;                     // no weld to solve, a bad strip, or too many elements
+    double Capacity = 0.0;                    // kips; 0 unless converged
     double CentroidX = 0.0, CentroidY = 0.0;  // of the group, input coordinates
     // The group's motion at the solution (or at the best point of a failed
     // solve), in input coordinates; only its direction is meaningful.
     shell::GroupMotion Motion;
     int32_t Elements = 0;
-    int32_t Iterations = 0;   // Newton steps over all starts
+    int32_t Iterations = 0;  // Newton steps over all starts
     int32_t Starts = 0;
     int32_t Evaluations = 0;  // element force sweeps
     double Residual = 0.0;    // scaled equilibrium residual at the end
@@ -58,7 +58,7 @@ ElementReport Solve(const WeldLineTable& lines, double ex, double angle, double 
 // Coefficient C of standard configuration 1 to 9 by the element model: the
 // same shapes, scaling and reference length as WeldFunctions::Config_ByNumber
 // with the selector for C (0 for other configuration numbers).
-double Config_C(int16_t config, double L, double kL, double aL, double Angle,
-                int16_t SegmentsPerInch, ElementReport* report = nullptr);
+double Config_C(int16_t config, double L, double kL, double aL, double Angle, int16_t SegmentsPerInch,
+                ElementReport* report = nullptr);
 
 }  // namespace WeldElementModel

@@ -1,5 +1,3 @@
-#include "bolt/BoltElementModel.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -8,6 +6,7 @@
 #include <iostream>
 #include <vector>
 
+#include "bolt/BoltElementModel.h"
 #include "bolt/BoltFunctions.h"
 
 using namespace BoltElementModel;
@@ -146,6 +145,5 @@ TEST(BoltElementModel, SweepEndsBalancedOrSaysSo) {
                     EXPECT_NEAR(fy, P * dy, 1e-7 * P);
                     EXPECT_NEAR(mo, 0.0, 1e-7 * P * size);
                 }
-    std::cout << "[ sweep    ] bolt groups: " << converged << " converged, " << failed
-              << " without convergence\n";
+    std::cout << "[ sweep    ] bolt groups: " << converged << " converged, " << failed << " without convergence\n";
 }

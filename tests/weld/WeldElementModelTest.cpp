@@ -1,11 +1,10 @@
-#include "weld/WeldElementModel.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <numbers>
 
 #include "weld/WeldElementKernel.h"
+#include "weld/WeldElementModel.h"
 
 using namespace WeldElementModel;
 using WeldFunctions::WeldLineRec;
@@ -20,11 +19,11 @@ struct Published {
 
 // Coefficients of the design examples engineers check against (L = 10).
 const Published kPublished[] = {
-    {1, 0.0, 0.0, 0, 3.71},      // two vertical lines, concentric
-    {1, 0.0, 0.17, 0, 3.61},     // two vertical lines, k = 0
-    {6, 0.5, 0.875, 0, 1.88},    // C-shape
-    {6, 0.5, 0.875, 75, 3.45},   // C-shape, inclined load
-    {6, 0.5, 0.5, 0, 2.85},      // C-shape
+    {1, 0.0, 0.0, 0, 3.71},     // two vertical lines, concentric
+    {1, 0.0, 0.17, 0, 3.61},    // two vertical lines, k = 0
+    {6, 0.5, 0.875, 0, 1.88},   // C-shape
+    {6, 0.5, 0.875, 75, 3.45},  // C-shape, inclined load
+    {6, 0.5, 0.5, 0, 2.85},     // C-shape
 };
 
 }  // namespace
@@ -35,8 +34,7 @@ TEST(WeldElementModel, PublishedCoefficientsHoldWithinOnePercent) {
             ElementReport rep;
             const double C = Config_C(p.config, 10, 10 * p.k, 10 * p.a, p.angle, spi, &rep);
             SCOPED_TRACE("config " + std::to_string(p.config) + " k " + std::to_string(p.k) + " a " +
-                         std::to_string(p.a) + " angle " + std::to_string(p.angle) + " strip " +
-                         std::to_string(spi));
+                         std::to_string(p.a) + " angle " + std::to_string(p.angle) + " strip " + std::to_string(spi));
             EXPECT_TRUE(rep.Converged);
             EXPECT_NEAR(C, p.C, 0.01 * p.C);
         }

@@ -25,8 +25,8 @@ const double kAngles[] = {0, 15, 30, 45, 60, 75};
 
 // Equilibrium recomputed from the lines, the load and the returned motion:
 // the largest of |sum F - P d| / P and |moment about the load line| / (P L).
-double Imbalance(const WeldLineTable& lines, double ex, double angleDeg, double Fexx, double D,
-                 int spi, const ElementReport& rep) {
+double Imbalance(const WeldLineTable& lines, double ex, double angleDeg, double Fexx, double D, int spi,
+                 const ElementReport& rep) {
     const shell::GroupMotion& m = rep.Motion;
     auto move = [&](double x, double y, double& ux, double& uy) {
         ux = m.VX - m.W * (y - rep.CentroidY);
@@ -66,7 +66,7 @@ double Imbalance(const WeldLineTable& lines, double ex, double angleDeg, double 
         if (r > 0) crit = std::min(crit, du(theta(e.tx, e.ty, ux, uy)) / r);
     }
     const double a = angleDeg * std::numbers::pi / 180;
-    const double dx = std::sin(a), dy = std::cos(a);  // load direction
+    const double dx = std::sin(a), dy = std::cos(a);           // load direction
     const double qx = rep.CentroidX + ex, qy = rep.CentroidY;  // a point of the load line
     double fx = 0, fy = 0, mo = 0;
     for (const El& e : els) {
@@ -94,7 +94,7 @@ TEST(WeldElementSweep, EveryStandardShapeEndsBalancedOrSaysSo) {
     double worst = 0.0;
     for (int16_t config = 1; config <= 9; ++config) {
         for (double k : kK) {
-            if (config == 1 && k != 0) continue;  // configuration 1 has no kL
+            if (config == 1 && k != 0) continue;                 // configuration 1 has no kL
             if (config != 1 && k == 0 && config <= 5) continue;  // degenerate duplicates of 1
             for (double a : kA) {
                 for (double angle : kAngles) {
@@ -110,8 +110,7 @@ TEST(WeldElementSweep, EveryStandardShapeEndsBalancedOrSaysSo) {
                     }
                     ++converged;
                     const double s = WeldFunctions::Config_Scale(L, config == 1 ? 0 : kL);
-                    const WeldLineTable lines =
-                        WeldFunctions::Config_Lines(config, s * L, config == 1 ? 0 : s * kL);
+                    const WeldLineTable lines = WeldFunctions::Config_Lines(config, s * L, config == 1 ? 0 : s * kL);
                     const double err = Imbalance(lines, a * L * s, angle, 70, 0.0625, spi, rep);
                     worst = std::max(worst, err);
                     ASSERT_LT(err, 1e-6) << "config " << config << " k " << k << " a " << a << " angle " << angle;

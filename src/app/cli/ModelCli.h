@@ -19,8 +19,8 @@ bool TakeModel(cli::Args& args, shell::SolverModel& model, std::string& error);
 int WeldC(int16_t config, const double (&v)[4], int stripIndex, bool verbose);
 
 // capacity by the element model: the same two lines as the system's run.
-int Capacity(const PublicVariables::LayoutDocument& doc, int stripIndex, double fexx, double size,
-             double factor, const std::string& caption);
+int Capacity(const PublicVariables::LayoutDocument& doc, int stripIndex, double fexx, double size, double factor,
+             const std::string& caption);
 
 // bolt-c by the element model: "C C'" with four decimals.
 int BoltC(int16_t m, int16_t n, const double (&v)[4]);

@@ -10,13 +10,13 @@
 #include "Cli.h"
 #include "ModelCli.h"
 #include "WeldCli.h"
+#include "board/WeldUnitCapacity.h"
 #include "bolt/BoltElementModel.h"
 #include "bolt/BoltFunctions.h"
 #include "shell/Primitives.h"
 #include "weld/WeldElementModel.h"
 #include "weld/WeldFunctions.h"
 #include "weld/WeldStrength.h"
-#include "board/WeldUnitCapacity.h"
 
 namespace modelcli {
 
@@ -38,7 +38,8 @@ bool ParseList(const std::string& text, std::vector<double>& out) {
     size_t start = 0;
     for (;;) {
         const size_t comma = text.find(',', start);
-        const std::string part = prim::Trim(text.substr(start, comma == std::string::npos ? std::string::npos : comma - start));
+        const std::string part =
+            prim::Trim(text.substr(start, comma == std::string::npos ? std::string::npos : comma - start));
         double v = 0.0;
         if (!cli::ParseDouble(part, v) || v < 0.0) return false;
         out.push_back(v);
@@ -83,9 +84,9 @@ bool TakeNumber(cli::Args& args, const std::string& name, double& out, bool requ
 // optional extra columns. Cells without a value are shown as NC.
 struct Table {
     std::string title;
-    std::string corner;                 // e.g. "a\k"
-    std::vector<std::string> columns;   // column heads
-    std::vector<std::string> rows;      // row heads
+    std::string corner;                // e.g. "a\k"
+    std::vector<std::string> columns;  // column heads
+    std::vector<std::string> rows;     // row heads
     std::vector<std::vector<std::optional<double>>> cells;
     const char* textPicture = "0.000";
     const char* csvPicture = "0.00000";
@@ -119,17 +120,15 @@ struct Table {
     }
 };
 
-std::string StripText(int stripIndex) {
-    return "strip 1/" + std::to_string(Strip(stripIndex)) + "\"";
-}
+std::string StripText(int stripIndex) { return "strip 1/" + std::to_string(Strip(stripIndex)) + "\""; }
 
 // One cell of the weld table by the system's iteration, stopped by the pass
 // limit like the other weld commands.
 std::optional<double> IterativeC(int16_t config, double L, double k, double a, double angle, int stripIndex,
                                  long maxPasses) {
     weldcli::LimitedRun run(stripIndex, maxPasses);
-    const double c = WeldFunctions::Config_ByNumber(config, L, k * L, a * L, angle, WeldFunctions::kSelectC,
-                                                    run.state, run.hooks, &run.report);
+    const double c = WeldFunctions::Config_ByNumber(config, L, k * L, a * L, angle, WeldFunctions::kSelectC, run.state,
+                                                    run.hooks, &run.report);
     if (run.report.Refused || !(run.report.Converged || run.report.Concentric)) return std::nullopt;
     return c;
 }
@@ -152,8 +151,9 @@ int WeldTable(const cli::Args& input) {
     if (!(L > 0.0)) return cli::UsageError("--length must be more than 0");
 
     Table t;
-    t.title = "Configuration " + std::to_string(config) + ", load angle " + prim::PlainText(angle) + ", L = " +
-              prim::PlainText(L) + ", " + StripText(opt.stripIndex) + ", " + shell::SolverModelCaption(model);
+    t.title = "Configuration " + std::to_string(config) + ", load angle " + prim::PlainText(angle) +
+              ", L = " + prim::PlainText(L) + ", " + StripText(opt.stripIndex) + ", " +
+              shell::SolverModelCaption(model);
     t.corner = "a\\k";
     for (double k : ks) t.columns.push_back(prim::PlainText(k));
     for (double a : as) {
@@ -241,8 +241,7 @@ const cli::Registrar kWeldTable(
      WeldTable});
 
 const cli::Registrar kBoltTable(
-    {"bolt-table",
-     "bolt-table COLUMNS SV SH --n LIST --ex LIST --angle DEG [--model iterative|aisc] [--csv]",
+    {"bolt-table", "bolt-table COLUMNS SV SH --n LIST --ex LIST --angle DEG [--model iterative|aisc] [--csv]",
      "table of C for bolt groups of COLUMNS vertical rows at gage SH, bolts at pitch SV: rows n bolts per "
      "row, columns ex, and C'; NC marks a cell without convergence",
      BoltTable});
