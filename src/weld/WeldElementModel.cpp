@@ -17,6 +17,14 @@ using WeldFunctions::WeldLineRec;
 
 double Length(const WeldLineRec& l) { return std::hypot(l.x2 - l.x1, l.y2 - l.y1); }
 
+// Elements of a line: the fewest equal pieces no longer than the strip, at
+// least one; beyond kMaxElements the count is only said to be too many.
+int64_t ElementCount(double len, int16_t spi) {
+    const double n = std::ceil(len * spi - 1e-9);
+    if (!(n <= kMaxElements)) return kMaxElements + 1;
+    return std::max<int64_t>(1, static_cast<int64_t>(n));
+}
+
 // Cuts every line of positive length into equal elements no longer than the
 // strip and records both line ends as probes of the critical ratio.
 bool BuildElements(const WeldLineTable& lines, const shell::LoadFrame& frame, double Fexx, double D, int16_t spi,
@@ -26,14 +34,14 @@ bool BuildElements(const WeldLineTable& lines, const shell::LoadFrame& frame, do
     for (const WeldLineRec& l : lines) {
         const double len = Length(l);
         if (!(len > 0.0) || !std::isfinite(len)) continue;
-        total += std::max<int64_t>(1, static_cast<int64_t>(std::ceil(len * spi - 1e-9)));
+        total += ElementCount(len, spi);
         if (total > kMaxElements) return false;
     }
     el.Reserve(static_cast<size_t>(total));
     for (const WeldLineRec& l : lines) {
         const double len = Length(l);
         if (!(len > 0.0) || !std::isfinite(len)) continue;
-        const int64_t n = std::max<int64_t>(1, static_cast<int64_t>(std::ceil(len * spi - 1e-9)));
+        const int64_t n = ElementCount(len, spi);
         double x1, y1, x2, y2;
         frame.ToLoad(l.x1, l.y1, x1, y1);
         frame.ToLoad(l.x2, l.y2, x2, y2);

@@ -116,6 +116,7 @@ TEST(WeldElementModel, NothingToSolveIsRefused) {
     EXPECT_TRUE(Solve(line, 5, 0, 0, 0.25, 32).Refused);
     EXPECT_TRUE(Solve(line, NAN, 0, 70, 0.25, 32).Refused);
     EXPECT_TRUE(Solve({WeldLineRec{0, 0, 0, 20000}}, 5, 0, 70, 0.25, 64).Refused);  // 1.28 M elements
+    EXPECT_TRUE(Solve({WeldLineRec{0, 0, 0, 1e300}}, 5, 0, 70, 0.25, 64).Refused);
     EXPECT_EQ(Config_C(0, 10, 5, 5, 0, 32), 0.0);
     EXPECT_EQ(Config_C(6, 0, 0, 5, 0, 32), 0.0);  // no length at all
 }

@@ -265,7 +265,7 @@ bool TakeModel(cli::Args& args, shell::SolverModel& model, std::string& error) {
 int WeldC(int16_t config, const double (&v)[4], int stripIndex, bool verbose) {
     WeldElementModel::ElementReport rep;
     const double c = WeldElementModel::Config_C(config, v[0], v[1], v[2], v[3], Strip(stripIndex), &rep);
-    if (rep.Refused) return cli::Fail("nothing to solve: the configuration has no weld", 1);
+    if (rep.Refused) return cli::Fail("nothing to solve: no weld, or more than 1000000 elements", 1);
     if (!rep.Converged) return NoEquilibrium();
     std::cout << prim::Trim(prim::Format(c, "0.00000")) << "\n";
     if (verbose) {
@@ -284,7 +284,7 @@ int WeldC(int16_t config, const double (&v)[4], int stripIndex, bool verbose) {
 int Capacity(const PublicVariables::LayoutDocument& doc, int stripIndex, double fexx, double size, double factor,
              const std::string& caption) {
     const WeldElementModel::ElementReport rep = WeldFunctions::Weld_ElementCapacity(1.0, 1.0, doc, Strip(stripIndex));
-    if (rep.Refused) return cli::Fail("nothing to solve: the layout has no weld", 1);
+    if (rep.Refused) return cli::Fail("nothing to solve: no weld, or more than 1000000 elements", 1);
     if (!rep.Converged) return NoEquilibrium();
     const double shown = WeldStrength::DisplayedCapacity(fexx, rep.Capacity, size, factor);
     std::cout << prim::Trim(WeldStrength::CapacityText(shown)) << "\n" << caption << "\n";
