@@ -90,8 +90,7 @@ TEST(ReplyFuzz, RandomRepliesKeepTheDocumentValid) {
     SelectionModule::SelectionState st;
     SelectionModule::EditHooks hooks;
     hooks.Show_Message = [](const BoardMessages::BoardMessage&) { return true; };
-    int16_t drawClick = 0;
-    PointRec anchor;
+    DrawClicks draw;
     CommandLine::EchoState echo;
     int points = 0, invalid = 0, mostLines = 0;
 
@@ -99,28 +98,20 @@ TEST(ReplyFuzz, RandomRepliesKeepTheDocumentValid) {
         const std::string reply = fz.Reply();
         const std::string step = std::to_string(i) + ": \"" + reply + "\"";
         // A pointer move echoes first, as it does on the board.
-        CommandLine::Echo_Draw(doc, true, drawClick, fz.Coord(), fz.Coord(), anchor, echo);
+        CommandLine::Echo_Draw(doc, true, draw.DrawClick, fz.Coord(), fz.Coord(), draw.AnchorPt, echo);
         switch (fz.Choice(8)) {
             case 0:
             case 1:
             case 2: {
                 // DRAW: the typed point goes through a click like the board's.
-                const auto r = CommandLine::Reply_Draw(doc, reply, {drawClick, echo.LastPt, echo.EchoDistanceDeg,
+                const auto r = CommandLine::Reply_Draw(doc, reply, {draw.DrawClick, echo.LastPt, echo.EchoDistanceDeg,
                                                                     echo.EchoDistanceRad});
                 if (r.Status != ReplyStatus::Point) {
                     invalid += r.Status == ReplyStatus::Invalid;
                     break;
                 }
                 ++points;
-                const PointRec p = P(static_cast<float>(r.TypedX), static_cast<float>(r.TypedY));
-                if (drawClick == 0) {
-                    anchor = p;
-                    drawClick = 1;
-                } else {
-                    CartesianModule::Add_Drawn_Line(doc, anchor, p);
-                    CartesianModule::Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound);
-                    drawClick = 0;
-                }
+                draw.Click(doc, P(static_cast<float>(r.TypedX), static_cast<float>(r.TypedY)));
                 break;
             }
             case 3:
