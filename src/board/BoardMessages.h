@@ -17,8 +17,8 @@ struct BoardMessage {
 
 inline const BoardMessage kNoSelection{"No Line(s) selected !   ", "Warning:", Icon::Stop, false};
 inline const BoardMessage kBoardEmpty{"Drawing Board is empty ! ", "Warning:", Icon::Exclamation, false};
-inline const BoardMessage kConfirmDeleteAll{"Are you sure you really want to Delete Drawing?  ", "Warning:",
-                                            Icon::Stop, true};
+inline const BoardMessage kConfirmDeleteAll{"Are you sure you really want to Delete Drawing?  ", "Warning:", Icon::Stop,
+                                            true};
 inline const BoardMessage kInvalidLength{"Invalid Length Input !  ", "Warning:", Icon::Critical, false};
 
 }  // namespace BoardMessages

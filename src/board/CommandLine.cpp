@@ -194,8 +194,8 @@ EchoResult Echo_Draw(const LayoutDocument& doc, bool boxEnabled, int16_t click, 
     return Shown(Echo_Number(distance) + "<" + Echo_Number(es.EchoDistanceDeg));
 }
 
-EchoResult Echo_Move(const LayoutDocument& doc, bool boxEnabled, int16_t moveClick, double pointerX,
-                     double pointerY, const PointRec& moveBase, EchoState& es) {
+EchoResult Echo_Move(const LayoutDocument& doc, bool boxEnabled, int16_t moveClick, double pointerX, double pointerY,
+                     const PointRec& moveBase, EchoState& es) {
     return Echo_Draw(doc, boxEnabled, moveClick, pointerX, pointerY, moveBase, es);
 }
 

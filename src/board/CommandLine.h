@@ -29,7 +29,8 @@ int32_t CommandBox_Color(std::string_view text);
 // ---- Routing of keys in the box --------------------------------------------------
 enum class CommandRoute { None, ReplyDraw, CancelSelection, ReplyRotate, ReplySelect, ReplyMove };
 // Enter in DRAW, and Enter or Esc in SELECTION, by the pending command.
-CommandRoute CommandBox_Route(bool drawMode, bool selectionMode, int16_t key, const SelectionModule::SelectionState& st);
+CommandRoute CommandBox_Route(bool drawMode, bool selectionMode, int16_t key,
+                              const SelectionModule::SelectionState& st);
 
 // ---- Point replies (DRAW and the steps of a move) -------------------------------
 struct PointReplyState {
@@ -91,8 +92,8 @@ struct EchoResult {
 // Updates LastPt and the echoed direction. Nothing while the box is disabled.
 EchoResult Echo_Draw(const LayoutDocument& doc, bool boxEnabled, int16_t click, double pointerX, double pointerY,
                      const PointRec& anchor, EchoState& es);
-EchoResult Echo_Move(const LayoutDocument& doc, bool boxEnabled, int16_t moveClick, double pointerX,
-                     double pointerY, const PointRec& moveBase, EchoState& es);
+EchoResult Echo_Move(const LayoutDocument& doc, bool boxEnabled, int16_t moveClick, double pointerX, double pointerY,
+                     const PointRec& moveBase, EchoState& es);
 // SELECTION with no command pending: the pointer while a box kind is set.
 EchoResult Echo_Corner(const LayoutDocument& doc, int16_t selectKind, double pointerX, double pointerY);
 // A pending rotate: the pointer until the base point is down, then the typed angle stays.

@@ -171,8 +171,7 @@ ApplyResult Apply_LineData(LayoutDocument& doc, int16_t index, std::string_view 
         }
     }
 
-    if (res.Changed)
-        CartesianModule::Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound);
+    if (res.Changed) CartesianModule::Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound);
     return res;
 }
 

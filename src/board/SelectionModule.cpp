@@ -77,8 +77,8 @@ void Select_Window(LayoutDocument& doc, SelectionState& st, const PointRec& a, c
                    const EditHooks& hooks) {
     const float minX = std::min(a.X, b.X), maxX = std::max(a.X, b.X);
     const float minY = std::min(a.Y, b.Y), maxY = std::max(a.Y, b.Y);
-    const LineRec sides[4] = {Side(minX, minY, maxX, minY), Side(maxX, minY, maxX, maxY),
-                              Side(maxX, maxY, minX, maxY), Side(minX, maxY, minX, minY)};
+    const LineRec sides[4] = {Side(minX, minY, maxX, minY), Side(maxX, minY, maxX, maxY), Side(maxX, maxY, minX, maxY),
+                              Side(minX, maxY, minX, minY)};
     const int16_t flag = value ? -1 : 0;
 
     if (!CartesianModule::Lines_Empty(doc.Lines)) {

@@ -61,8 +61,8 @@ struct EditHooks {
     RepaintHooks Repaint;
     std::function<void(const LineRec&, int16_t color)> Paint_Line;
     std::function<void(int16_t selectedColor, int16_t otherColor)> Paint_Selection;
-    std::function<void()> Renew_Pointer;     // the SELECTION pointer that fits SelectKind
-    std::function<void()> Cross_Pointer;     // the cross pointer of a pending move
+    std::function<void()> Renew_Pointer;  // the SELECTION pointer that fits SelectKind
+    std::function<void()> Cross_Pointer;  // the cross pointer of a pending move
     std::function<void()> Show_Prompt;
     std::function<void(const PointRec&)> Show_Rotate_Marks;
     std::function<void()> Hide_Rotate_Marks;

@@ -97,8 +97,8 @@ std::string Snap_Label(int16_t mode) {
 
 std::string Snap_ButtonCaption(int16_t mode) {
     // "Perpedicular" is the button's caption as users have always seen it.
-    static const std::array<const char*, 6> kCaptions = {"Free Snap",    "EndPoint",    "MidPoint",
-                                                         "Nearest",      "Intersection", "Perpedicular"};
+    static const std::array<const char*, 6> kCaptions = {"Free Snap", "EndPoint",     "MidPoint",
+                                                         "Nearest",   "Intersection", "Perpedicular"};
     return ValidMode(mode) ? kCaptions[static_cast<size_t>(mode)] : "";
 }
 
@@ -113,8 +113,8 @@ std::string Snap_Status(bool found, int16_t mode) {
 }
 
 std::string Coordinate_Status(const LayoutDocument& doc, double x, double y) {
-    return "  X = " + prim::Format(To_WorldX(doc, x), "0.00000") + ",   Y = " +
-           prim::Format(To_WorldY(doc, y), "0.00000");
+    return "  X = " + prim::Format(To_WorldX(doc, x), "0.00000") +
+           ",   Y = " + prim::Format(To_WorldY(doc, y), "0.00000");
 }
 
 }  // namespace CartesianModule

@@ -24,8 +24,8 @@ constexpr int16_t Perpendicular = 5;
 // Reach of each snap. The line tests measure path slack (Find_Line), the
 // point tests plain distance, hence the very different figures.
 namespace SnapTolerance {
-constexpr float EndLine = 0.0025f;       // EndPoint: a line under the pointer
-constexpr float EndPoint = 0.05f;        // EndPoint: an end within this distance
+constexpr float EndLine = 0.0025f;  // EndPoint: a line under the pointer
+constexpr float EndPoint = 0.05f;   // EndPoint: an end within this distance
 constexpr float MidPoint = 0.001f;
 constexpr float Nearest = 0.0001f;
 constexpr float Intersection = 0.1f;

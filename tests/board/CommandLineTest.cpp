@@ -1,11 +1,10 @@
-#include "board/CommandLine.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <string>
 
 #include "BoardTestDoc.h"
+#include "board/CommandLine.h"
 #include "board/FileHandling.h"
 #include "board/SnapModule.h"
 #include "shell/MathUtil.h"
@@ -68,7 +67,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(CommandLine, InvalidRepliesChangeNothingAndTurnTheBoxRed) {
     const LayoutDocument doc;
-    const char* bad[] = {"",    "0",      "-3",    ",5",    "5,",  "<30",  "5<",     "5<abc", "abc",
+    const char* bad[] = {"",    "0",     "-3",    ",5",     "5,", "<30", "5<",   "5<abc", "abc",
                          "5FT", "5-3,1", "1,2in", "5'-3\"", "5'", "1/2", "x<30", "<",     ","};
     for (const char* text : bad) {
         const ReplyResult r = Reply_Draw(doc, text, At(1, 1, 2));
@@ -183,20 +182,6 @@ TEST(CommandLine, SelectRepliesSetTheKind) {
     EXPECT_EQ(st.SelectKind, 2);
 }
 
-TEST(CommandLine, KeysAreRoutedByModeAndPendingCommand) {
-    SelectionState none, rotating, moving;
-    rotating.RotatePending = -1;
-    moving.MovePending = -1;
-    EXPECT_EQ(CommandBox_Route(true, false, 13, none), CommandRoute::ReplyDraw);
-    EXPECT_EQ(CommandBox_Route(true, false, 27, none), CommandRoute::None);
-    EXPECT_EQ(CommandBox_Route(false, true, 27, moving), CommandRoute::CancelSelection);
-    EXPECT_EQ(CommandBox_Route(false, true, 13, rotating), CommandRoute::ReplyRotate);
-    EXPECT_EQ(CommandBox_Route(false, true, 13, none), CommandRoute::ReplySelect);
-    EXPECT_EQ(CommandBox_Route(false, true, 13, moving), CommandRoute::ReplyMove);
-    EXPECT_EQ(CommandBox_Route(false, true, 65, none), CommandRoute::None);
-    EXPECT_EQ(CommandBox_Route(false, false, 13, none), CommandRoute::None);
-}
-
 // ---- Echoes ------------------------------------------------------------------------
 
 TEST(CommandLine, EchoBeforeTheFirstPointIsTheWorldPosition) {
@@ -218,8 +203,12 @@ TEST(CommandLine, EchoAfterTheFirstPointIsDistanceAndDirection) {
         const char* text;
         double deg;
     };
-    const Case cases[] = {{4, 5, "5.0<53.1301", 53.13010235415598}, {1, 3, "2.0<90.0", 90},  {1, -1, "2.0<270.0", 270},
-                          {3, 1, "2.0<0.0", 0},                     {-1, 1, "2.0<180.0", 180}, {-2, -3, "5.0<233.1301", 233.13010235415598},
+    const Case cases[] = {{4, 5, "5.0<53.1301", 53.13010235415598},
+                          {1, 3, "2.0<90.0", 90},
+                          {1, -1, "2.0<270.0", 270},
+                          {3, 1, "2.0<0.0", 0},
+                          {-1, 1, "2.0<180.0", 180},
+                          {-2, -3, "5.0<233.1301", 233.13010235415598},
                           {4, -3, "5.0<306.8699", 306.86989764584405}};
     for (const Case& c : cases) {
         EchoState es;
@@ -289,7 +278,7 @@ TEST(CommandLine, TypedRepliesAndSnappedPicksDrawTheSameGroup) {
     type("0'-4\"<180");  // top flange, polar
     type("0,0'-4\"");
     Echo_Draw(typed, true, draw.DrawClick, 0.0, h - 1.0, draw.AnchorPt, echo);  // the band points down
-    type("4");                                                                 // web, along the band
+    type("4");                                                                  // web, along the band
 
     LayoutDocument picked;
     DrawClicks clicks;

@@ -1,5 +1,3 @@
-#include "board/LineDataFrm.h"
-
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
@@ -12,6 +10,7 @@
 
 #include "BoardTestDoc.h"
 #include "GuiTestSupport.h"
+#include "board/LineDataFrm.h"
 
 inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
 

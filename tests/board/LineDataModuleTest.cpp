@@ -1,8 +1,7 @@
-#include "board/LineDataModule.h"
-
 #include <gtest/gtest.h>
 
 #include "BoardTestDoc.h"
+#include "board/LineDataModule.h"
 
 using namespace LineDataModule;
 using namespace boardtest;

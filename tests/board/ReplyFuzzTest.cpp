@@ -60,17 +60,20 @@ public:
 
     std::string GoodReply() {
         switch (Choice(3)) {
-            case 0: return Number() + "," + Number();
-            case 1: return Number() + "<" + std::to_string(Choice(720) - 360);
-            default: return std::to_string(Choice(10) + 1);
+            case 0:
+                return Number() + "," + Number();
+            case 1:
+                return Number() + "<" + std::to_string(Choice(720) - 360);
+            default:
+                return std::to_string(Choice(10) + 1);
         }
     }
 
     std::string Pieces() {
-        static const char* pieces[] = {"0",   "1",   "2",   "5",     "12",   "-",    "'",     "\"",    "<",
-                                       ",",   " ",   "/",   ".",     "E",    "E39",  "1E38",  "9E99",  "1E-2",
-                                       "w",   "c",   "r",   "a",     "x",    "90",   "-45",   "360",   "0'-6\"",
-                                       "3'-6", "1/2", "--", "1,000", "1/0",  "\t",   "inf",   "nan",   "D3"};
+        static const char* pieces[] = {"0",    "1",   "2",  "5",     "12",  "-",   "'",    "\"",   "<",
+                                       ",",    " ",   "/",  ".",     "E",   "E39", "1E38", "9E99", "1E-2",
+                                       "w",    "c",   "r",  "a",     "x",   "90",  "-45",  "360",  "0'-6\"",
+                                       "3'-6", "1/2", "--", "1,000", "1/0", "\t",  "inf",  "nan",  "D3"};
         std::uniform_int_distribution<int> len(0, 6);
         std::uniform_int_distribution<size_t> pick(0, std::size(pieces) - 1);
         std::string s;
@@ -104,8 +107,8 @@ TEST(ReplyFuzz, RandomRepliesKeepTheDocumentValid) {
             case 1:
             case 2: {
                 // DRAW: the typed point goes through a click like the board's.
-                const auto r = CommandLine::Reply_Draw(doc, reply, {draw.DrawClick, echo.LastPt, echo.EchoDistanceDeg,
-                                                                    echo.EchoDistanceRad});
+                const auto r = CommandLine::Reply_Draw(
+                    doc, reply, {draw.DrawClick, echo.LastPt, echo.EchoDistanceDeg, echo.EchoDistanceRad});
                 if (r.Status != ReplyStatus::Point) {
                     invalid += r.Status == ReplyStatus::Invalid;
                     break;
@@ -124,8 +127,8 @@ TEST(ReplyFuzz, RandomRepliesKeepTheDocumentValid) {
                 if (st.MovePending == 0) SelectionModule::MoveButton_Click(doc, st, hooks);
                 const auto r = CommandLine::Reply_Move(doc, reply, {st.MoveClick, st.MoveBase, 45.0, 0.785});
                 if (r.Status == ReplyStatus::Point)
-                    SelectionModule::Move_Click(doc, st,
-                                                P(static_cast<float>(r.TypedX), static_cast<float>(r.TypedY)), hooks);
+                    SelectionModule::Move_Click(doc, st, P(static_cast<float>(r.TypedX), static_cast<float>(r.TypedY)),
+                                                hooks);
                 break;
             }
             case 5: {
@@ -142,12 +145,14 @@ TEST(ReplyFuzz, RandomRepliesKeepTheDocumentValid) {
                 break;
             default: {
                 switch (fz.Choice(4)) {
-                    case 0: SelectionModule::DeleteButton_Click(doc, false, hooks); break;
+                    case 0:
+                        SelectionModule::DeleteButton_Click(doc, false, hooks);
+                        break;
                     case 1: {
                         auto hover = SelectionModule::Hover_Line(doc, fz.Coord(), fz.Coord(), false);
                         if (fz.Choice(2) == 0 && !CartesianModule::Lines_Empty(doc.Lines)) {
-                            const auto& mid = doc.Lines[static_cast<size_t>(fz.Choice(
-                                static_cast<int>(doc.Lines.size())))].MidPt;
+                            const auto& mid =
+                                doc.Lines[static_cast<size_t>(fz.Choice(static_cast<int>(doc.Lines.size())))].MidPt;
                             hover = SelectionModule::Hover_Line(doc, mid.X, mid.Y, false);
                         }
                         PublicVariables::HoverRec prev;
@@ -158,7 +163,8 @@ TEST(ReplyFuzz, RandomRepliesKeepTheDocumentValid) {
                     case 2:
                         if (fz.Choice(10) == 0) SelectionModule::ClearButton_Click(doc, false, hooks);
                         break;
-                    default: SelectionModule::Toggle_Line(doc.Lines, static_cast<int16_t>(fz.Choice(8)), hooks);
+                    default:
+                        SelectionModule::Toggle_Line(doc.Lines, static_cast<int16_t>(fz.Choice(8)), hooks);
                 }
             }
         }

@@ -1,5 +1,3 @@
-#include "board/SelectionModule.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -8,6 +6,7 @@
 #include "BoardTestDoc.h"
 #include "board/CommandLine.h"
 #include "board/FileHandling.h"
+#include "board/SelectionModule.h"
 
 using namespace SelectionModule;
 using namespace boardtest;
@@ -48,9 +47,7 @@ std::vector<int16_t> SelectedRows(const LayoutDocument& doc) {
 
 // Row 0 wholly inside the box (1,1)-(4,4), row 1 half in and half out, row 2
 // outside, row 3 a sloped line through the box with both ends outside.
-LayoutDocument BoxScene() {
-    return DocWith({L(2, 2, 3, 3), L(3, 2, 6, 2), L(5, 5, 6, 6), L(0, 2.5f, 5, 3)});
-}
+LayoutDocument BoxScene() { return DocWith({L(2, 2, 3, 3), L(3, 2, 6, 2), L(5, 5, 6, 6), L(0, 2.5f, 5, 3)}); }
 
 // ---- Box selection ------------------------------------------------------------------
 
@@ -61,8 +58,7 @@ TEST(Selection, WindowTakesOnlyLinesWhollyInsideCrossingAlsoThoseCut) {
     };
     for (const Case& c : {Case{Kind::Window, {0}}, Case{Kind::Crossing, {0, 1, 3}}}) {
         // The corners in every order select the same lines.
-        const PointRec corners[4][2] = {
-            {P(1, 1), P(4, 4)}, {P(4, 4), P(1, 1)}, {P(1, 4), P(4, 1)}, {P(4, 1), P(1, 4)}};
+        const PointRec corners[4][2] = {{P(1, 1), P(4, 4)}, {P(4, 4), P(1, 1)}, {P(1, 4), P(4, 1)}, {P(4, 1), P(1, 4)}};
         for (const auto& pair : corners) {
             LayoutDocument doc = BoxScene();
             SelectionState st;
@@ -172,8 +168,8 @@ TEST(Selection, MoveByPickedPointsMovesTheSelectionOnly) {
     EXPECT_FLOAT_EQ(r.EndPt.X, 4.5f);
     EXPECT_FLOAT_EQ(r.MidPt.X, 4.0f);
     EXPECT_FLOAT_EQ(r.MidPt.Y, 2.0f);
-    EXPECT_EQ(r.Length, 1.41);                   // not refreshed by a move
-    EXPECT_FLOAT_EQ(doc.Lines[1].StartPt.X, 3);  // unselected rows stay
+    EXPECT_EQ(r.Length, 1.41);                              // not refreshed by a move
+    EXPECT_FLOAT_EQ(doc.Lines[1].StartPt.X, 3);             // unselected rows stay
     EXPECT_EQ(SelectedRows(doc), std::vector<int16_t>{0});  // ready to move again
     EXPECT_EQ(rec.repaints, 1);
 }

@@ -1,8 +1,7 @@
-#include "board/SnapModule.h"
-
 #include <gtest/gtest.h>
 
 #include "BoardTestDoc.h"
+#include "board/SnapModule.h"
 
 using namespace CartesianModule;
 using namespace boardtest;
