@@ -1,0 +1,141 @@
+#include "CalcKeys.h"
+
+#include <cctype>
+
+#include "Cli.h"
+
+namespace cli {
+
+const std::vector<CalcKeyInfo>& CalcKeyList() {
+    static const std::vector<CalcKeyInfo> keys = {
+        {"0-9", "digit keys (a whole number such as 100, 2.5, -3 or 1.5e3 is typed as its keys)"},
+        {"dot", "decimal point"},
+        {"pm", "change the sign of the number or of the exponent being typed"},
+        {"exp", "start the exponent of ten"},
+        {"ers", "erase the last digit typed"},
+        {"C", "clear the entry"},
+        {"AC", "clear all: entry, pending operation and indicators"},
+        {"+", "add"},
+        {"-", "subtract"},
+        {"*", "multiply"},
+        {"/", "divide"},
+        {"xy", "x to the power y"},
+        {"root", "y-th root of x"},
+        {"=", "finish the calculation"},
+        {"frc", "fraction entry: the next digits are the denominator"},
+        {"dc", "switch the display between decimal and fraction"},
+        {"x-y", "exchange x and y"},
+        {"PI", "pi"},
+        {"rand", "a random number"},
+        {"sqr", "square"},
+        {"sqrt", "square root"},
+        {"cube", "cube"},
+        {"cubt", "cube root"},
+        {"rcp", "reciprocal"},
+        {"fact", "factorial"},
+        {"log", "logarithm to base 10"},
+        {"alog", "ten to the power x"},
+        {"ln", "natural logarithm"},
+        {"aln", "e to the power x"},
+        {"sin", "sine (in the angle mode)"},
+        {"cos", "cosine"},
+        {"tan", "tangent"},
+        {"iSin", "inverse sine"},
+        {"iCos", "inverse cosine"},
+        {"iTan", "inverse tangent"},
+        {"sinh", "hyperbolic sine"},
+        {"cosh", "hyperbolic cosine"},
+        {"tanh", "hyperbolic tangent"},
+        {"isinh", "inverse hyperbolic sine"},
+        {"icosh", "inverse hyperbolic cosine"},
+        {"itanh", "inverse hyperbolic tangent"},
+        {"sexa", "decimal degrees to degrees, minutes and seconds"},
+        {"asex", "degrees, minutes and seconds to decimal degrees"},
+        {"ptor", "polar (r, angle) to rectangular (x, y)"},
+        {"rtop", "rectangular (x, y) to polar (r, angle)"},
+        {"engl", "engineering display: move the point left by three digits"},
+        {"engr", "engineering display: move the point right by three digits"},
+        {"min", "store the display in memory"},
+        {"mo", "recall memory"},
+        {"xtract", "paste: take the number held for pasting"},
+        {"data", "add the display to the statistics data"},
+        {"dtn", "statistics: count of data values"},
+        {"dts", "statistics: sum of the values"},
+        {"ave", "statistics: mean"},
+        {"sqr1", "statistics: square of the sum"},
+        {"sqr2", "statistics: sum of the squares"},
+        {"strd0", "statistics: standard deviation of the population (n)"},
+        {"strd1", "statistics: standard deviation of a sample (n - 1)"},
+        {"kin:N", "store the display in register N (1 to 100)"},
+        {"ko:N", "recall register N"},
+        {"xk:N", "exchange the display with register N"},
+        {"mplus:N", "add the display to register N"},
+        {"mminus:N", "subtract the display from register N"},
+        {"kac:N", "clear register N"},
+        {"cnst:N", "the constant in row N of the constant table (1 to 128)"},
+        {"deg, rad, grad", "angle mode from here on"},
+        {"norm", "normal display from here on"},
+        {"fix:N, sci:N", "fixed or scientific display with N places (0 to 14) from here on"},
+    };
+    return keys;
+}
+
+bool NumberKeys(const std::string& text, std::vector<std::string>& keys, std::string& error) {
+    size_t i = 0;
+    bool negative = false;
+    if (i < text.size() && (text[i] == '-' || text[i] == '+')) negative = text[i++] == '-';
+    std::vector<std::string> mantissa;
+    int digits = 0, significant = 0;
+    bool point = false;
+    for (; i < text.size(); ++i) {
+        const char ch = text[i];
+        if (std::isdigit(static_cast<unsigned char>(ch))) {
+            ++digits;
+            if (ch != '0' || significant > 0 || point) ++significant;
+            mantissa.emplace_back(1, ch);
+        } else if (ch == '.' && !point) {
+            point = true;
+            mantissa.emplace_back("dot");
+        } else {
+            break;
+        }
+    }
+    if (digits == 0) return false;
+    std::vector<std::string> exponent;
+    bool expNegative = false;
+    if (i < text.size()) {
+        if (text[i] != 'e' && text[i] != 'E') return false;
+        ++i;
+        if (i < text.size() && (text[i] == '-' || text[i] == '+')) expNegative = text[i++] == '-';
+        int expDigits = 0, expSignificant = 0;
+        for (; i < text.size(); ++i) {
+            const char ch = text[i];
+            if (!std::isdigit(static_cast<unsigned char>(ch))) return false;
+            ++expDigits;
+            if (ch != '0' || expSignificant > 0) {
+                ++expSignificant;
+                exponent.emplace_back(1, ch);
+            }
+        }
+        if (expDigits == 0) return false;
+        if (expSignificant > 2) {
+            error = Quote(text) + " is out of range: the exponent runs from -99 to 99";
+            return true;
+        }
+        if (exponent.empty()) exponent.emplace_back("0");
+    }
+    if (significant > 15) {
+        error = Quote(text) + " is out of range: the display takes 15 digits";
+        return true;
+    }
+    keys = mantissa;
+    if (negative) keys.emplace_back("pm");
+    if (!exponent.empty()) {
+        keys.emplace_back("exp");
+        keys.insert(keys.end(), exponent.begin(), exponent.end());
+        if (expNegative) keys.emplace_back("pm");
+    }
+    return true;
+}
+
+}  // namespace cli
