@@ -242,8 +242,7 @@ int Capacity(const cli::Parsed& p) {
     const double shown = WeldStrength::DisplayedCapacity(fexx, unit, size, factor);
     if (p.format != cli::Format::Text) {
         static const char* const kMethods[] = {"nominal", "asd", "lrfd"};
-        cli::WriteRows(p, {cli::Row{{"file", cli::Txt(file)},
-                                    {"method", cli::Txt(kMethods[methodIndex])},
+        cli::WriteRows(p, {cli::Row{{"method", cli::Txt(kMethods[methodIndex])},
                                     {"electrode_ksi", cli::Num(fexx)},
                                     {"size_in", cli::Num(size)},
                                     {"capacity_kips", cli::Num(shown)},

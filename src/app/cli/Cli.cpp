@@ -4,6 +4,7 @@
 #include <cfloat>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <iostream>
 
 #include "shell/Primitives.h"
@@ -207,7 +208,8 @@ bool ReadNumber(const std::string& what, const std::string& text, double lo, dou
     }
     if (ec == std::errc::result_out_of_range) {
         // Too small to hold is zero for every use here; too large is refused.
-        const bool tiny = std::fabs(v) < 1.0;
+        // (from_chars leaves the value alone then; strtod tells which way it fell.)
+        const bool tiny = std::fabs(std::strtod(std::string(first, last).c_str(), nullptr)) < 1.0;
         if (!tiny) {
             error = what + ": " + Quote(text) + " is out of range (" + Range(lo, hi) + ")";
             return false;

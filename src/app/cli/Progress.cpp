@@ -33,7 +33,7 @@ void Progress::Tick(const std::string& detail) {
     if (now < kFirstShow || (lastDrawn_ >= 0.0 && now - lastDrawn_ < kRedraw)) return;
     lastDrawn_ = now;
     char secs[32];
-    std::snprintf(secs, sizeof secs, "%.0f s", now);
+    std::snprintf(secs, sizeof secs, "%.1f s", now);
     out_ << "\r\x1b[K" << label_ << ": running, " << secs << (detail.empty() ? "" : ", " + detail) << std::flush;
     shown_ = true;
 }
