@@ -257,14 +257,14 @@ int Capacity(const cli::Parsed& p) {
 
 const cli::Registrar kWldNew({
     "wld-new",
-    "OUT.wld --line X1,Y1,X2,Y2 [--line ...]",
+    "OUT.wld",
     "writes a layout drawn from world-inch lines on a new board",
-    {{"--line", "X1,Y1,X2,Y2", "a weld line from (X1,Y1) to (X2,Y2), inches, Y up", true},
+    {{"--line", "X1,Y1,X2,Y2", "a weld line from (X1,Y1) to (X2,Y2), inches, Y up", true, true},
      {"--load-side", "left|right", "side of the group the load symbol stands on (default right)"},
      {"--load-angle", "DEG", "load angle in degrees from vertical (default 0)"},
      {"--load-ecc", "FEET", "eccentricity of the load in feet (default 0); 6\" is half a foot"}},
     {"Coordinates must fit the board's single precision (about 3.4E+38).", cli::kLengthHelp},
-    {"wld-new /tmp/angle.wld --line 0,0,0,8 --line 0,0,5,0 --load-side left --load-ecc 6\\\""},
+    {"wld-new /tmp/angle.wld --line 0,0,0,8 --line 0,0,5,0 --load-side left --load-ecc '6\"'"},
     WldNew});
 const cli::Registrar kWldInfo({
     "wld-info",
@@ -286,7 +286,7 @@ const cli::Registrar kCapacity({
         weldcli::RunOptionList(),
     {"Text: the capacity to five decimals, then the caption of the method, as the capacity",
      "window shows them; exit 3 and nothing on stdout when the pass limit ends the run."},
-    {"capacity examples/c-shape-right.wld", "capacity examples/c-shape-right.wld --method lrfd --size 5/16\\\"",
+    {"capacity examples/c-shape-right.wld", "capacity examples/c-shape-right.wld --method lrfd --size '5/16\"'",
      "capacity examples/angle-left.wld --format csv"},
     Capacity,
     true});

@@ -8,7 +8,7 @@ namespace cli {
 
 const std::vector<CalcKeyInfo>& CalcKeyList() {
     static const std::vector<CalcKeyInfo> keys = {
-        {"0-9", "digit keys (a whole number such as 100, 2.5, -3 or 1.5e3 is typed as its keys)"},
+        {"0-9", "digit keys (a whole number such as 100, 2.5, -3 or 1.5e3 is typed as its keys)", false},
         {"dot", "decimal point"},
         {"pm", "change the sign of the number or of the exponent being typed"},
         {"exp", "start the exponent of ten"},
@@ -66,16 +66,16 @@ const std::vector<CalcKeyInfo>& CalcKeyList() {
         {"sqr2", "statistics: sum of the squares"},
         {"strd0", "statistics: standard deviation of the population (n)"},
         {"strd1", "statistics: standard deviation of a sample (n - 1)"},
-        {"kin:N", "store the display in register N (1 to 100)"},
-        {"ko:N", "recall register N"},
-        {"xk:N", "exchange the display with register N"},
-        {"mplus:N", "add the display to register N"},
-        {"mminus:N", "subtract the display from register N"},
-        {"kac:N", "clear register N"},
-        {"cnst:N", "the constant in row N of the constant table (1 to 128)"},
-        {"deg, rad, grad", "angle mode from here on"},
-        {"norm", "normal display from here on"},
-        {"fix:N, sci:N", "fixed or scientific display with N places (0 to 14) from here on"},
+        {"kin:N", "store the display in register N (1 to 100)", false},
+        {"ko:N", "recall register N", false},
+        {"xk:N", "exchange the display with register N", false},
+        {"mplus:N", "add the display to register N", false},
+        {"mminus:N", "subtract the display from register N", false},
+        {"kac:N", "clear register N", false},
+        {"cnst:N", "the constant in row N of the constant table (1 to 128)", false},
+        {"deg, rad, grad", "angle mode from here on", false},
+        {"norm", "normal display from here on", false},
+        {"fix:N, sci:N", "fixed or scientific display with N places (0 to 14) from here on", false},
     };
     return keys;
 }

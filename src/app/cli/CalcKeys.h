@@ -11,6 +11,7 @@ namespace cli {
 struct CalcKeyInfo {
     std::string token;
     std::string does;
+    bool engineKey = true;  // false for the digit group and the command's own tokens
 };
 
 // Every key token of the engine, then the command's own tokens.

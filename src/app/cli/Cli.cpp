@@ -68,8 +68,9 @@ std::string UsageLine(const Command& c) {
     Options all = c.options;
     if (c.formats) all = all + Options{kFormatOption, kNoHeaderOption};
     for (const Option& o : all) {
-        s += " [" + o.name + (o.value.empty() ? "" : " " + o.value) + "]";
-        if (o.repeats) s += "...";
+        const std::string text = o.name + (o.value.empty() ? "" : " " + o.value);
+        s += o.required ? " " + text : " [" + text + "]";
+        if (o.repeats) s += o.required ? " [" + o.name + " ...]" : "...";
     }
     return s;
 }

@@ -17,6 +17,7 @@ struct Option {
     std::string value;        // what follows it in the usage line ("4|8|16|32|64"); empty for a flag
     std::string help;         // one line: meaning, unit, default
     bool repeats = false;     // may be given more than once (--line)
+    bool required = false;    // shown without brackets in the usage line
 };
 using Options = std::vector<Option>;
 

@@ -136,25 +136,25 @@ const cli::Registrar weldCentroid({
     {},
     {"CONFIG  configuration number 1 to 9; L and kL lengths in inches.",
      "Prints xL and yL to three decimals, or Midpoint where the window shows it.", cli::kLengthHelp},
-    {"weld-centroid 8 10 5", "weld-centroid 8 10\" 5 --format csv"},
+    {"weld-centroid 8 10 5", "weld-centroid 8 '10\"' 5 --format csv"},
     RunWeldCentroid,
     true});
 
 const cli::Registrar weldUnit({
     "weld-unit",
-    "--line X1,Y1,X2,Y2 [--line ...] --ex INCHES --angle DEG",
+    "",
     "capacity in kips of a group of weld lines under an eccentric load",
-    cli::Options{{"--line", "X1,Y1,X2,Y2", "a weld line from (X1,Y1) to (X2,Y2), inches, Y up", true},
-                 {"--ex", "INCHES", "eccentricity of the load from the group's centroid (inches)"},
-                 {"--angle", "DEG", "load angle in degrees from vertical"},
+    cli::Options{{"--line", "X1,Y1,X2,Y2", "a weld line from (X1,Y1) to (X2,Y2), inches, Y up", true, true},
+                 {"--ex", "INCHES", "eccentricity of the load from the group's centroid (inches)", false, true},
+                 {"--angle", "DEG", "load angle in degrees from vertical", false, true},
                  {"--fexx", "KSI", "electrode strength above 0, at most 1000 (default 1)"},
                  {"--size", "INCHES", "weld size above 0, at most 100 inches (default 1)"}} +
         weldcli::RunOptionList(),
     {"With the defaults Fexx = D = 1 the result is the unit capacity; exit 3 and nothing on",
      "stdout when the pass limit ends the run.", cli::kLengthHelp},
     {"weld-unit --line 0,0,0,3 --ex 0 --angle 0",
-     "weld-unit --line 0,0,4,0 --line 0,0,0,8 --line 0,8,4,8 --ex 6 --angle 0 --fexx 70 --size 5/16\"",
-     "weld-unit --line 0,0,0,8 --ex 1'-6\" --angle 0 --format csv"},
+     "weld-unit --line 0,0,4,0 --line 0,0,0,8 --line 0,8,4,8 --ex 6 --angle 0 --fexx 70 --size '5/16\"'",
+     "weld-unit --line 0,0,0,8 --ex \"1'-6\\\"\" --angle 0 --format csv"},
     RunWeldUnit,
     true});
 
