@@ -5,6 +5,7 @@
 
 #include "CalcKeys.h"
 #include "Cli.h"
+#include "Output.h"
 #include "calc/CalcProcs.h"
 #include "calc/CalcVariables.h"
 #include "calc/ConstantModule.h"
@@ -113,7 +114,10 @@ int RunCalc(const cli::Parsed& p) {
         if (!CalcProcs::Press_Key(s, arg))
             return cli::UsageError("unknown calculator key " + cli::Quote(arg) + " (see ferrolith-cli calc --keys)");
     }
-    std::cout << s.DisplayBox << "|" << s.ExpoBox << "\n";
+    if (p.format != cli::Format::Text)
+        cli::WriteRows(p, {{{"display", cli::Txt(s.DisplayBox)}, {"exponent", cli::Txt(s.ExpoBox)}}});
+    else
+        std::cout << s.DisplayBox << "|" << s.ExpoBox << "\n";
     return 0;
 }
 
@@ -132,7 +136,8 @@ const cli::Registrar kCalc({
      "Output: DISPLAY|EXPONENT, the two fields of the calculator's display: the number as",
      "  shown (with its point), then the exponent of ten, blank when there is none.",
      "  1.| 15 is 1 x 10^15; 1.|-20 is 1 x 10^-20."},
-    {"calc 100 sqrt", "calc 2.5 * -3 =", "calc 1.5e3 + 2 =", "calc --fix 2 PI", "calc --keys"},
-    RunCalc});
+    {"calc 100 sqrt", "calc 2.5 '*' -3 =", "calc 1.5e3 + 2 = --format json", "calc --fix 2 PI", "calc --keys"},
+    RunCalc,
+    true});
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "Cli.h"
+#include "Output.h"
 #include "shell/Primitives.h"
 #include "units/ImperialProc.h"
 
@@ -22,13 +23,16 @@ int ArchValue(const cli::Parsed& p) {
     const std::string& text = p.positional[0];
     const prim::Variant v = ImperialProc::Imperial_Value(text, u);
     if (!v.IsNumber()) {
-        std::cout << ImperialProc::kError << "\n";
+        if (p.format == cli::Format::Text) std::cout << ImperialProc::kError << "\n";
         return cli::Fail("not a feet-and-inch length: " + cli::Quote(text) +
                              " (forms: 5'-3 1/2\", 5', 3 1/2\", 63.5; a blank only before a fraction)",
                          1);
     }
     if (!std::isfinite(v.number)) return cli::UsageError(cli::Quote(text) + " is out of range (too large a length)");
-    std::cout << prim::PlainText(v.number) << "\n";
+    if (p.format != cli::Format::Text)
+        cli::WriteRows(p, {{{u == "FT" ? "length_ft" : "length_in", cli::Num(v.number)}}});
+    else
+        std::cout << prim::PlainText(v.number) << "\n";
     return 0;
 }
 
@@ -42,7 +46,11 @@ int ArchText(const cli::Parsed& p) {
     const double max = words ? kWordsFeetMax : kTextFeetMax;
     double feet = 0;
     if (!cli::ReadLength("FEET", p.positional[0], true, -max, max, feet, error)) return cli::UsageError(error);
-    std::cout << ImperialProc::Imperial_Text(feet, 16, static_cast<int16_t>(mode), words ? -1 : 0) << "\n";
+    const std::string text = ImperialProc::Imperial_Text(feet, 16, static_cast<int16_t>(mode), words ? -1 : 0);
+    if (p.format != cli::Format::Text)
+        cli::WriteRows(p, {{{"feet", cli::Num(feet)}, {"text", cli::Txt(text)}}});
+    else
+        std::cout << text << "\n";
     return 0;
 }
 
@@ -54,7 +62,11 @@ int Words(const cli::Parsed& p) {
     double v = 0;
     std::string error;
     if (!cli::ReadNumber("NUMBER", p.positional[0], -max, max, v, error)) return cli::UsageError(error);
-    std::cout << ImperialProc::Number_Words(v, p.Value("--whole"), p.Value("--part")) << "\n";
+    const std::string text = ImperialProc::Number_Words(v, p.Value("--whole"), p.Value("--part"));
+    if (p.format != cli::Format::Text)
+        cli::WriteRows(p, {{{"number", cli::Num(v)}, {"words", cli::Txt(text)}}});
+    else
+        std::cout << text << "\n";
     return 0;
 }
 
@@ -64,8 +76,9 @@ const cli::Registrar r1({"arch-value",
                          {{"--unit", "IN|FT", "unit of the result (default IN)"}},
                          {"TEXT    5'-3 1/2\", 5' - 3 1/2\", 5', 3 1/2, 1/2\", 63.5 (a number without a mark is inches)",
                           "Prints the length at full precision, or *ERROR* and exit 1 with the reason on stderr."},
-                         {"arch-value \"5'-3 1/2\\\"\"", "arch-value 6 --unit FT"},
-                         &ArchValue});
+                         {"arch-value \"5'-3 1/2\\\"\"", "arch-value 6 --unit FT --format json"},
+                         &ArchValue,
+                         true});
 const cli::Registrar r2({"arch-text",
                          "FEET",
                          "writes a length in feet as feet-and-inch text to the sixteenth",
@@ -73,7 +86,8 @@ const cli::Registrar r2({"arch-text",
                           {"--words", "", "spell the text in words (whole feet up to 32767)"}},
                          {"FEET    a length in feet (up to 1E+15), or feet-and-inch text such as 5'-3 1/2\""},
                          {"arch-text 5.291666667", "arch-text 5.291666667 --mode 1 --words"},
-                         &ArchText});
+                         &ArchText,
+                         true});
 const cli::Registrar r3({"words",
                          "NUMBER",
                          "spells a number in words, with optional labels for the whole and the hundredths",
@@ -82,7 +96,8 @@ const cli::Registrar r3({"words",
                          {"NUMBER  below 1E+24 in size (below 1E+22 with only --part); the sign is not spoken",
                           "Labels are given singular (Dollar, not Dollars): the plural s is added when the",
                           "count is above one."},
-                         {"words 1001", "words 5.25 --whole Dollar --part Cent"},
-                         &Words});
+                         {"words 1001", "words 5.25 --whole Dollar --part Cent --format csv"},
+                         &Words,
+                         true});
 
 }  // namespace
