@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Cli.h"
+#include "ModelCli.h"
 #include "WeldCli.h"
 #include "board/CartesianModule.h"
 #include "board/DimensionModule.h"
@@ -208,7 +209,9 @@ int Capacity(const cli::Parsed& p) {
     int sizeIndex = WeldStrength::kWeldSizeSetting.defaultValue;
     int methodIndex = WeldStrength::kDesignMethodSetting.defaultValue;
     weldcli::RunOptions opt{WeldStrength::kWeldStripSetting.defaultValue};
-    if (!weldcli::ReadRunOptions(p, opt, error)) return cli::UsageError(error);
+    shell::SolverModel model = shell::SolverModel::Iterative;
+    if (!weldcli::ReadRunOptions(p, opt, error) || !modelcli::ReadModel(p, model, error))
+        return cli::UsageError(error);
     if (p.positional.size() != 1) return cli::UsageError(p, "capacity needs one FILE.wld");
 
     if (p.Has("--electrode")) {
@@ -236,16 +239,19 @@ int Capacity(const cli::Parsed& p) {
     WeldStrength::WeldSizeInchesOf(sizeIndex, size);
     WeldStrength::MethodOf(methodIndex, factor, caption);
 
+    static const char* const kMethods[] = {"nominal", "asd", "lrfd"};
+    const cli::Row head = {modelcli::ModelField(model),
+                           {"method", cli::Txt(kMethods[methodIndex])},
+                           {"electrode_ksi", cli::Num(fexx)},
+                           {"size_in", cli::Num(size)}};
+    if (model == shell::SolverModel::AiscElement)
+        return modelcli::Capacity(p, doc, opt.stripIndex, fexx, size, factor, caption, head);
     weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses, "capacity");
     const double unit = WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc, run.state, run.hooks, &run.report);
     if (const int rc = run.Check(p); rc != 0) return rc;
     const double shown = WeldStrength::DisplayedCapacity(fexx, unit, size, factor);
     if (p.format != cli::Format::Text) {
-        static const char* const kMethods[] = {"nominal", "asd", "lrfd"};
-        cli::WriteRows(p, {cli::Row{{"method", cli::Txt(kMethods[methodIndex])},
-                                    {"electrode_ksi", cli::Num(fexx)},
-                                    {"size_in", cli::Num(size)},
-                                    {"capacity_kips", cli::Num(shown)},
+        cli::WriteRows(p, {head + cli::Row{{"capacity_kips", cli::Num(shown)},
                                     {"caption", cli::Txt(caption)}} +
                                run.RunFields()});
         return 0;
@@ -283,11 +289,11 @@ const cli::Registrar kCapacity({
     cli::Options{{"--electrode", "60|70|80|90|100|110", "electrode strength Fexx in ksi (default 90)"},
                  {"--size", "SIXTEENTHS", "weld size 1 to 16 sixteenths of an inch, or 1/4\" (default 4)"},
                  {"--method", "nominal|asd|lrfd", "design method (default nominal)"}} +
-        weldcli::RunOptionList(),
+        weldcli::RunOptionList() + cli::Options{modelcli::ModelOption()},
     {"Text: the capacity to five decimals, then the caption of the method, as the capacity",
      "window shows them; exit 3 and nothing on stdout when the pass limit ends the run."},
     {"capacity examples/c-shape-right.wld", "capacity examples/c-shape-right.wld --method lrfd --size '5/16\"'",
-     "capacity examples/angle-left.wld --format csv"},
+     "capacity examples/angle-left.wld --format csv", "capacity examples/c-shape-right.wld --model aisc"},
     Capacity,
     true});
 

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "Cli.h"
+#include "ModelCli.h"
 #include "Output.h"
 #include "Progress.h"
 #include "bolt/BoltFunctions.h"
@@ -14,6 +15,8 @@ int RunBoltC(const cli::Parsed& p) {
     const cli::Args& args = p.positional;
     if (args.size() != 6) return cli::UsageError(p, "bolt-c needs M N SV SH EX ANGLE");
     std::string error;
+    shell::SolverModel model = shell::SolverModel::Iterative;
+    if (!modelcli::ReadModel(p, model, error)) return cli::UsageError(error);
     long long m = 0, n = 0;
     double v[4] = {};
     if (!cli::ReadWhole("M", args[0], INT16_MIN, INT16_MAX, m, error) ||
@@ -27,6 +30,7 @@ int RunBoltC(const cli::Parsed& p) {
         return cli::UsageError(error);
 
     const auto m16 = static_cast<int16_t>(m), n16 = static_cast<int16_t>(n);
+    if (model == shell::SolverModel::AiscElement) return modelcli::BoltC(p, m16, n16, v);
     const auto cPrime = BoltFunctions::BoltGroup_CPrime(m16, n16, v[0], v[1]);
     std::optional<double> c;
     {
@@ -36,7 +40,8 @@ int RunBoltC(const cli::Parsed& p) {
     if (!cPrime || !c)
         return cli::Fail("a bolt group needs from 1 to 32767 bolts (M x N); got M = " + args[0] + ", N = " + args[1], 1);
     if (p.format != cli::Format::Text) {
-        cli::WriteRows(p, {{{"M", cli::Num(static_cast<double>(m))},
+        cli::WriteRows(p, {{modelcli::ModelField(model),
+                            {"M", cli::Num(static_cast<double>(m))},
                             {"N", cli::Num(static_cast<double>(n))},
                             {"SV_in", cli::Num(v[0])},
                             {"SH_in", cli::Num(v[1])},
@@ -54,14 +59,14 @@ const cli::Registrar kBoltC({
     "bolt-c",
     "M N SV SH EX ANGLE",
     "C and C' of an M by N rectangular bolt group under an eccentric load",
-    {},
+    {modelcli::ModelOption()},
     {"M, N    rows and columns of bolts (M x N from 1 to 32767 bolts)",
      "SV, SH  vertical and horizontal spacing (inches); EX eccentricity of the load (inches)",
      "ANGLE   load angle in degrees from vertical",
      "Prints C and C' (inches) to four decimals. Large groups take long; on a terminal a",
      "progress line shows on stderr.", cli::kLengthHelp},
     {"bolt-c 4 2 3 3 6 0", "bolt-c 4 2 3 3 \"1'-6\\\"\" 0 --format json",
-     "bolt-c 3 2 3 3 6 15 --format csv --no-header"},
+     "bolt-c 3 2 3 3 6 15 --format csv --no-header", "bolt-c 6 2 3 5.5 16 0 --model aisc"},
     RunBoltC,
     true});
 

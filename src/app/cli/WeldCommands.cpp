@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Cli.h"
+#include "ModelCli.h"
 #include "Output.h"
 #include "WeldCli.h"
 #include "shell/Primitives.h"
@@ -33,7 +34,9 @@ bool ReadLengths(const cli::Args& args, size_t first, const std::vector<const ch
 int RunWeldC(const cli::Parsed& p) {
     std::string error;
     weldcli::RunOptions opt{WeldStrength::kWeldStripSetting.defaultValue};
-    if (!weldcli::ReadRunOptions(p, opt, error)) return cli::UsageError(error);
+    shell::SolverModel model = shell::SolverModel::Iterative;
+    if (!weldcli::ReadRunOptions(p, opt, error) || !modelcli::ReadModel(p, model, error))
+        return cli::UsageError(error);
     const cli::Args& args = p.positional;
     if (args.size() != 5) return cli::UsageError(p, "weld-c needs CONFIG L kL aL ANGLE");
     int16_t config = 0;
@@ -42,11 +45,12 @@ int RunWeldC(const cli::Parsed& p) {
         !cli::ReadNumber("ANGLE", args[4], -cli::kSingleMax, cli::kSingleMax, v[3], error))
         return cli::UsageError(error);
 
+    if (model == shell::SolverModel::AiscElement) return modelcli::WeldC(p, config, v, opt.stripIndex, opt.verbose);
     weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses, "weld-c");
     const double c = Config_ByNumber(config, v[0], v[1], v[2], v[3], kSelectC, run.state, run.hooks, &run.report);
     if (const int rc = run.Check(p); rc != 0) return rc;
     if (p.format != cli::Format::Text) {
-        cli::WriteRows(p, {cli::Row{{"C", cli::Num(c)}} + run.RunFields()});
+        cli::WriteRows(p, {cli::Row{modelcli::ModelField(model), {"C", cli::Num(c)}} + run.RunFields()});
         return 0;
     }
     std::cout << prim::Trim(prim::Format(c, "0.00000")) << "\n";
@@ -119,13 +123,14 @@ const cli::Registrar weldC({
     "weld-c",
     "CONFIG L kL aL ANGLE",
     "coefficient C of standard weld configuration 1-9 under an eccentric load",
-    weldcli::RunOptionList(),
+    weldcli::RunOptionList() + cli::Options{modelcli::ModelOption()},
     {"CONFIG  configuration number 1 to 9, as in the coefficient window",
      "L       base length (inches); kL the other leg (inches); aL the load's eccentricity (inches)",
      "ANGLE   load angle in degrees from vertical",
      "Prints C to five decimals; exit 3 and nothing on stdout when the pass limit ends the run.",
      cli::kLengthHelp},
-    {"weld-c 1 10 0 0 0", "weld-c 4 10 10 5 45 --verbose", "weld-c 6 10 5 5 0 --strip 16 --format json"},
+    {"weld-c 1 10 0 0 0", "weld-c 4 10 10 5 45 --verbose", "weld-c 6 10 5 5 0 --strip 16 --format json",
+     "weld-c 6 10 5 8.75 0 --model aisc"},
     RunWeldC,
     true});
 
