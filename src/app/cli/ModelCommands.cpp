@@ -10,6 +10,7 @@
 #include "Cli.h"
 #include "ModelCli.h"
 #include "Output.h"
+#include "Progress.h"
 #include "WeldCli.h"
 #include "board/WeldUnitCapacity.h"
 #include "bolt/BoltElementModel.h"
@@ -219,6 +220,9 @@ int BoltTable(const cli::Parsed& p) {
     t.csvPicture = "0.0000";
     for (double ex : exs) t.columns.push_back(prim::PlainText(ex));
     t.columns.push_back("C'");
+    cli::Progress progress("bolt-table");
+    size_t done = 0;
+    const std::string cells = std::to_string(ns.size() * exs.size());
     for (double nv : ns) {
         const int16_t m = static_cast<int16_t>(nv);
         const auto cols = static_cast<int16_t>(columns);
@@ -231,7 +235,10 @@ int BoltTable(const cli::Parsed& p) {
             if (model == SolverModel::AiscElement)
                 row.push_back(value(BoltElementModel::BoltGroup_C(m, cols, sv, sh, ex, angle)));
             else
-                row.push_back(BoltFunctions::BoltGroup_C(m, cols, sv, sh, ex, angle));
+                row.push_back(BoltFunctions::BoltGroup_C(m, cols, sv, sh, ex, angle, [&] {
+                    progress.Tick("cell " + std::to_string(done + 1) + " of " + cells);
+                }));
+            ++done;
         }
         if (model == SolverModel::AiscElement)
             row.push_back(value(BoltElementModel::BoltGroup_CPrime(m, cols, sv, sh)));
@@ -243,6 +250,7 @@ int BoltTable(const cli::Parsed& p) {
                                  {"C", Value(row[i])},
                                  {"C_prime_in", Value(row.back())}});
     }
+    progress.Clear();
     return t.Print(p, csv);
 }
 
