@@ -140,11 +140,10 @@ void WldInfoRows(const cli::Parsed& p, const LayoutDocument& doc) {
     // csv: the lines and dimensions as one table, the load as a last row of its own kind.
     std::vector<cli::Row> rows = lines;
     rows.insert(rows.end(), dims.begin(), dims.end());
-    cli::Row loadRow = SegmentRow(doc, "load", load[0].value.text, {}, {}, 0.0, doc.Load.LoadPlaced != 0);
-    for (size_t i = 2; i < 7; ++i) loadRow[i].value = cli::Cell{};
-    loadRow.push_back({"angle_deg", load[1].value});
-    loadRow.push_back({"eccentricity_ft", load[2].value});
-    for (cli::Row& r : rows) r = r + cli::Row{{"angle_deg", {}}, {"eccentricity_ft", {}}};
+    cli::Row loadRow = SegmentRow(doc, "load", load[0].value.text, {}, {}, 0.0, false);
+    for (size_t i = 2; i < loadRow.size(); ++i) loadRow[i].value = cli::Cell{};
+    loadRow = loadRow + cli::Row{load[1], load[2], load[3]};
+    for (cli::Row& r : rows) r = r + cli::Row{{"angle_deg", {}}, {"eccentricity_ft", {}}, {"placed", {}}};
     rows.push_back(loadRow);
     cli::WriteRows(p, rows);
 }

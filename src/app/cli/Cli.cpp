@@ -26,7 +26,7 @@ std::vector<Command>& Table() {
 }
 
 const Option kFormatOption{"--format", "text|csv|json",
-                           "text (default) as before; csv with a header row; json as one object"};
+                           "text (default) as before; csv with a header row; json (an array for tables)"};
 const Option kNoHeaderOption{"--no-header", "", "csv without its header row (to append rows)"};
 
 const Option* FindOption(const Command& c, const std::string& name) {

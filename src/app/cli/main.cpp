@@ -17,7 +17,7 @@ void PrintHelp(std::ostream& out) {
     auto cmds = cli::Commands();
     std::sort(cmds.begin(), cmds.end(),
               [](const cli::Command& a, const cli::Command& b) { return a.name < b.name; });
-    for (const auto& c : cmds) out << "  " << c.name << std::string(c.name.size() < 14 ? 14 - c.name.size() : 1, ' ')
+    for (const auto& c : cmds) out << "  " << c.name << std::string(c.name.size() < 15 ? 15 - c.name.size() : 1, ' ')
                                    << c.summary << "\n";
     out << "\n" << cli::kLengthHelp << "\n"
         << "\nOutput: commands with --format print text by default, exactly as before; csv and json give\n"
@@ -45,9 +45,9 @@ int main(int argc, char** argv) {
         return 0;
     }
     if (name == "help") {
+        if (argc > 3) return cli::UsageError("help takes one COMMAND");
         const cli::Command* c = cli::FindCommand(argv[2]);
-        if (c == nullptr || argc > 3)
-            return cli::UsageError("no command " + cli::Quote(argv[2]) + " (see ferrolith-cli --help)");
+        if (c == nullptr) return cli::UsageError("no command " + cli::Quote(argv[2]) + " (see ferrolith-cli --help)");
         std::cout << cli::HelpText(*c);
         return 0;
     }
