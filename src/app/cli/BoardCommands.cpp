@@ -247,7 +247,7 @@ int Capacity(const cli::Parsed& p) {
         return modelcli::Capacity(p, doc, opt.stripIndex, fexx, size, factor, caption, head);
     weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses, "capacity");
     const double unit = WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc, run.state, run.hooks, &run.report);
-    if (const int rc = run.Check(p); rc != 0) return rc;
+    if (const int rc = run.Check(p, head); rc != 0) return rc;
     const double shown = WeldStrength::DisplayedCapacity(fexx, unit, size, factor);
     if (p.format != cli::Format::Text) {
         cli::WriteRows(p, {head + cli::Row{{"capacity_kips", cli::Num(shown)},

@@ -64,12 +64,12 @@ LimitedRun::LimitedRun(int stripIndex, long long passes, const std::string& labe
     };
 }
 
-int LimitedRun::Check(const cli::Parsed& p) {
+int LimitedRun::Check(const cli::Parsed& p, const cli::Row& head) {
     progress.Clear();
     if (report.Refused) return cli::Fail("the group has more than 32767 segments", 1);
     // Only a run that the pass limit stopped counts as not converged.
     if (state.IterationStop != 0 && !report.Converged) {
-        if (p.format == cli::Format::Json) std::cout << cli::JsonObject(RunFields()) << "\n";
+        if (p.format == cli::Format::Json) std::cout << cli::JsonObject(head + RunFields()) << "\n";
         std::cout.flush();
         return cli::Fail("no convergence after " + std::to_string(maxPasses) + " passes (last center " +
                              prim::Format(shownX, "0.000000000") + " " + prim::Format(shownY, "0.000000000") +

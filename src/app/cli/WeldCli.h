@@ -42,8 +42,8 @@ struct LimitedRun {
 
     // After the run: 0 when there is a result to print; 1 for a refused
     // group; 3 when the pass limit ended the run, with one line on stderr and,
-    // for --format json, an object with "converged": false and the last center.
-    int Check(const cli::Parsed& p);
+    // for --format json, an object with `head`, "converged": false and the last center.
+    int Check(const cli::Parsed& p, const cli::Row& head = {});
     // converged, passes and the last center, for csv and json.
     cli::Row RunFields() const;
     // The --verbose lines of text output.

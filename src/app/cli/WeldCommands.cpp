@@ -48,7 +48,7 @@ int RunWeldC(const cli::Parsed& p) {
     if (model == shell::SolverModel::AiscElement) return modelcli::WeldC(p, config, v, opt.stripIndex, opt.verbose);
     weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses, "weld-c");
     const double c = Config_ByNumber(config, v[0], v[1], v[2], v[3], kSelectC, run.state, run.hooks, &run.report);
-    if (const int rc = run.Check(p); rc != 0) return rc;
+    if (const int rc = run.Check(p, {modelcli::ModelField(model)}); rc != 0) return rc;
     if (p.format != cli::Format::Text) {
         cli::WriteRows(p, {cli::Row{modelcli::ModelField(model), {"C", cli::Num(c)}} + run.RunFields()});
         return 0;
