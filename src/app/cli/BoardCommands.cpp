@@ -178,17 +178,17 @@ int WldInfo(const cli::Parsed& p) {
     return 0;
 }
 
-// --size: a whole number of sixteenths, or a length such as 1/4" that is one.
+// --size: a whole number of sixteenths, or length text such as 1/4" that is one.
 bool ReadWeldSize(const std::string& text, int& sizeIndex, std::string& error) {
     long long v = 0;
-    std::string wholeError;
-    if (!cli::ReadWhole("--size", text, 1, 16, v, wholeError)) {
+    double plain = 0.0;
+    if (cli::ReadNumber("--size", text, -cli::kSingleMax, cli::kSingleMax, plain, error) ||
+        error.find("out of range") != std::string::npos) {
+        // A plain number counts sixteenths, as it always has.
+        if (!cli::ReadWhole("--size", text, 1, 16, v, error)) return false;
+    } else {
         double inches = 0.0;
-        if (wholeError.find("out of range") != std::string::npos ||
-            !cli::ReadLength("--size", text, false, 1.0 / 16.0, 1.0, inches, error)) {
-            error = wholeError.find("out of range") != std::string::npos ? wholeError : error;
-            return false;
-        }
+        if (!cli::ReadLength("--size", text, false, 1.0 / 16.0, 1.0, inches, error)) return false;
         const double sixteenths = inches * 16.0;
         if (sixteenths != std::floor(sixteenths)) {
             error = "--size must be a whole number of sixteenths: " + cli::Quote(text);
