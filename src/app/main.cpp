@@ -1,4 +1,4 @@
-// ferrolith: the desktop program. The command line holds at most one layout path.
+// ferrolith: the desktop program. It opens the main window.
 #include <QApplication>
 
 #include "board/MainFrm.h"

@@ -6,13 +6,13 @@
 #include <string>
 
 #include "board/DimensionModule.h"
-#include "board/GuardedMath.h"
+#include "shell/GuardedMath.h"
 
 namespace CartesianModule {
 
-using BoardMath::Divide;
-using BoardMath::DivideNarrow;
-using BoardMath::Narrow;
+using guarded::Divide;
+using guarded::DivideNarrow;
+using guarded::Narrow;
 
 namespace {
 

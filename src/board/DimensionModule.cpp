@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "board/GuardedMath.h"
+#include "shell/GuardedMath.h"
 
 namespace DimensionModule {
 
-using BoardMath::Narrow;
+using guarded::Narrow;
 using PublicVariables::DimensionRec;
 using PublicVariables::PointRec;
 

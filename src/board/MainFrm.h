@@ -1,5 +1,5 @@
-// The main window: the drawing board with its menus. It owns the layout
-// document; the tool windows are opened from its Calcs menu.
+// The main window: menus, tool bar and status bar around the drawing board.
+// The tool windows are opened from its Calcs menu.
 #pragma once
 
 #include <QList>

@@ -5,9 +5,10 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
+
+#include "shell/Yield.h"
 
 namespace PublicVariables {
 
@@ -65,8 +66,7 @@ using LineTable = std::vector<LineRec>;
 using DimTable = std::vector<DimensionRec>;
 using PointTable = std::vector<PointRec>;
 
-// Lets waiting window events run; empty means "nothing to do".
-using YieldFn = std::function<void()>;
+using shell::YieldFn;
 
 // The board at its design size: 9,975 by 7,305 twips, in inches.
 constexpr double kDesignScaleWidth = 9975.0 / 1440.0;

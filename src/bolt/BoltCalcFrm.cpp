@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -23,8 +22,10 @@
 #include "shell/FlexProcedures.h"
 #include "shell/Primitives.h"
 #include "shell/SettingsStore.h"
+#include "shell/MathUtil.h"
+#include "shell/QtText.h"
+#include "shell/RunPump.h"
 #include "units/ImperialProc.h"
-#include "weld/WeldFunctions.h"
 
 using namespace KeyFilters::KeyCode;
 
@@ -51,9 +52,6 @@ const char* const kHeadings[kDataCols] = {
     "Bolt Group Coefficient\n[C']",
 };
 
-QString Q(const std::string& s) { return QString::fromStdString(s); }
-std::string S(const QString& s) { return s.toStdString(); }
-
 // Whole grid rows from the window's row count.
 int GridRowsOf(float rows) {
     const double r = prim::RoundEven(static_cast<double>(rows));
@@ -61,20 +59,6 @@ int GridRowsOf(float rows) {
 }
 
 }  // namespace
-
-// Marks a handler of the window as running for as long as it lives.
-class BoltBusyScope {
-public:
-    explicit BoltBusyScope(BoltCalcFrm* frm) : frm_(frm) { ++frm_->busy_; }
-    ~BoltBusyScope() {
-        if (--frm_->busy_ == 0 && frm_->closePending_) frm_->deleteLater();
-    }
-    BoltBusyScope(const BoltBusyScope&) = delete;
-    BoltBusyScope& operator=(const BoltBusyScope&) = delete;
-
-private:
-    BoltCalcFrm* frm_;
-};
 
 BoltCalcFrm::BoltCalcFrm(std::vector<BoltDataHandling::BoltRecord>& records, QWidget* parent)
     : QWidget(parent, Qt::Window), BoltRecords(records) {
@@ -198,7 +182,7 @@ void BoltCalcFrm::Form_Load() {
                                                 QStringLiteral("TrussmereSetting"),
                                                 QStringLiteral("cFlexRows"), QStringLiteral("16"));
     Rows = static_cast<float>(prim::Val(S(stored)));
-    Rows = static_cast<float>(WeldFunctions::MaxOf({Rows, kMinRows}));
+    Rows = static_cast<float>(shell::MaxOf({Rows, kMinRows}));
     if (!(Rows <= static_cast<float>(kMaxRows))) Rows = static_cast<float>(kMaxRows);
     RemRowButton->setEnabled(Rows > kMinRows);
     Init_cFlex();
@@ -352,17 +336,10 @@ void BoltCalcFrm::Calculate_C(int row) {
 
     const auto cPrime = BoltFunctions::BoltGroup_CPrime(m, n, sv, sh);
     if (!cPrime) return;
-    // The window stays live during a long run: events are served every 10 ms.
-    QElapsedTimer pump;
-    pump.start();
-    const BoltFunctions::YieldFn yield = [&pump] {
-        if (pump.elapsed() >= 10) {
-            QCoreApplication::processEvents();
-            pump.restart();
-        }
-    };
-    const auto c = BoltFunctions::BoltGroup_C(m, n, sv, sh, ex, angle, yield);
-    if (!c || closePending_) return;
+    // The window stays live during a long run.
+    shell::ThrottledPump pump;
+    const auto c = BoltFunctions::BoltGroup_C(m, n, sv, sh, ex, angle, pump.AsYield());
+    if (!c || guard_.ClosePending()) return;
     cFlex->SetTextMatrix(row, 7, Q(prim::Format(*c, "##,##0.000  ")));
     cFlex->SetTextMatrix(row, 8, Q(prim::Format(*cPrime, "##,##0.000  ")));
 }
@@ -417,7 +394,7 @@ void BoltCalcFrm::ShowSelection() {
 }
 
 void BoltCalcFrm::AddRowButton_Click() {
-    const BoltBusyScope busy(this);
+    const auto busy = guard_.Enter();
     if (Rows >= static_cast<float>(kMaxRows)) return;
     Rows += 1.0f;
     cFlex->SetRows(GridRowsOf(Rows));
@@ -430,14 +407,14 @@ void BoltCalcFrm::AddRowButton_Click() {
 }
 
 void BoltCalcFrm::RemRowButton_Click() {
-    const BoltBusyScope busy(this);
-    Rows = static_cast<float>(WeldFunctions::MaxOf({Rows - 1.0f, kMinRows}));
+    const auto busy = guard_.Enter();
+    Rows = static_cast<float>(shell::MaxOf({Rows - 1.0f, kMinRows}));
     cFlex->SetRows(GridRowsOf(Rows));
     RemRowButton->setEnabled(Rows > kMinRows);
 }
 
 void BoltCalcFrm::ClearButton_Click() {
-    const BoltBusyScope busy(this);
+    const auto busy = guard_.Enter();
     if (CountEntries() == 0) {
         ShowMessage(QMessageBox::Warning, QStringLiteral("Warning:"),
                     QStringLiteral("No Entries to Clear ! "));
@@ -455,7 +432,7 @@ void BoltCalcFrm::ClearButton_Click() {
 }
 
 void BoltCalcFrm::SaveButton_Click() {
-    const BoltBusyScope busy(this);
+    const auto busy = guard_.Enter();
     const int count = CountEntries();
     if (count < 1) {
         ShowMessage(QMessageBox::Warning, QStringLiteral("For Your Info:"),
@@ -485,7 +462,7 @@ void BoltCalcFrm::ShowMessage(int icon, const QString& title, const QString& tex
 }
 
 void BoltCalcFrm::cFlex_KeyDown(int16_t keyCode, int, bool& handled) {
-    const BoltBusyScope busy(this);
+    const auto busy = guard_.Enter();
     const int col = cFlex->Col();
     if (col < 1 || col > 6) return;
     if (keyCode == Delete) {
@@ -509,7 +486,7 @@ int16_t BoltCalcFrm::FilterKey(int col, int16_t key, bool boxIsRefilled) const {
 }
 
 void BoltCalcFrm::cFlex_KeyPress(int16_t key) {
-    const BoltBusyScope busy(this);
+    const auto busy = guard_.Enter();
     if (key == Esc) return;
     const int col = cFlex->Col();
     if (col < 1 || col > 6) return;
@@ -518,20 +495,20 @@ void BoltCalcFrm::cFlex_KeyPress(int16_t key) {
 }
 
 void BoltCalcFrm::cFlex_DblClick() {
-    const BoltBusyScope busy(this);
+    const auto busy = guard_.Enter();
     const int col = cFlex->Col();
     if (col >= 1 && col <= 6) OpenEditor(Space, true);
 }
 
 void BoltCalcFrm::cFlex_MouseDown(Qt::MouseButton button) {
-    const BoltBusyScope busy(this);
+    const auto busy = guard_.Enter();
     if (button != Qt::LeftButton) return;
     RowClicked = true;
     ShowSelection();
 }
 
 void BoltCalcFrm::cFlex_Scroll() {
-    const BoltBusyScope busy(this);
+    const auto busy = guard_.Enter();
     const int col = cFlex->Col();
     if (EdiTxt->isVisible() && col >= 1 && col <= 6) FlexProcedures::Flex_OpenEditor(cFlex, EdiTxt, 0, false);
 }
@@ -544,7 +521,7 @@ void BoltCalcFrm::OpenEditor(int16_t key, bool takeKey) {
 }
 
 void BoltCalcFrm::CloseEdit() {
-    const BoltBusyScope busy(this);
+    const auto busy = guard_.Enter();
     if (closingEdit_) return;
     ShowSelection();
     if (!EdiTxt->isVisible()) return;
@@ -595,7 +572,7 @@ bool BoltCalcFrm::EdiTxt_KeyPress(QKeyEvent* event) {
 }
 
 bool BoltCalcFrm::eventFilter(QObject* watched, QEvent* event) {
-    const BoltBusyScope busy(this);
+    const auto busy = guard_.Enter();
     if (watched == EdiTxt) {
         if (event->type() == QEvent::KeyPress) return EdiTxt_KeyPress(static_cast<QKeyEvent*>(event));
         if (event->type() == QEvent::FocusOut) {
@@ -606,14 +583,17 @@ bool BoltCalcFrm::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
+// The children outlive this object's own destructor: while they go, a scroll
+// bar or the edit box may still signal or filter through this window.
+BoltCalcFrm::~BoltCalcFrm() {
+    cFlex->disconnect(this);
+    EdiTxt->removeEventFilter(this);
+}
+
 void BoltCalcFrm::closeEvent(QCloseEvent* event) {
-    event->accept();
     setObjectName(QString());  // a new request opens a new window
     // A handler still on the stack (a long run serving events) finishes first.
-    if (busy_ > 0) {
-        closePending_ = true;
-        hide();
-        return;
-    }
+    if (guard_.DeferClose(event)) return;
+    event->accept();
     deleteLater();
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "bolt/BoltDataHandling.h"
+#include "shell/RunPump.h"
 
 class FlexGrid;
 class QLabel;
@@ -20,6 +21,7 @@ public:
     // `records` is the program's array of bolt rows; it outlives the window.
     explicit BoltCalcFrm(std::vector<BoltDataHandling::BoltRecord>& records,
                          QWidget* parent = nullptr);
+    ~BoltCalcFrm() override;
 
     // Path of the data file in the program's data folder.
     static QString DataFilePath();
@@ -81,7 +83,5 @@ private:
     // Handlers of this window on the stack. A long run serves events from
     // inside a handler, so the window may be closed there; it then goes only
     // once the outermost handler has returned.
-    friend class BoltBusyScope;
-    int busy_ = 0;
-    bool closePending_ = false;
+    shell::RunGuard guard_{this};
 };

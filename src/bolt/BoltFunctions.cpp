@@ -4,7 +4,8 @@
 #include <vector>
 
 #include "shell/Primitives.h"
-#include "weld/WeldFunctions.h"
+#include "shell/GuardedMath.h"
+#include "shell/MathUtil.h"
 
 namespace BoltFunctions {
 
@@ -13,19 +14,8 @@ namespace {
 // A statement of the solver that would fault (division by zero, overflow, an
 // invalid operation) is skipped and its target keeps its value. Every guarded
 // statement computes its value first and stores it only when it is finite.
-inline void Store(double& target, double value) {
-    if (std::isfinite(value)) target = value;
-}
-
-// Guarded quotient: false (nothing stored) on a zero divisor or a result that
-// is not finite.
-inline bool Divide(double numerator, double denominator, double& out) {
-    if (denominator == 0.0 || !std::isfinite(numerator) || !std::isfinite(denominator)) return false;
-    const double q = numerator / denominator;
-    if (!std::isfinite(q)) return false;
-    out = q;
-    return true;
-}
+constexpr auto Store = guarded::Let;
+using guarded::Divide;
 
 // A residual that changed sign from one pass to the next while staying
 // beyond the tolerance: the center overshoots its fixed point.
@@ -82,7 +72,7 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
     if (info != nullptr) *info = BoltRunInfo{};
 
     double a = 0.0;
-    Store(a, WeldFunctions::Radians(angle));
+    Store(a, shell::Radians(angle));
     const double cosA = std::cos(a);
     const double sinA = std::sin(a);
     double e = 0.0;
@@ -134,7 +124,7 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
             Store(du, b.first - Iu);
             Store(dv, b.second - Iv);
             Store(d, std::sqrt(du * du + dv * dv));
-            dmax = WeldFunctions::MaxOf({dmax, d});
+            dmax = shell::MaxOf({dmax, d});
             yield();
         }
 
@@ -197,7 +187,7 @@ std::optional<double> BoltGroup_CPrime(int16_t m, int16_t n, double sv, double s
         bolts[k].second = x0;
         double r = 0.0;
         Store(r, std::sqrt(x0 * x0 + y0 * y0));
-        dmax = WeldFunctions::MaxOf({dmax, r});
+        dmax = shell::MaxOf({dmax, r});
     });
 
     // Distances from the centroid, which stays put; no force scale.

@@ -4,13 +4,13 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
+
+#include "shell/Yield.h"
 
 namespace BoltFunctions {
 
-// Called at the solver's yield points so a window can serve its events.
-using YieldFn = std::function<void()>;
+using shell::YieldFn;
 
 // What one run of BoltGroup_C went through, for benchmarks and tests.
 struct BoltRunInfo {

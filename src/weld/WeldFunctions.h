@@ -21,10 +21,12 @@
 #include <string>
 #include <vector>
 
+#include "shell/MathUtil.h"
+#include "shell/Yield.h"
+
 namespace WeldFunctions {
 
-// The value of pi used throughout the program.
-constexpr double kPi = 3.14159265358979;
+using shell::kPi;
 
 // One straight weld line as the solver sees it, in inches, Y up. Callers fill
 // the four coordinates; Angle and Slope are written by the solver after it has
@@ -86,7 +88,7 @@ struct WeldRunState {
 // Callbacks of a run. Empty functions are not called.
 struct WeldRunHooks {
     // Lets waiting window events run.
-    std::function<void()> Yield;
+    shell::YieldFn Yield;
     // One pass in the capacity window: load angle (degrees), the trial center
     // relative to the centroid in the group's own axes, the display divisor,
     // and whether the coordinates were computed (false on the concentric path).
@@ -108,13 +110,10 @@ struct SolveReport {
     int32_t Segments = 0;       // rows of the segment table in the last pass
 };
 
-// Degrees to radians and back, with the truncated pi.
-double Radians(double value);
-double Degrees(double value);
-
-// Smallest and largest of a short list; 0 for an empty list.
-double MinOf(std::initializer_list<double> values);
-double MaxOf(std::initializer_list<double> values);
+using shell::Degrees;
+using shell::MaxOf;
+using shell::MinOf;
+using shell::Radians;
 
 // Angle of a line in radians: pi/2 for x1 = x2, 0 for y1 = y2 (exact tests),
 // otherwise the arctangent of its slope taken from left to right.
@@ -230,6 +229,10 @@ double Config_ByNumber(int16_t config, double L, double kL, double aL, double An
 // The line table of configuration 1 to 9 for already scaled lengths (empty
 // for other numbers). Used by the procedures above; handy for pictures.
 WeldLineTable Config_Lines(int16_t config, double L, double kL);
+
+// Scale of a configuration: its lengths are multiplied by this so that the
+// shortest given length is at least one inch (0 when L and kL are both 0).
+double Config_Scale(double L, double kL);
 
 // Centroid of a line table by exact line lengths (0 for a table of no length).
 double Centroid_X(const WeldLineTable& lines);

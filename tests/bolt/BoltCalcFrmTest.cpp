@@ -235,6 +235,7 @@ TEST_F(BoltWindow, LongRunKeepsTheWindowLiveAndMayBeClosed) {
     Type(1, 6, "89");
     EXPECT_GE(ticks, 2);  // events were served during the run
     frm_ = nullptr;       // the window goes once the run has returned
+    QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(alive.isNull());
 }
