@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iostream>
 
-#include "CalcKeys.h"
+#include "CalcKeyList.h"
 #include "Cli.h"
 #include "Output.h"
 #include "calc/CalcProcs.h"

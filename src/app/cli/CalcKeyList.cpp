@@ -1,14 +1,18 @@
-#include "CalcKeys.h"
+#include "CalcKeyList.h"
 
 #include <cctype>
+#include <map>
 
 #include "Cli.h"
+#include "calc/CalcKeys.h"
 
 namespace cli {
 
-const std::vector<CalcKeyInfo>& CalcKeyList() {
-    static const std::vector<CalcKeyInfo> keys = {
-        {"0-9", "digit keys (a whole number such as 100, 2.5, -3 or 1.5e3 is typed as its keys)", false},
+namespace {
+
+// What each key of the calculator's key table does, in a few words.
+const std::map<std::string, std::string>& Descriptions() {
+    static const std::map<std::string, std::string> words = {
         {"dot", "decimal point"},
         {"pm", "change the sign of the number or of the exponent being typed"},
         {"exp", "start the exponent of ten"},
@@ -22,7 +26,7 @@ const std::vector<CalcKeyInfo>& CalcKeyList() {
         {"xy", "x to the power y"},
         {"root", "y-th root of x"},
         {"=", "finish the calculation"},
-        {"frc", "fraction entry: the next digits are the denominator"},
+        {"frc", "fraction key (a b/c): whole number, numerator and denominator"},
         {"dc", "switch the display between decimal and fraction"},
         {"x-y", "exchange x and y"},
         {"PI", "pi"},
@@ -66,17 +70,44 @@ const std::vector<CalcKeyInfo>& CalcKeyList() {
         {"sqr2", "statistics: sum of the squares"},
         {"strd0", "statistics: standard deviation of the population (n)"},
         {"strd1", "statistics: standard deviation of a sample (n - 1)"},
-        {"kin:N", "store the display in register N (1 to 100)", false},
-        {"ko:N", "recall register N", false},
-        {"xk:N", "exchange the display with register N", false},
-        {"mplus:N", "add the display to register N", false},
-        {"mminus:N", "subtract the display from register N", false},
-        {"kac:N", "clear register N", false},
-        {"cnst:N", "the constant in row N of the constant table (1 to 128)", false},
-        {"deg, rad, grad", "angle mode from here on", false},
-        {"norm", "normal display from here on", false},
-        {"fix:N, sci:N", "fixed or scientific display with N places (0 to 14) from here on", false},
+        {"kin", "store the display in register N (1 to 100)"},
+        {"ko", "recall register N"},
+        {"xk", "exchange the display with register N"},
+        {"mplus", "add the display to register N"},
+        {"mminus", "subtract the display from register N"},
+        {"kac", "clear register N"},
+        {"cnst", "the constant in row N of the constant table (1 to 128)"},
     };
+    return words;
+}
+
+// Keys the command gives a register or row number: "kin:12".
+bool TakesNumber(const CalcProcs::KeyDef& k) { return k.registerAction.has_value() || std::string(k.token) == "cnst"; }
+
+}  // namespace
+
+std::string KeyDescription(const std::string& token) {
+    const auto it = Descriptions().find(token);
+    return it == Descriptions().end() ? std::string() : it->second;
+}
+
+const std::vector<CalcKeyInfo>& CalcKeyList() {
+    static const std::vector<CalcKeyInfo> keys = [] {
+        std::vector<CalcKeyInfo> out = {
+            {"0-9", "digit keys (a whole number such as 100, 2.5, -3 or 1.5e3 is typed as its keys)", false}};
+        // Every key of the calculator's own table, in key pad order; the
+        // window's own keys (clock, data window) have no token here.
+        for (const CalcProcs::KeyDef& k : CalcProcs::Key_Table()) {
+            if (k.kind == CalcProcs::KeyKind::Window || k.kind == CalcProcs::KeyKind::Digit) continue;
+            std::string does = KeyDescription(k.token);
+            if (does.empty()) does = k.word != nullptr && *k.word != 0 ? k.word : k.caption;
+            out.push_back({std::string(k.token) + (TakesNumber(k) ? ":N" : ""), does, !TakesNumber(k)});
+        }
+        out.push_back({"deg, rad, grad", "angle mode from here on", false});
+        out.push_back({"norm", "normal display from here on", false});
+        out.push_back({"fix:N, sci:N", "fixed or scientific display with N places (0 to 14) from here on", false});
+        return out;
+    }();
     return keys;
 }
 

@@ -1,6 +1,6 @@
 // The key tokens `calc` takes and a word on what each does, for
-// `calc --keys`. Kept behind this small interface so the list can come from
-// the calculator's own key table once there is one.
+// `calc --keys`: every key of the calculator's key table, then the command's
+// own mode tokens.
 #pragma once
 
 #include <string>
@@ -16,6 +16,8 @@ struct CalcKeyInfo {
 
 // Every key token of the engine, then the command's own tokens.
 const std::vector<CalcKeyInfo>& CalcKeyList();
+// The few words on what a key of the table does; empty for a key not described.
+std::string KeyDescription(const std::string& token);
 
 // A whole number ("100", "2.5", "-3", "1.5e3") as the keys that enter it:
 // digits, "dot", "pm" after the mantissa, "exp", exponent digits, "pm".
