@@ -140,8 +140,8 @@ std::string StripText(int stripIndex) { return "strip 1/" + std::to_string(Strip
 // One cell of the weld table by the system's iteration, stopped by the pass
 // limit like the other weld commands.
 std::optional<double> IterativeC(int16_t config, double L, double k, double a, double angle, int stripIndex,
-                                 long long maxPasses) {
-    weldcli::LimitedRun run(stripIndex, maxPasses, "weld-table");
+                                 long long maxPasses, cli::Progress& progress) {
+    weldcli::LimitedRun run(stripIndex, maxPasses, progress);
     const double c = WeldFunctions::Config_ByNumber(config, L, k * L, a * L, angle, WeldFunctions::kSelectC, run.state,
                                                     run.hooks, &run.report);
     if (run.report.Refused || !(run.report.Converged || run.report.Concentric)) return std::nullopt;
@@ -173,6 +173,7 @@ int WeldTable(const cli::Parsed& p) {
               shell::SolverModelCaption(model);
     t.corner = "a\\k";
     for (double k : ks) t.columns.push_back(prim::PlainText(k));
+    cli::Progress progress("weld-table");
     for (double a : as) {
         t.rows.push_back(prim::PlainText(a));
         auto& row = t.cells.emplace_back();
@@ -183,11 +184,12 @@ int WeldTable(const cli::Parsed& p) {
                 const double v = WeldElementModel::Config_C(c, L, k * L, a * L, angle, Strip(opt.stripIndex), &rep);
                 row.push_back(rep.Converged ? std::optional<double>(v) : std::nullopt);
             } else {
-                row.push_back(IterativeC(c, L, k, a, angle, opt.stripIndex, opt.maxPasses));
+                row.push_back(IterativeC(c, L, k, a, angle, opt.stripIndex, opt.maxPasses, progress));
             }
             t.machine.push_back({{"a", cli::Num(a)}, {"k", cli::Num(k)}, {"C", Value(row.back())}});
         }
     }
+    progress.Clear();
     return t.Print(p, csv);
 }
 

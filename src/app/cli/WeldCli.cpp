@@ -51,7 +51,16 @@ bool ReadCoords(const std::string& what, const std::string& text, double (&v)[4]
 }
 
 LimitedRun::LimitedRun(int stripIndex, long long passes, const std::string& label)
-    : maxPasses(passes), progress(label) {
+    : maxPasses(passes), ownProgress(std::in_place, label), progress(&*ownProgress) {
+    Start(stripIndex);
+}
+
+LimitedRun::LimitedRun(int stripIndex, long long passes, cli::Progress& shared)
+    : maxPasses(passes), progress(&shared) {
+    Start(stripIndex);
+}
+
+void LimitedRun::Start(int stripIndex) {
     WeldStrength::SegmentsPerInchOf(stripIndex, state.SegmentsPerInch);
     state.DisplayTarget = WeldFunctions::kDisplayCapacity;
     state.IterationResume = 0;
@@ -60,12 +69,12 @@ LimitedRun::LimitedRun(int stripIndex, long long passes, const std::string& labe
         shownX = divisor != 0.0 ? x / divisor : x;
         shownY = divisor != 0.0 ? y / divisor : y;
         if (report.Passes >= maxPasses) state.IterationStop = -1;
-        progress.Tick("pass " + std::to_string(report.Passes + 1));
+        progress->Tick("pass " + std::to_string(report.Passes + 1));
     };
 }
 
 int LimitedRun::Check(const cli::Parsed& p, const cli::Row& head) {
-    progress.Clear();
+    progress->Clear();
     if (report.Refused) return cli::Fail("the group has more than 32767 segments", 1);
     // Only a run that the pass limit stopped counts as not converged.
     if (state.IterationStop != 0 && !report.Converged) {

@@ -3,6 +3,7 @@
 // window's stop button.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "Cli.h"
@@ -36,9 +37,11 @@ struct LimitedRun {
     WeldFunctions::SolveReport report;
     long long maxPasses = kDefaultMaxPasses;
     double shownX = 0.0, shownY = 0.0;  // last center shown, divided by the divisor
-    cli::Progress progress;
+    std::optional<cli::Progress> ownProgress;
+    cli::Progress* progress;  // the run's own line, or one a table shares across its cells
 
     LimitedRun(int stripIndex, long long passes, const std::string& label);
+    LimitedRun(int stripIndex, long long passes, cli::Progress& shared);
 
     // After the run: 0 when there is a result to print; 1 for a refused
     // group; 3 when the pass limit ended the run, with one line on stderr and,
@@ -48,6 +51,9 @@ struct LimitedRun {
     cli::Row RunFields() const;
     // The --verbose lines of text output.
     void PrintVerbose() const;
+
+private:
+    void Start(int stripIndex);
 };
 
 }  // namespace weldcli
