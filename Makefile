@@ -18,7 +18,9 @@ configure: bootstrap $(BUILD_DIR)/build.ninja
 build: configure
 	cmake --build $(BUILD_DIR) -j $(JOBS)
 
-run: build
+# Only the program and what it links: tests and benchmarks wait for `make test`.
+run: configure
+	cmake --build $(BUILD_DIR) -j $(JOBS) --target ferrolith
 	$(BUILD_DIR)/src/app/ferrolith
 
 test: build
