@@ -290,6 +290,29 @@ TEST(WldFormat, RandomMutationsNeverBreakTheReader) {
     EXPECT_GT(accepted, 0);
 }
 
+TEST(WldFile, LargestLayoutIsReadAndALongerFileIsRefusedFromItsSize) {
+    const fs::path dir = TempDir();
+    const std::string path = (dir / "full.wld").string();
+    LayoutDocument doc;
+    doc.Lines.assign(PublicVariables::kMaxTableRows, LineRec{});
+    doc.Dims.assign(PublicVariables::kMaxTableRows, DimensionRec{});
+    for (LineRec& line : doc.Lines) line.LineName = "Line Number -32768";
+    doc.LineCounter = 32767;
+    ASSERT_EQ(Write_Layout(doc, path).Number, 0);
+    EXPECT_EQ(fs::file_size(path), Layout_MaxFileBytes());
+    LayoutDocument back;
+    ASSERT_TRUE(Read_Layout(back, path));
+    EXPECT_EQ(back.Lines.size(), PublicVariables::kMaxTableRows);
+
+    // A good layout with bytes after it reads; past the cap it is refused.
+    ASSERT_EQ(Write_Layout(OneLine(), path).Number, 0);
+    fs::resize_file(path, Layout_MaxFileBytes());
+    EXPECT_TRUE(Read_Layout(back, path));
+    fs::resize_file(path, Layout_MaxFileBytes() + 1);
+    EXPECT_FALSE(Read_Layout(back, path));
+    fs::remove_all(dir);
+}
+
 TEST(WldFile, WriteAndReadThroughTheDisk) {
     const fs::path dir = TempDir();
     const std::string path = (dir / "box.wld").string();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cmath>
@@ -336,15 +337,26 @@ TEST_F(CalcFilesDir, DamagedFilesAreDeletedWithAWarning) {
     EXPECT_EQ(Load_Registers(mem, regs).outcome, Outcome::FirstRun);
 }
 
-TEST_F(CalcFilesDir, AFolderInPlaceOfTheFileIsReportedAndKept) {
+TEST_F(CalcFilesDir, AFileThatCannotBeOpenedIsReportedAndKept) {
     const fs::path mem = dir_ / kRegisterFileName;
     fs::create_directory(mem);
-    RegisterArray regs;
+    RegisterArray regs = SampleRegisters();
     const FileStatus st = Load_Registers(mem, regs);
-    EXPECT_EQ(st.outcome, Outcome::Damaged);
+    EXPECT_EQ(st.outcome, Outcome::Unreadable);
     EXPECT_EQ(st.Message(), "Error No. 75:  Path/File access error");
+    EXPECT_TRUE(st.ShowMessage());
     EXPECT_FALSE(st.FileDeleted);
     EXPECT_TRUE(fs::is_directory(mem));
+    EXPECT_EQ(regs[0].Value, 0.0) << "the calculator starts empty";
+
+    // A FIFO neither hangs the reader nor is deleted.
+    const fs::path sdf = dir_ / kDataFileName;
+    ASSERT_EQ(::mkfifo(sdf.c_str(), 0600), 0);
+    DataList data = SampleData();
+    EXPECT_EQ(Load_Data(sdf, data).outcome, Outcome::Unreadable);
+    EXPECT_TRUE(fs::is_fifo(sdf));
+    EXPECT_FALSE(data.IsList());
+    fs::remove(sdf);
 
     const FileStatus sv = Save_Registers(mem, SampleRegisters());
     EXPECT_EQ(sv.outcome, Outcome::Failed);
@@ -355,8 +367,20 @@ TEST_F(CalcFilesDir, AFolderInPlaceOfTheFileIsReportedAndKept) {
 
 TEST_F(CalcFilesDir, OversizedDataFileIsDroppedSilently) {
     const fs::path sdf = dir_ / kDataFileName;
-    WriteAll(sdf, Bytes({0x0C, 0x20}));
-    fs::resize_file(sdf, (64u << 20) + 1);  // sparse: cheap to make
+    DataList full;
+    full.kind = DataList::Kind::List;
+    full.Values.assign(kMaxDataValues, 1.5);
+    ASSERT_EQ(Save_Data(sdf, full).outcome, Outcome::Saved);
+    EXPECT_EQ(fs::file_size(sdf), kDataFileMax);
+    full.Values.push_back(2.5);
+    const FileStatus over = Save_Data(sdf, full);
+    EXPECT_EQ(over.Message(), "Error No. 6:  Overflow");
+    EXPECT_EQ(fs::file_size(sdf), kDataFileMax) << "the old file stays";
+    DataList back;
+    ASSERT_EQ(Load_Data(sdf, back).outcome, Outcome::Loaded);
+    EXPECT_EQ(back.Values.size(), kMaxDataValues);
+
+    fs::resize_file(sdf, kDataFileMax + 1);  // refused from its size alone
     DataList data = SampleData();
     const FileStatus st = Load_Data(sdf, data);
     EXPECT_EQ(st.outcome, Outcome::Damaged);
