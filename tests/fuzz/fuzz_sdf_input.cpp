@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     CalcFiles::DataList list;
     const CalcFiles::FileStatus st = CalcFiles::Decode_Data(bytes, list);
     if (st.outcome != CalcFiles::FileStatus::Outcome::Loaded) {
-        FUZZ_CHECK(st.outcome == CalcFiles::FileStatus::Outcome::Damaged);
+        FUZZ_CHECK(st.outcome == CalcFiles::FileStatus::Outcome::Damaged && st.ErrorNumber != 0);
         return 0;
     }
     if (!list.IsList()) return 0;
