@@ -19,7 +19,6 @@ using PublicVariables::PointRec;
 namespace {
 
 constexpr size_t kHeaderBytes = 10;
-constexpr size_t kPointBytes = 10;
 constexpr size_t kLineFixedBytes = 44;  // a line entry without its name
 constexpr size_t kDimBytes = 56;
 constexpr size_t kLoadBytes = 30;
