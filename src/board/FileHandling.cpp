@@ -19,16 +19,14 @@ using PublicVariables::PointRec;
 namespace {
 
 constexpr size_t kHeaderBytes = 10;
-constexpr size_t kPointBytes = 10;
 constexpr size_t kLineFixedBytes = 44;  // a line entry without its name
 constexpr size_t kDimBytes = 56;
 constexpr size_t kLoadBytes = 30;
 constexpr size_t kViewportBytes = 32;
 constexpr size_t kMaxNameBytes = 0xFFFF;
-// The largest file that can hold a layout; anything beyond is never read.
-constexpr uint64_t kMaxLayoutBytes =
-    kViewportBytes + 2 * kHeaderBytes + 2 + kLoadBytes +
-    PublicVariables::kMaxTableRows * (kLineFixedBytes + kMaxNameBytes + kDimBytes);
+// The longest name the program gives a line: "Line Number " and a 16-bit
+// counter plus one, sign included.
+constexpr size_t kLongestLineName = 12 + 6;
 
 // ---- Writing --------------------------------------------------------------------
 
@@ -204,10 +202,15 @@ FileError Write_Layout(const LayoutDocument& doc, const std::string& path) {
     return fileio::WriteReplacing(path, Layout_Bytes(doc));
 }
 
+size_t Layout_MaxFileBytes() {
+    return kViewportBytes + 2 * kHeaderBytes + 2 + kLoadBytes +
+           PublicVariables::kMaxTableRows * (kLineFixedBytes + kLongestLineName + kDimBytes);
+}
+
 bool Read_Layout(LayoutDocument& doc, const std::string& path) {
     std::string bytes;
     fileio::IoError error;
-    if (!fileio::ReadWhole(path, kMaxLayoutBytes, bytes, error)) return false;
+    if (fileio::ReadWhole(path, Layout_MaxFileBytes(), bytes, error) != fileio::ReadOutcome::Read) return false;
     return Layout_FromBytes(bytes, doc);
 }
 

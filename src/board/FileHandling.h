@@ -33,8 +33,13 @@ bool Layout_FromBytes(std::string_view bytes, LayoutDocument& doc);
 // Writes the document to path through a temporary file in the same folder and
 // a rename: the old file survives a failed write.
 FileError Write_Layout(const LayoutDocument& doc, const std::string& path);
+// The largest file that can hold a layout the program makes: 32,767 lines
+// with the longest names and 32,767 dimensions. A longer file is refused from
+// its size alone.
+size_t Layout_MaxFileBytes();
 // Replaces the document by the file's content; false (document unchanged,
-// no message) when the file cannot be read or does not hold a layout.
+// no message) when the file cannot be read, is longer than
+// Layout_MaxFileBytes() or does not hold a layout.
 bool Read_Layout(LayoutDocument& doc, const std::string& path);
 
 // The text behind the last path separator of path (the whole text when there

@@ -1,8 +1,8 @@
 #include "bolt/BoltDataHandling.h"
 
+#include <unistd.h>
+
 #include <cstdint>
-#include <filesystem>
-#include <system_error>
 
 #include "shell/Primitives.h"
 
@@ -10,16 +10,12 @@ namespace BoltDataHandling {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 // The smallest element: a row number and eight empty texts.
 constexpr size_t kMinElementBytes = 2 + 8 * 2;
 
 const BoltDataError kPastEnd = fileio::MakeError(fileio::kErrPastEnd);
 const BoltDataError kBadHeader = fileio::MakeError(fileio::kErrTypeMismatch);
 const BoltDataError kOverflow = fileio::MakeError(fileio::kErrOverflow);
-// What a read of an empty file gives: the ordinary first-run case.
-constexpr int32_t kOutOfMemory = fileio::kErrOutOfMemory;
 
 std::string* Field(BoltRecord& r, int i) {
     std::string* fields[8] = {&r.M, &r.N, &r.Sv, &r.Sh, &r.Ex, &r.Angle, &r.C, &r.CPrime};
@@ -66,10 +62,8 @@ struct Reader {
     }
 };
 
-void Remove(const std::string& path) {
-    std::error_code ec;
-    fs::remove(path, ec);
-}
+// Only a regular file is ever deleted (unlink never removes a folder).
+void Remove(const std::string& path) { ::unlink(path.c_str()); }
 
 }  // namespace
 
@@ -95,6 +89,10 @@ bool EncodeBoltRecords(const std::vector<BoltRecord>& records, std::string& byte
             PutU16(out, static_cast<uint16_t>(text.size()));
             out += text;
         }
+    }
+    if (out.size() > kMaxFileBytes) {
+        error = kOverflow;
+        return false;
     }
     bytes = std::move(out);
     return true;
@@ -137,34 +135,41 @@ bool DecodeBoltRecords(std::string_view bytes, std::vector<BoltRecord>& records,
     return true;
 }
 
-void BoltData_Read(std::vector<BoltRecord>& records, const std::string& path, int16_t& status,
-                   const ErrorFn& ShowError) {
-    std::error_code ec;
-    if (!fs::exists(path, ec)) {
-        status = -1;
-        return;
-    }
+ReadResult BoltData_Read(std::vector<BoltRecord>& records, const std::string& path, int16_t& status,
+                         const ErrorFn& ShowError) {
     std::string bytes;
     BoltDataError error;
-    if (!fileio::ReadWhole(path, SIZE_MAX, bytes, error)) {
-        // error tells why the file could not be read
-    } else if (bytes.empty()) {
-        error = fileio::MakeError(kOutOfMemory);
-    } else {
-        std::vector<BoltRecord> loaded;
-        if (DecodeBoltRecords(bytes, loaded, error)) {
-            records = std::move(loaded);
-            status = 0;
-            return;
-        }
+    switch (fileio::ReadWhole(path, kMaxFileBytes, bytes, error)) {
+        case fileio::ReadOutcome::Missing:
+            status = -1;
+            return ReadResult::NoFile;
+        case fileio::ReadOutcome::Unreadable:
+            // Perhaps a good file the user cannot open now: it stays.
+            status = -1;
+            if (ShowError) ShowError(error.Message());
+            return ReadResult::Unreadable;
+        case fileio::ReadOutcome::TooLarge:
+            Remove(path);
+            status = -1;
+            return ReadResult::Malformed;
+        case fileio::ReadOutcome::Read:
+            break;
     }
-    // A file that cannot be read is thrown away.
-    Remove(path);
-    if (error.Number == kOutOfMemory) {
+    if (bytes.empty()) {
+        // What an interrupted first session leaves: the first-run case.
+        Remove(path);
         status = -1;
-        return;
+        return ReadResult::NoFile;
     }
+    std::vector<BoltRecord> loaded;
+    if (DecodeBoltRecords(bytes, loaded, error)) {
+        records = std::move(loaded);
+        status = 0;
+        return ReadResult::Loaded;
+    }
+    Remove(path);
     if (ShowError) ShowError(error.Message());
+    return ReadResult::Malformed;
 }
 
 void BoltData_Write(const std::vector<BoltRecord>& records, const std::string& path,

@@ -37,12 +37,6 @@ constexpr uint16_t kTagDouble = 0x0005;
 constexpr uint16_t kTagText = 0x0008;
 constexpr uint16_t kTagVariantArray = 0x200C;
 
-// The biggest files either reader will look at. A register file cannot be
-// longer than 100 records with the longest descriptions; a data file past
-// the cap would hold millions of values and is refused as too big.
-constexpr uintmax_t kRegisterFileMax = uintmax_t(kRegisterCount) * (10 + 65535);
-constexpr uintmax_t kDataFileMax = 64u << 20;
-
 // Little-endian writing and bounds-checked reading.
 void PutU16(std::string& out, uint16_t v) {
     out.push_back(char(v & 0xFF));
@@ -98,27 +92,29 @@ private:
     size_t pos_ = 0;
 };
 
-// Reads at most `cap` bytes of a file. False when it cannot be read.
-bool ReadFile(const fs::path& path, uintmax_t cap, std::string& bytes, int32_t& error) {
+// Reads and decodes one file. No file, or an empty one, is the first run. A
+// file that cannot be opened or read stays where it is; one whose bytes are
+// malformed, or that is longer than any file the program writes, is deleted.
+template <class Decode>
+FileStatus LoadFile(const fs::path& path, uintmax_t cap, Decode decode) {
+    std::string bytes;
     fileio::IoError e;
-    if (fileio::ReadWhole(path.string(), static_cast<size_t>(cap), bytes, e)) return true;
-    error = e.Number;
-    return false;
-}
-
-// The first run finds no file or the empty file that an interrupted first
-// session leaves behind.
-bool IsFirstRun(const fs::path& path) {
-    std::error_code ec;
-    if (!fs::exists(path, ec)) return true;
-    return fs::is_regular_file(path, ec) && fs::file_size(path, ec) == 0 && !ec;
-}
-
-// A file that cannot be read is removed, so the next start begins clean.
-void DeleteDamaged(const fs::path& path, FileStatus& st) {
-    std::error_code ec;
-    if (fs::is_regular_file(path, ec)) fs::remove(path, ec);
-    st.FileDeleted = !fs::exists(path, ec);
+    FileStatus st;
+    switch (fileio::ReadWhole(path.string(), static_cast<size_t>(cap), bytes, e)) {
+        case fileio::ReadOutcome::Missing: return Make(FileStatus::Outcome::FirstRun);
+        case fileio::ReadOutcome::Unreadable: return Make(FileStatus::Outcome::Unreadable, e.Number);
+        case fileio::ReadOutcome::TooLarge: st = Bad(kErrOutOfMemory); break;
+        case fileio::ReadOutcome::Read:
+            if (bytes.empty()) return Make(FileStatus::Outcome::FirstRun);
+            st = decode(bytes);
+            break;
+    }
+    if (st.outcome == FileStatus::Outcome::Damaged) {
+        std::error_code ec;
+        if (fs::is_regular_file(fs::symlink_status(path, ec))) fs::remove(path, ec);
+        st.FileDeleted = !fs::exists(fs::symlink_status(path, ec));
+    }
+    return st;
 }
 
 // The program's data folder is made on the first save.
@@ -172,16 +168,7 @@ FileStatus Decode_Registers(std::string_view bytes, RegisterArray& registers) {
 
 FileStatus Load_Registers(const fs::path& path, RegisterArray& registers) {
     registers = RegisterArray{};
-    if (IsFirstRun(path)) return Make(FileStatus::Outcome::FirstRun);
-    std::string bytes;
-    int32_t error = 0;
-    FileStatus st = ReadFile(path, kRegisterFileMax, bytes, error) ? Decode_Registers(bytes, registers)
-                                                                    : Bad(error);
-    if (st.outcome == FileStatus::Outcome::Damaged) {
-        registers = RegisterArray{};
-        DeleteDamaged(path, st);
-    }
-    return st;
+    return LoadFile(path, kRegisterFileMax, [&](std::string_view b) { return Decode_Registers(b, registers); });
 }
 
 FileStatus Save_Registers(const fs::path& path, const RegisterArray& registers) {
@@ -265,24 +252,11 @@ FileStatus Decode_Data(std::string_view bytes, DataList& data) {
 
 FileStatus Load_Data(const fs::path& path, DataList& data) {
     data = DataList{};
-    if (IsFirstRun(path)) return Make(FileStatus::Outcome::FirstRun);
-    std::error_code ec;
-    FileStatus st;
-    if (fs::is_regular_file(path, ec) && fs::file_size(path, ec) > kDataFileMax) {
-        st = Bad(kErrOutOfMemory);
-    } else {
-        std::string bytes;
-        int32_t error = 0;
-        st = ReadFile(path, kDataFileMax, bytes, error) ? Decode_Data(bytes, data) : Bad(error);
-    }
-    if (st.outcome == FileStatus::Outcome::Damaged) {
-        data = DataList{};
-        DeleteDamaged(path, st);
-    }
-    return st;
+    return LoadFile(path, kDataFileMax, [&](std::string_view b) { return Decode_Data(b, data); });
 }
 
 FileStatus Save_Data(const fs::path& path, const DataList& data) {
+    if (data.IsList() && data.Values.size() > kMaxDataValues) return Make(FileStatus::Outcome::Failed, fileio::kErrOverflow);
     return WriteFileReplacing(path, Encode_Data(data));
 }
 

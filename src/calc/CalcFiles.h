@@ -2,10 +2,12 @@
 //   CalcMem.mem   the 100 memory registers
 //   SdfInput.sdf  the statistics data list
 // Both are read whole when the calculator window opens and written whole when
-// it closes. Readers check every count and length against the bytes in hand;
-// a file that cannot be read is deleted and reported through FileStatus, which
-// carries the message the window shows. Writers go through a temporary file in
-// the same folder and a rename, so a failed write leaves the old file intact.
+// it closes. Readers check every count and length against the bytes in hand.
+// A file whose bytes are malformed is deleted (Outcome::Damaged); a file that
+// cannot be opened or read at all is left alone (Outcome::Unreadable). Both
+// carry the message the window shows, and the calculator starts empty. Writers
+// go through a temporary file in the same folder and a rename, so a failed
+// write leaves the old file intact.
 #pragma once
 
 #include <array>
@@ -51,25 +53,35 @@ struct DataList {
 // "Data-" and the row number (index + 1) in at least two digits.
 std::string Data_Name(int index);
 
+// The largest files the program writes; a longer one is refused from its size
+// alone, as too big to hold (error 7). Registers: 100 records with the longest
+// descriptions. Data: a list as long as the data window's 16-bit row counter
+// allows; a longer list is not saved (error 6, overflow).
+constexpr uintmax_t kRegisterFileMax = uintmax_t(kRegisterCount) * (10 + 65535);
+constexpr size_t kMaxDataValues = 32767;
+constexpr uintmax_t kDataFileMax = 12 + 10 * uintmax_t(kMaxDataValues);
+
 // ---- Outcome of a load or save -----------------------------------------------
 
 struct FileStatus {
     enum class Outcome {
         Loaded,    // the file was read
         FirstRun,  // no file (or an empty one): registers clear / no data
-        Damaged,   // the file could not be read; it has been deleted
+        Damaged,     // the bytes are malformed (or too many): the file has been deleted
+        Unreadable,  // the file could not be opened or read: it is left as it was
         Saved,     // the file was written
         Failed     // the file could not be written; the old one is untouched
     };
     Outcome outcome = Outcome::Loaded;
-    int32_t ErrorNumber = 0;         // set for Damaged and Failed
+    int32_t ErrorNumber = 0;         // set for Damaged, Unreadable and Failed
     std::string ErrorDescription;    // e.g. "Input past end of file"
     bool FileDeleted = false;        // Damaged: the damaged file is gone
 
     // True when the window must show the warning box (stop icon, MessageTitle).
     // A data file too big to hold (error 7, out of memory) is dropped silently.
     bool ShowMessage() const {
-        return (outcome == Outcome::Damaged && ErrorNumber != 7) || outcome == Outcome::Failed;
+        return (outcome == Outcome::Damaged && ErrorNumber != 7) || outcome == Outcome::Unreadable ||
+               outcome == Outcome::Failed;
     }
     // "Error No. " & number & ":  " & description.
     std::string Message() const;
@@ -95,14 +107,16 @@ FileStatus Decode_Data(std::string_view bytes, DataList& data);
 // ---- Files ----------------------------------------------------------------------
 
 // Clears the registers, then reads them from `path`. A missing or empty file
-// is the first run (all registers clear). A damaged file is deleted and the
-// registers stay clear.
+// is the first run (all registers clear). A damaged file is deleted, an
+// unreadable one left alone; either way the registers stay clear.
 FileStatus Load_Registers(const std::filesystem::path& path, RegisterArray& registers);
 // Writes all registers to `path` (folder created if needed).
 FileStatus Save_Registers(const std::filesystem::path& path, const RegisterArray& registers);
 
 // Clears the data (no list), then reads it from `path`, as Load_Registers.
 FileStatus Load_Data(const std::filesystem::path& path, DataList& data);
+// Writes the data; a list of more than kMaxDataValues values is not written
+// (Failed, error 6) and the old file stays.
 FileStatus Save_Data(const std::filesystem::path& path, const DataList& data);
 
 }  // namespace CalcFiles

@@ -1,7 +1,6 @@
 // Whole-file reading and writing for the program's own files, and the
 // run-time error numbers their warning boxes show ("Error No. 62:  Input
-// past end of file"). A file is replaced through a temporary file in the same
-// folder and a rename, so a failed write never destroys the old file.
+// past end of file").
 #pragma once
 
 #include <cstddef>
@@ -36,13 +35,36 @@ IoError MakeError(int32_t number);
 // The error number of a system error code of a file operation.
 IoError ErrnoError(int err);
 
-// Reads a regular file whole, at most `cap` bytes of it. A missing file, a
-// folder or a read failure gives false with the error.
-bool ReadWhole(const std::string& path, size_t cap, std::string& bytes, IoError& error);
+// What a read found. The readers act on it: only bytes that were read and
+// found malformed may cost the user the file; a file that could not be opened
+// or read is left where it is.
+enum class ReadOutcome {
+    Read,        // the bytes are in hand (possibly none)
+    Missing,     // nothing at the path
+    Unreadable,  // there but not readable: permission, I/O error, a folder, a FIFO, a device
+    TooLarge,    // longer than the largest valid file of its format; refused from its size alone
+};
 
-// Replaces `path` with `bytes`: a new file beside it, flushed to disk, then
-// renamed over the old one. A missing folder is an error ("Path not found").
-// On failure the temporary file is removed and the old file is left as it was.
+// Reads a regular file whole. The file is opened without blocking (a FIFO or
+// a device never hangs the reader) and its kind and size are checked before a
+// byte is read: anything but a regular file is Unreadable, a file longer than
+// `cap` bytes is TooLarge. `error` tells the reason of every outcome but Read.
+ReadOutcome ReadWhole(const std::string& path, size_t cap, std::string& bytes, IoError& error);
+
+// Replaces the file at `path` with `bytes`: a new file in the same folder,
+// flushed to disk, then renamed over the old one, so a failed write never
+// destroys the old file. A symbolic link is followed and its target is
+// replaced; the new file keeps the old one's permission bits (a new file gets
+// the umask's). A target that exists and is not a regular file (a folder, a
+// FIFO, a device) is refused with "Path/File access error" and nothing is
+// touched. A missing folder is "Path not found". Because the file is replaced,
+// another hard link to the old file keeps the old contents.
+//
+// The temporary file is ".NAME.ferrolith-tmp-PID"; a save removes the ones
+// in its folder whose process is gone (a save killed midway leaves one).
 IoError WriteReplacing(const std::string& path, std::string_view bytes);
+
+// The temporary file name a save of `path` by process `pid` uses.
+std::string TempPathFor(const std::string& path, long pid);
 
 }  // namespace fileio

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
@@ -337,6 +338,18 @@ TEST_F(BoltWindow, DamagedFileIsReportedAndDeleted) {
     Open();
     EXPECT_EQ(watchdog.Seen().size(), 1);
     EXPECT_FALSE(QFile::exists(BoltCalcFrm::DataFilePath()));
+}
+
+TEST_F(BoltWindow, UnreadableFileIsReportedAndKept) {
+    // A folder stands where the file should be: said once, left alone, the
+    // table starts empty.
+    QDir().mkpath(BoltCalcFrm::DataFilePath());
+    Open();
+    ASSERT_EQ(strayBoxes_.Seen().size(), 1);
+    EXPECT_EQ(strayBoxes_.Seen()[0].text, "Error No. 75:  Path/File access error");
+    EXPECT_TRUE(QFileInfo(BoltCalcFrm::DataFilePath()).isDir());
+    EXPECT_EQ(grid_->TextMatrix(1, 1), "");
+    QDir().rmdir(BoltCalcFrm::DataFilePath());
 }
 
 TEST_F(BoltWindow, HeadingsFitTheirCells) {

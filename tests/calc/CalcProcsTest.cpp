@@ -8,6 +8,9 @@
 
 #include "calc/CalcProcs.h"
 #include "calc/CalcVariables.h"
+#include "calc/ConstantModule.h"
+
+#include "../cli/GoldenFile.h"
 
 namespace {
 
@@ -47,27 +50,15 @@ void RunCases(const std::vector<Case>& cases, void (*setup)(CalcVariables&) = nu
 TEST(CalcEntry, DigitsPointSignAndExponent) {
     RunCases({
         {"", "0.|"},
-        {"5", "5.|"},
-        {"1 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6", "123456789012345.|"},  // the 16th digit is ignored
         {"1 2 3 4 5 6 7 8 9 0 1 2 3 4 pm dot 5 6", "-12345678901234.5|"},
-        {"0 0 7", "7.|"},
-        {"0 dot 0 7", "0.07|"},
-        {"dot", "0.|"},
         {"1 dot dot 5", "1.5|"},
-        {"+ 5 =", "5.|"},              // an operator first works on 0
-        {"exp 5", "5.|"},              // no entry: EXP does nothing
         {"5 exp", "5.| 00"},
-        {"5 pm exp 3", "-5.| 03"},
-        {"5 exp 1 2 3", "5.| 23"},     // the exponent keeps its last two digits
         {"5 exp 2 pm", "5.|-02"},
         {"5 exp 2 pm pm", "5.| 02"},
         {"5 exp 2 dot", "5.| 02"},
-        {"4 sqrt 7", "7.|"},           // a digit after a result starts a new number
         {"5 pm pm", "5.|"},
         {"0 pm", "0.|"},
         {"9 sqrt pm", "-3.|"},         // sign of a result
-        {"1 exp 1 5 =", "1.| 15"},
-        {"1 exp 2 0 pm =", "1.|-20"},
         {"1 2 dot 5 ers", "12.|"},     // the point goes with the last decimal
         {"1 2 ers", "1.|"},
         {"1 ers", "0.|"},
@@ -85,25 +76,15 @@ TEST(CalcEntry, DigitsPointSignAndExponent) {
 
 TEST(CalcEntry, ErrorLocksEverythingButAC) {
     RunCases({
-        {"1 / 0 =", "*Divide by Zero*|"},
         {"1 / 0 = C", "*Divide by Zero*|"},
         {"1 / 0 = 5 + 3 = pm exp sqrt", "*Divide by Zero*|"},
         {"1 / 0 = dc engl engr ptor min", "*Divide by Zero*|"},
-        {"1 / 0 = AC", "0.|"},
         {"1 / 0 = AC 2 + 3 =", "5.|"},
     });
 }
 
 TEST(CalcPriority, ChainsUndoAndRedo) {
     RunCases({
-        {"2 + 3 * 4 =", "14.|"},
-        {"2 * 3 + 4 =", "10.|"},
-        {"1 + 2 * 3 / 4 =", "2.5|"},
-        {"2 + 3 xy 2 =", "11.|"},
-        {"2 * 3 xy 2 =", "18.|"},
-        {"2 xy 3 xy 2 =", "64.|"},
-        {"2 + * 3 =", "6.|"},          // the "*" replaces the "+"
-        {"1 + 2 * + 5 =", "7.|"},      // an empty entry resets the total to X
         {"9 - 2 * 3 =", "3.|"},
         {"8 - 6 / 2 =", "5.|"},
         {"1 - 2 xy 3 =", "-7.|"},
@@ -133,7 +114,6 @@ TEST(CalcPriority, DisplayRuleOfEvaluatePending) {
     // Only "=" or a repeat of the same operator shows the total.
     RunCases({
         {"2 + 3 +", "5.|"},
-        {"2 * 3 +", "3.|"},
         {"2 * 3 *", "6.|"},
         {"2 xy 3 xy", "8.|"},
     });
@@ -141,10 +121,6 @@ TEST(CalcPriority, DisplayRuleOfEvaluatePending) {
 
 TEST(CalcPriority, ConstantCalculation) {
     RunCases({
-        {"5 + + 3 =", "8.|"},
-        {"5 + + 3 = =", "13.|"},
-        {"5 * * 3 =", "15.|"},
-        {"5 * * 3 = =", "75.|"},
         {"2 / / 8 =", "4.|"},
         {"2 - - 9 = =", "5.|"},
         {"2 xy xy 3 =", "9.|"},
@@ -167,10 +143,7 @@ TEST(CalcPriority, ConstantCalculation) {
 
 TEST(CalcPriority, PowerAndRootErrors) {
     RunCases({
-        {"8 pm root 3 =", "-2.|"},
         {"8 pm xy 3 =", "-512.|"},
-        {"8 pm xy 0 dot 5 =", "*Invalid Power*|"},
-        {"0 xy 0 =", "*Divide by Zero*|"},
         {"1 0 xy 2 0 0 =", "*Infinity*|"},
         {"1 0 xy 2 0 0 pm =", "0.|"},  // below 1E-99: 0, no error
         {"1 exp 9 0 * 1 exp 9 0 =", "*Infinity*|"},
@@ -180,28 +153,16 @@ TEST(CalcPriority, PowerAndRootErrors) {
 
 TEST(CalcFunctionsKeys, WorkedExamples) {
     RunCases({
-        {"1 8 0 sin", "0.|"},
         {"3 6 0 cos", "1.|"},
         {"9 0 cos", "0.|"},
         {"3 0 sin", "0.5|"},
         {"4 5 tan", "1.|"},
-        {"9 0 tan", "*Out of Range*|"},
         {"2 7 0 tan", "*Out of Range*|"},
         {"1 8 0 tan", "0.|"},
-        {"1 0 0 0 log", "3.|"},
-        {"0 log", "*Out of Range*|"},
         {"1 pm ln", "*Out of Range*|"},
-        {"0 fact", "1.|"},
         {"5 fact", "120.|"},
-        {"6 9 fact", "1.71122452428141| 98"},
-        {"7 0 fact", "*Infinity*|"},
         {"2 0 0 fact", "*Infinity*|"},
-        {"1 pm fact", "*Out of Range*|"},
-        {"2 dot 5 fact", "*Error*|"},
-        {"8 pm cubt", "-2.|"},
-        {"1 pm sqrt", "*Undefined*|"},
         {"1 6 sqrt", "4.|"},
-        {"0 rcp", "*Divide by Zero*|"},
         {"3 rcp", "0.333333333333333|"},
         {"4 rcp", "0.25|"},
         {"3 sqr", "9.|"},
@@ -252,7 +213,6 @@ TEST(CalcFunctionsKeys, SwapConversionsAndRandom) {
         {"2 + 3 = 7 x-y", "5.|"},
         {"2 + 3 = 7 x-y x-y", "7.|"},
         {"x-y", "0.|"},
-        {"2 ptor 9 0 = x-y", "2.|"},
         {"3 rtop 4 =", "5.|"},
         {"3 rtop 4 = x-y", "53.130102354156|"},
         {"0 rtop 4 =", "*Divide by Zero*|"},
@@ -291,9 +251,7 @@ TEST(CalcFunctionsKeys, EngineeringKeysShiftTheDisplayOnly) {
 
 TEST(CalcDisplay, ModesAndFormatting) {
     RunCases({
-        {"1 / 3 =", "0.333333333333333|"},
         {"2 / 3 =", "0.666666666666667|"},
-        {"1 2 3 4 5 6 7 8 9 0 1 * 1 =", "12345678901.|"},
         {"0 dot 0 0 5 * 1 =", "0.005|"},
         {"1 exp 2 0 pm * 1 =", "1.|-20"},
         // The mantissa's whole digits are counted after rounding to units.
@@ -392,35 +350,24 @@ TEST(CalcDisplay, ClockSwallowsTheNextKey) {
 
 TEST(CalcFractions, EntryToggleAndSexagesimal) {
     RunCases({
-        {"1 frc 2 frc 3", "1 2/3.|"},
-        {"1 frc 2 frc 3 + 1 =", "2.66666666666667|"},
         {"1 frc", "1/.|"},
         {"1 frc 2 frc 3 frc", "1 2/3.|"},    // a third separator is dropped
         {"1 frc frc 2", "1/2.|"},            // "/" right after "/" is dropped
-        {"0 frc", "0.|"},
-        {"2 dot 5 frc", "2.5|"},
-        {"1 frc 2 frc 3 pm", "-1 2/3.|"},
         {"1 frc 2 frc 3 pm pm", "1 2/3.|"},
         {"1 frc 2 frc 3 pm = ", "-1.66666666666667|"},
         {"3 frc 4 sqrt", "0.866025403784439|"},
-        {"1 frc 0 + 2 =", "*Divide by Zero*|"},
         {"1 frc 0", "1/0.|"},                // reported only when the value is needed
         {"1 frc 2 ers", "1/.|"},
         {"1 frc 2 ers ers", "1.|"},
         {"1 frc 2 C", "0.|"},
-        {"0 dot 7 5 dc", "3/4.|"},
-        {"1 dot 5 dc", "1 1/2.|"},
-        {"1 dot 5 dc dc", "3/2.|"},
         {"1 dot 5 dc dc dc", "1 1/2.|"},
         {"1 dot 5 pm dc", "-1 1/2.|"},
-        {"1 / 3 = dc", "1/3.|"},
         {"2 / 3 = dc", "2/3.|"},
         {"4 dc", "4.|"},
         {"6 frc 8 dc", "3/4.|"},
         {"1 frc 4 frc 8 dc", "1 1/2.|"},
         {"1 frc 4 frc 8 dc dc", "3/2.|"},
         {"1 dot 5 dc + 1 =", "2.5|"},        // X does not change
-        {"1 2 sexa 3 0 sexa 0 sexa", "12.5|"},
         {"1 2 sexa 3 0 sexa 3 6 sexa", "12.51|"},
         {"1 2 sexa 3 0 sexa 0 sexa 5 sexa", "5.|"},  // a fourth press starts again
         {"1 2 dot 5 asex", "12\xC2\xB0" "30'0\".|"},
@@ -431,12 +378,8 @@ TEST(CalcFractions, EntryToggleAndSexagesimal) {
 
 TEST(CalcStatistics, KeysAndErrors) {
     RunCases({
-        {"ave", "*Empty Data*|"},
         {"ave 5 + C", "*Empty Data*|"},
         {"ave AC", "0.|"},
-        {"5 data strd1", "*Error*|"},
-        {"1 data 1 pm data strd0", "*Error*|"},
-        {"1 data 2 data 3 data ave", "2.|"},
         {"1 data 2 data 3 data dtn", "3.|"},
         {"1 data 2 data 3 data dts", "6.|"},
         {"1 data 2 data 3 data sqr1", "36.|"},
@@ -631,6 +574,26 @@ TEST(CalcEngine, RandomKeySequencesKeepADisplay) {
             }
         }
     }
+}
+
+}  // namespace
+
+namespace {
+
+// The calculator's golden table is the one source of its key sequences: each
+// one is replayed here on a fresh engine, as the headless command does.
+TEST(CalcGolden, KeySequencesOfTheGoldenTable) {
+    int replayed = 0;
+    for (const auto& c : golden::LoadFile(FERROLITH_SOURCE_DIR "/tests/cli/calc.golden", FERROLITH_SOURCE_DIR)) {
+        if (!golden::PlainCalcKeys(c)) continue;
+        CalcVariables s = Fresh();
+        ConstantModule::Load_Constants(s.Constants);
+        for (size_t i = 1; i < c.args.size(); ++i)
+            ASSERT_TRUE(CalcProcs::Press_Key(s, c.args[i])) << c.file << ":" << c.line << " " << c.args[i];
+        EXPECT_EQ(Shown(s) + "\n", c.expected) << c.file << ":" << c.line;
+        ++replayed;
+    }
+    EXPECT_GT(replayed, 50);
 }
 
 }  // namespace

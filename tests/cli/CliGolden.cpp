@@ -1,83 +1,26 @@
-// Golden files for ferrolith-cli. Each *.golden file holds cases:
-//
-//   # a comment
-//   $ command<TAB>arg<TAB>arg        (arguments separated by tabs, kept verbatim;
-//                                     a leading "@ROOT@" is the source tree)
-//   expected stdout line
-//   ...
-//   ? 0                              (expected exit code)
-//
-// Blank lines between cases are ignored; an expected output of nothing is
-// written as no lines between "$" and "?".
+// Replays the cases of every tests/cli/*.golden file (format in GoldenFile.h)
+// through the ferrolith-cli program, except those the core's own tests replay
+// in-process.
 #include <gtest/gtest.h>
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <string>
-#include <vector>
+#include "GoldenFile.h"
 
 namespace {
 
-struct GoldenCase {
-    std::string file;
-    int line = 0;
-    std::vector<std::string> args;
-    std::string expected;
-    int exitCode = 0;
-};
-
-std::vector<std::string> SplitTabs(const std::string& s) {
-    std::vector<std::string> out;
-    std::string cur;
-    for (char c : s) {
-        if (c == '\t') {
-            out.push_back(cur);
-            cur.clear();
-        } else {
-            cur += c;
-        }
-    }
-    out.push_back(cur);
-    return out;
-}
+using golden::GoldenCase;
 
 std::vector<GoldenCase> LoadCases() {
-    std::vector<GoldenCase> cases;
     std::vector<std::filesystem::path> files;
     for (const auto& e : std::filesystem::directory_iterator(FERROLITH_GOLDEN_DIR))
         if (e.path().extension() == ".golden") files.push_back(e.path());
     std::sort(files.begin(), files.end());
-    for (const auto& f : files) {
-        std::ifstream in(f);
-        std::string line;
-        int n = 0;
-        GoldenCase* open = nullptr;
-        while (std::getline(in, line)) {
-            ++n;
-            if (open == nullptr) {
-                if (line.rfind("$ ", 0) == 0) {
-                    // "@ROOT@" in an argument stands for the source tree, so
-                    // cases can name files under examples/.
-                    std::vector<std::string> args = SplitTabs(line.substr(2));
-                    for (auto& a : args)
-                        if (a.rfind("@ROOT@", 0) == 0) a = std::string(FERROLITH_GOLDEN_DIR "/../..") + a.substr(6);
-                    cases.push_back({f.filename().string(), n, args, "", 0});
-                    open = &cases.back();
-                }
-                continue;
-            }
-            if (line.rfind("? ", 0) == 0) {
-                open->exitCode = std::stoi(line.substr(2));
-                open = nullptr;
-            } else {
-                open->expected += line + "\n";
-            }
-        }
-    }
+    std::vector<GoldenCase> cases;
+    for (const auto& f : files)
+        for (GoldenCase& c : golden::LoadFile(f, FERROLITH_GOLDEN_DIR "/../.."))
+            if (!golden::ReplayedInProcess(c)) cases.push_back(std::move(c));
     return cases;
 }
 
@@ -111,9 +54,6 @@ int RunCli(const std::vector<std::string>& args, std::string& out) {
     waitpid(pid, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
-
-// Names a case by file and line in test output.
-void PrintTo(const GoldenCase& c, std::ostream* os) { *os << c.file << ":" << c.line; }
 
 class CliGolden : public ::testing::TestWithParam<GoldenCase> {};
 

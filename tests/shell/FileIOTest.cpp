@@ -6,7 +6,17 @@
 #include <filesystem>
 #include <tuple>
 
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <future>
+#include <thread>
 
 namespace {
 
@@ -30,27 +40,156 @@ TEST(FileIO, SystemErrorsBecomeTheProgramsNumbers) {
     EXPECT_EQ(fileio::MakeError(62).Message(), "Error No. 62:  Input past end of file");
 }
 
-TEST(FileIO, ReplacesWholeFilesAndReadsThemBack) {
-    const auto dir = std::filesystem::temp_directory_path() / ("ferrolith_fileio_" + std::to_string(::getpid()));
-    std::filesystem::create_directories(dir);
-    const std::string path = (dir / "a.dat").string();
+namespace fs = std::filesystem;
+using fileio::ReadOutcome;
+
+class FileIOFolder : public testing::Test {
+protected:
+    void SetUp() override {
+        dir_ = fs::temp_directory_path() / ("ferrolith_fileio_" + std::to_string(::getpid()) + "_" +
+                                            testing::UnitTest::GetInstance()->current_test_info()->name());
+        fs::remove_all(dir_);
+        fs::create_directories(dir_);
+    }
+    void TearDown() override { fs::remove_all(dir_); }
+    std::string P(const std::string& name) const { return (dir_ / name).string(); }
+    std::string Read(const std::string& name) const {
+        std::string bytes;
+        fileio::IoError e;
+        EXPECT_EQ(fileio::ReadWhole(P(name), 1 << 20, bytes, e), ReadOutcome::Read) << name;
+        return bytes;
+    }
+    size_t Entries() const {
+        return static_cast<size_t>(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()));
+    }
+    fs::path dir_;
+};
+
+// The number of a process that has ended.
+pid_t DeadPid() {
+    const pid_t pid = ::fork();
+    if (pid == 0) ::_exit(0);
+    ::waitpid(pid, nullptr, 0);
+    return pid;
+}
+
+TEST_F(FileIOFolder, ReplacesWholeFilesAndReadsThemBack) {
+    const std::string path = P("a.dat");
     ASSERT_FALSE(fileio::WriteReplacing(path, std::string("old\0bytes", 9)).Failed());
     ASSERT_FALSE(fileio::WriteReplacing(path, "new").Failed());
+    EXPECT_EQ(Read("a.dat"), "new");
     std::string bytes;
     fileio::IoError e;
-    ASSERT_TRUE(fileio::ReadWhole(path, 100, bytes, e));
-    EXPECT_EQ(bytes, "new");
-    ASSERT_TRUE(fileio::ReadWhole(path, 2, bytes, e));
-    EXPECT_EQ(bytes, "ne") << "reading stops at the cap";
-
-    EXPECT_EQ(fileio::WriteReplacing((dir / "no" / "b.dat").string(), "x").Number, 76);
-    EXPECT_FALSE(fileio::ReadWhole(dir.string(), 100, bytes, e)) << "a folder is not a file";
-    EXPECT_EQ(e.Number, 75);
-    EXPECT_FALSE(fileio::ReadWhole((dir / "none").string(), 100, bytes, e));
+    EXPECT_EQ(fileio::ReadWhole(path, 3, bytes, e), ReadOutcome::Read);
+    EXPECT_EQ(fileio::ReadWhole(P("none"), 100, bytes, e), ReadOutcome::Missing);
     EXPECT_EQ(e.Number, 76);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir), std::filesystem::directory_iterator()), 1)
-        << "no temporary file is left behind";
-    std::filesystem::remove_all(dir);
+    EXPECT_EQ(fileio::WriteReplacing(P("no/b.dat"), "x").Number, 76);
+    EXPECT_EQ(Entries(), 1u) << "no temporary file is left behind";
+}
+
+TEST_F(FileIOFolder, ReadRefusesAFileLongerThanItsCapFromTheSizeAlone) {
+    // 4 GB of holes: reading it would take long and all that memory.
+    const std::string path = P("big.wld");
+    {
+        const int fd = ::open(path.c_str(), O_CREAT | O_WRONLY, 0644);
+        ASSERT_GE(fd, 0);
+        ASSERT_EQ(::ftruncate(fd, off_t{1} << 32), 0);
+        ::close(fd);
+    }
+    std::string bytes = "kept";
+    fileio::IoError e;
+    EXPECT_EQ(fileio::ReadWhole(path, 1 << 20, bytes, e), ReadOutcome::TooLarge);
+    EXPECT_EQ(e.Number, 7);
+    EXPECT_EQ(bytes, "kept");
+    ASSERT_FALSE(fileio::WriteReplacing(path, "abcd").Failed());
+    EXPECT_EQ(fileio::ReadWhole(path, 3, bytes, e), ReadOutcome::TooLarge) << "one byte over";
+}
+
+TEST_F(FileIOFolder, ReadRefusesWhatIsNotARegularFileWithoutBlocking) {
+    const std::string fifo = P("pipe.wld");
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    // Should the reader wait in open() for a writer, this one comes after two
+    // seconds, and the time taken fails the test instead of hanging it.
+    std::promise<void> returned;
+    std::thread writer([&, done = returned.get_future()] {
+        if (done.wait_for(std::chrono::seconds(2)) == std::future_status::ready) return;
+        const int fd = ::open(fifo.c_str(), O_WRONLY | O_NONBLOCK);
+        if (fd >= 0) ::close(fd);
+    });
+    const auto start = std::chrono::steady_clock::now();
+    std::string bytes;
+    fileio::IoError e;
+    const ReadOutcome fifoRead = fileio::ReadWhole(fifo, 100, bytes, e);
+    const auto took = std::chrono::steady_clock::now() - start;
+    returned.set_value();
+    writer.join();
+    EXPECT_EQ(fifoRead, ReadOutcome::Unreadable);
+    EXPECT_EQ(e.Number, 75);
+    EXPECT_LT(took, std::chrono::seconds(1));
+    EXPECT_EQ(fileio::ReadWhole(dir_.string(), 100, bytes, e), ReadOutcome::Unreadable) << "a folder";
+    EXPECT_EQ(fileio::ReadWhole("/dev/zero", 100, bytes, e), ReadOutcome::Unreadable) << "a device";
+}
+
+TEST_F(FileIOFolder, SaveWritesThroughSymbolicLinksAndKeepsPermissions) {
+    fs::create_directories(dir_ / "real");
+    ASSERT_FALSE(fileio::WriteReplacing(P("real/layout.wld"), "old").Failed());
+    ::chmod(P("real/layout.wld").c_str(), 0600);
+    fs::create_symlink("real/layout.wld", dir_ / "link.wld");
+    ASSERT_FALSE(fileio::WriteReplacing(P("link.wld"), "new").Failed());
+    EXPECT_TRUE(fs::is_symlink(dir_ / "link.wld"));
+    EXPECT_EQ(Read("real/layout.wld"), "new");
+    EXPECT_EQ(fs::status(dir_ / "real/layout.wld").permissions() & fs::perms::all,
+              fs::perms::owner_read | fs::perms::owner_write);
+
+    // A dangling link: the file it names is made, and the link stays.
+    fs::create_symlink("real/later.wld", dir_ / "dangling.wld");
+    ASSERT_FALSE(fileio::WriteReplacing(P("dangling.wld"), "made").Failed());
+    EXPECT_TRUE(fs::is_symlink(dir_ / "dangling.wld"));
+    EXPECT_EQ(Read("real/later.wld"), "made");
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir_ / "real"), fs::directory_iterator()), 2);
+}
+
+TEST_F(FileIOFolder, SaveRefusesATargetThatIsNotARegularFile) {
+    ASSERT_EQ(::mkfifo(P("pipe.wld").c_str(), 0600), 0);
+    fs::create_directories(dir_ / "folder.wld");
+    fs::create_symlink("pipe.wld", dir_ / "to-pipe.wld");
+    for (const char* name : {"pipe.wld", "folder.wld", "to-pipe.wld"}) {
+        const fileio::IoError e = fileio::WriteReplacing(P(name), "x");
+        EXPECT_EQ(e.Message(), "Error No. 75:  Path/File access error") << name;
+    }
+    EXPECT_TRUE(fs::is_fifo(dir_ / "pipe.wld"));
+    EXPECT_TRUE(fs::is_directory(dir_ / "folder.wld"));
+    EXPECT_TRUE(fs::is_symlink(dir_ / "to-pipe.wld"));
+    EXPECT_EQ(Entries(), 3u) << "nothing made";
+}
+
+TEST_F(FileIOFolder, SaveRemovesTemporaryFilesOfEndedProcesses) {
+    const std::string path = P("layout.wld");
+    // A save killed by the file-size limit leaves its temporary file.
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const rlimit limit{4096, 4096};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        fileio::WriteReplacing(path, std::string(100000, 'x'));
+        ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGXFSZ);
+    EXPECT_TRUE(fs::exists(fileio::TempPathFor(path, child)));
+    const std::string stale = fileio::TempPathFor(path, DeadPid());
+    const std::string other = fileio::TempPathFor(P("other.wld"), DeadPid());
+    const std::string live = fileio::TempPathFor(path, ::getppid());
+    for (const std::string& p : {stale, other, live}) std::ofstream(p) << "left";
+    EXPECT_EQ(fs::path(stale).filename().string().rfind(".layout.wld.ferrolith-tmp-", 0), 0u);
+
+
+    ASSERT_FALSE(fileio::WriteReplacing(path, "saved").Failed());
+    EXPECT_FALSE(fs::exists(stale));
+    EXPECT_FALSE(fs::exists(other));
+    EXPECT_FALSE(fs::exists(fileio::TempPathFor(path, child)));
+    EXPECT_TRUE(fs::exists(live)) << "a running process keeps its file";
+    EXPECT_EQ(Read("layout.wld"), "saved");
 }
 
 }  // namespace

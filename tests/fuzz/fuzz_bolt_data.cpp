@@ -1,0 +1,18 @@
+// The BoltInputData.dat reader on arbitrary bytes: what it accepts writes back
+// as the bytes it was read from.
+#include "FuzzCheck.h"
+#include "bolt/BoltDataHandling.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const std::string_view bytes = FuzzBytes(data, size);
+    std::vector<BoltDataHandling::BoltRecord> records;
+    BoltDataHandling::BoltDataError error;
+    if (!BoltDataHandling::DecodeBoltRecords(bytes, records, error)) {
+        FUZZ_CHECK(error.Number == 62 || error.Number == 13);
+        return 0;
+    }
+    std::string written;
+    FUZZ_CHECK(BoltDataHandling::EncodeBoltRecords(records, written, error));
+    FUZZ_CHECK(StartsWith(bytes, written));
+    return 0;
+}
