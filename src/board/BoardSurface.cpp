@@ -30,7 +30,7 @@ BoardSurface::BoardSurface(QWidget* parent) : QWidget(parent) {
     setMouseTracking(true);
     setFocusPolicy(Qt::ClickFocus);
     // The design size of the board: 9,975 by 7,305 twips.
-    setMinimumSize(qRound(9975.0 / 15.0), qRound(7305.0 / 15.0));
+    setMinimumSize(qRound(9975.0 / 1440.0 * logicalDpiX()), qRound(7305.0 / 1440.0 * logicalDpiY()));
     Allocate();
 }
 
