@@ -48,7 +48,23 @@ QPointF BoardSurface::ToBoard(const QPointF& p) const {
     return {p.x() / logicalDpiX(), p.y() / logicalDpiY()};
 }
 
+QPainter& BoardSurface::Painter() {
+    if (!painter_) {
+        painter_ = std::make_unique<QPainter>(&image_);
+        painter_->setRenderHint(QPainter::Antialiasing, false);
+    }
+    return *painter_;
+}
+
+void BoardSurface::EndPainting() const { painter_.reset(); }
+
+const QImage& BoardSurface::Image() const {
+    EndPainting();
+    return image_;
+}
+
 void BoardSurface::Allocate() {
+    EndPainting();
     const qreal dpr = devicePixelRatioF();
     QImage img(qMax(1, qRound(width() * dpr)), qMax(1, qRound(height() * dpr)), QImage::Format_RGB32);
     img.setDevicePixelRatio(1.0);
@@ -66,6 +82,7 @@ void BoardSurface::resizeEvent(QResizeEvent*) {
 }
 
 void BoardSurface::Cls() {
+    EndPainting();
     image_.fill(Qt::black);
     CurrentX = CurrentY = 0.0;
 }
@@ -77,8 +94,7 @@ void BoardSurface::Line(double x1, double y1, double x2, double y2, uint32_t col
     const bool invert = DrawMode == board::PenMode::Invert;
     // A figure of no length inverts nothing, so drawing it twice stays exact.
     if (invert && a.toPoint() == b.toPoint()) return;
-    QPainter p(&image_);
-    p.setRenderHint(QPainter::Antialiasing, false);
+    QPainter& p = Painter();
     const qreal dpr = devicePixelRatioF();
     QPen pen(FromBgr(color));
     pen.setWidthF(invert ? 1.0 : qMax<qreal>(1.0, DrawWidth * dpr));
@@ -89,26 +105,29 @@ void BoardSurface::Line(double x1, double y1, double x2, double y2, uint32_t col
     case board::PenStyle::Dash: pen.setStyle(Qt::DashLine); break;
     default: pen.setStyle(Qt::SolidLine); pen.setCapStyle(Qt::RoundCap); break;
     }
-    if (invert) p.setCompositionMode(QPainter::RasterOp_NotDestination);
+    p.setCompositionMode(invert ? QPainter::RasterOp_NotDestination : QPainter::CompositionMode_SourceOver);
     p.setPen(pen);
     p.drawLine(a, b);
 }
 
 void BoardSurface::Circle(double x, double y, double radius, uint32_t color) {
-    QPainter p(&image_);
+    QPainter& p = Painter();
     const qreal dpr = devicePixelRatioF();
     QPen pen(FromBgr(color));
     pen.setWidthF(qMax<qreal>(1.0, DrawWidth * dpr));
-    if (DrawMode == board::PenMode::Invert) p.setCompositionMode(QPainter::RasterOp_NotDestination);
-    p.setRenderHint(QPainter::Antialiasing, DrawMode != board::PenMode::Invert);
+    const bool invert = DrawMode == board::PenMode::Invert;
+    p.setCompositionMode(invert ? QPainter::RasterOp_NotDestination : QPainter::CompositionMode_SourceOver);
+    p.setRenderHint(QPainter::Antialiasing, !invert);
     p.setPen(pen);
+    p.setBrush(Qt::NoBrush);
     const QPointF c = ToDevice(x, y);
     const double r = radius * UnitPx();
     p.drawEllipse(c, r, r);
+    p.setRenderHint(QPainter::Antialiasing, false);
 }
 
 void BoardSurface::Print(const std::string& text) {
-    QPainter p(&image_);
+    QPainter& p = Painter();
     QFont f(Q(FontName));
     // Point sizes on a device-pixel image: scale by the ratio so text keeps its size.
     // The size in points, on the image's device pixels.
@@ -116,6 +135,7 @@ void BoardSurface::Print(const std::string& text) {
     f.setBold(FontBold);
     p.setFont(f);
     p.setPen(FromBgr(ForeColor));
+    p.setCompositionMode(QPainter::CompositionMode_SourceOver);
     p.setRenderHint(QPainter::TextAntialiasing, true);
     const QPointF at = ToDevice(CurrentX, CurrentY);
     const QFontMetricsF fm(f);
@@ -124,9 +144,13 @@ void BoardSurface::Print(const std::string& text) {
     CurrentY += fm.height() / (logicalDpiY() * devicePixelRatioF());
 }
 
-void BoardSurface::Refresh() { update(); }
+void BoardSurface::Refresh() {
+    EndPainting();
+    update();
+}
 
 void BoardSurface::paintEvent(QPaintEvent*) {
+    EndPainting();
     QPainter p(this);
     QImage view = image_;
     view.setDevicePixelRatio(devicePixelRatioF());

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <QImage>
+#include <QPainter>
+#include <memory>
 #include <QWidget>
 
 #include "board/DrawSurface.h"
@@ -23,7 +25,8 @@ public:
     void SetMousePointer(board::Pointer p) override;
     void SetToolTipText(const std::string& text) override;
 
-    const QImage& Image() const { return image_; }
+    // The picture as drawn so far.
+    const QImage& Image() const;
     board::Pointer MousePointer() const { return pointer_; }
     // Board units to device pixels of the image, and widget pixels to units.
     QPointF ToDevice(double x, double y) const;
@@ -49,7 +52,12 @@ protected:
 
 private:
     void Allocate();
+    // One painter stays open on the image while drawing goes on; it is
+    // closed before the image is read or replaced.
+    QPainter& Painter();
+    void EndPainting() const;
     double UnitPx() const;  // device pixels per inch
     QImage image_;
+    mutable std::unique_ptr<QPainter> painter_;
     board::Pointer pointer_ = board::Pointer::Default;
 };
