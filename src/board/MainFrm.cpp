@@ -21,6 +21,8 @@
 #include <initializer_list>
 
 #include "board/BoardSurface.h"
+#include "board/CartesianModule.h"
+#include "board/DimensionModule.h"
 #include "bolt/BoltCalcFrm.h"
 #include "shell/AboutFrm.h"
 #include "shell/AppInfo.h"
@@ -331,11 +333,17 @@ void MainFrm::BuildBoardArea() {
         if (pop == BoardState::PopUp::Osnap) menu(QStringLiteral("mnuOsnap"))->popup(QCursor::pos());
         if (pop == BoardState::PopUp::Selection) menu(QStringLiteral("mnuSelection"))->popup(QCursor::pos());
     });
-    // A new size moves the lower edge: the viewport keeps world Y = 0 where it was.
+    // The drawing keeps its board coordinates when the board changes size (it
+    // stays anchored at the top left); an empty board takes the new lower edge
+    // as world Y = 0.
     connect(DrawingBoard, &BoardSurface::Resized, this, [this] {
         doc_.ScaleWidth = static_cast<float>(DrawingBoard->ScaleWidth());
         doc_.ScaleHeight = static_cast<float>(DrawingBoard->ScaleHeight());
-        RepaintBoard();
+        if (CartesianModule::Lines_Empty(doc_.Lines) && DimensionModule::Dims_Empty(doc_.Dims))
+            CartesianModule::Set_Viewport(doc_);
+        if (board_->ActiveMode == BoardState::CALCULATION) board_->Set_Mode(BoardState::CALCULATION);
+        else RepaintBoard();
+        SyncUi();
     });
 }
 
@@ -417,6 +425,16 @@ bool MainFrm::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+void MainFrm::changeEvent(QEvent* e) {
+    if (e->type() == QEvent::ActivationChange && isActiveWindow() && Board_Changed) {
+        board_->Repaint(true);
+        board_->RefreshButton_Click();
+        SyncUi();
+    }
+    if (e->type() == QEvent::ActivationChange && isActiveWindow()) Board_Changed = false;
+    QMainWindow::changeEvent(e);
 }
 
 void MainFrm::mnuAbout_Click() {

@@ -44,6 +44,9 @@ public:
     void SyncUi();
     // Focus to the command box when it takes input.
     void FocusCommandBox();
+    // Set by a window that edits the drawing behind the board's back (the
+    // line data dialog); the board is repainted when it is active again.
+    bool Board_Changed = false;
 
     // ---- Document commands ---------------------------------------------------------
     void mnuFile_Click();
@@ -57,6 +60,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* e) override;
+    void changeEvent(QEvent* e) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

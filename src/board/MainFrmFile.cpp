@@ -225,6 +225,8 @@ void MainFrm::closeEvent(QCloseEvent* e) {
 
 void MainFrm::Startup(const QString& commandLine) {
     SnapButton[0]->setChecked(true);
+    // The board starts at its design size until the window lays it out.
+    DrawingBoard->resize(DrawingBoard->minimumSize());
     board_->Set_Mode(BoardState::DRAW);
     board_->Show_Prompt();
     doc_.ScaleWidth = static_cast<float>(DrawingBoard->ScaleWidth());

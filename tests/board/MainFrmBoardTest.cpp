@@ -102,6 +102,17 @@ TEST_F(MainFrmBoard, StartupTakesOnePairOfQuotesAndRefusesOtherFiles) {
     EXPECT_EQ(w.windowTitle(), "Ferrolith v1.1  [INSTANTANEOUS CENTER OF ROTATION METHOD]");
 }
 
+TEST_F(MainFrmBoard, AnEmptyBoardKeepsWorldZeroOnItsLowerEdge) {
+    MainFrm w;
+    w.resize(1200, 900);
+    w.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&w));
+    const LayoutDocument& doc = w.Document();
+    EXPECT_NEAR(doc.ScaleHeight, w.Surface().ScaleHeight(), 1e-6);
+    EXPECT_NEAR(CartesianModule::To_WorldY(doc, doc.ScaleHeight), 0.0, 1e-6);
+    EXPECT_EQ(CartesianModule::To_WorldX(doc, 0.0), 0.0f);
+}
+
 TEST_F(MainFrmBoard, ModeButtonsSetPromptAndCommandBox) {
     MainFrm w;
     w.show();
