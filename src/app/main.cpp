@@ -8,7 +8,9 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Ferrolith"));
     QApplication::setApplicationVersion(QStringLiteral("1.1"));
     QApplication::setDesktopFileName(QStringLiteral("ferrolith"));
-    MainFrm w;
+    // One document path, as the shell hands it.
+    const QStringList args = QApplication::arguments();
+    MainFrm w(nullptr, args.size() > 1 ? args.at(1) : QString());
     w.show();
     return app.exec();
 }

@@ -52,6 +52,13 @@ float SlopeOf(const LineRec& l) {
 
 bool Between(float v, float a, float b) { return v >= std::min(a, b) && v <= std::max(a, b); }
 
+bool BoxesMeet(const LineRec& a, const LineRec& b) {
+    return std::max(a.StartPt.X, a.EndPt.X) >= std::min(b.StartPt.X, b.EndPt.X) &&
+           std::max(b.StartPt.X, b.EndPt.X) >= std::min(a.StartPt.X, a.EndPt.X) &&
+           std::max(a.StartPt.Y, a.EndPt.Y) >= std::min(b.StartPt.Y, b.EndPt.Y) &&
+           std::max(b.StartPt.Y, b.EndPt.Y) >= std::min(a.StartPt.Y, a.EndPt.Y);
+}
+
 template <class Table, class IsOn>
 int16_t CountOf(const Table& t, IsOn isOn) {
     if (t.size() == 1 && !isOn(t[0])) return 0;
@@ -420,7 +427,9 @@ void Build_Intersections(const LineTable& t, PointTable& result, int16_t& flag, 
     for (size_t i = 0; i < t.size(); ++i) {
         for (size_t j = i + 1; j < t.size(); ++j) {
             PointRec p;
-            if (Lines_Cross(t[i], t[j], p) && Add_Intersection_Slot(found)) {
+            // A crossing lies inside both bounding boxes: pairs whose boxes do
+            // not meet cannot cross, and the full test is skipped for them.
+            if (BoxesMeet(t[i], t[j]) && Lines_Cross(t[i], t[j], p) && Add_Intersection_Slot(found)) {
                 p.Flag = -1;
                 found.back() = p;
                 flag = -1;

@@ -1,31 +1,105 @@
 #include "board/MainFrm.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <initializer_list>
 
+#include "board/BoardSurface.h"
+#include "board/CartesianModule.h"
+#include "board/DimensionModule.h"
 #include "bolt/BoltCalcFrm.h"
 #include "shell/AboutFrm.h"
 #include "shell/AppInfo.h"
+#include "shell/QtText.h"
 #include "shell/RecentFiles.h"
 
-MainFrm::MainFrm(QWidget* parent) : QMainWindow(parent) {
+using BoardState::Button;
+
+namespace {
+
+struct ModeDef {
+    int16_t index;
+    const char* menu;
+    const char* button;
+};
+// Mode bar buttons by their index; the odd indexes are separators.
+constexpr ModeDef kModeDefs[] = {
+    {BoardState::DRAW, "mnuDrawMode", "   Draw  Mode"},
+    {BoardState::SELECTION, "mnuSelectionMode", "  Selection Mode  "},
+    {BoardState::DIMENSION, "mnuFreeMode", "   Dimension Mode  "},
+    {BoardState::EDIT, "mnuEditMode", "Edit Mode"},
+    {BoardState::PAN, "mnuPanMode", "Pan Mode"},
+    {BoardState::ZOOM, "mnuZoomWindow", "     Zoom Mode      "},
+    {BoardState::CALCULATION, "mnuLoadMode", "  Calculation Mode  "},
+};
+
+const char* const kSnapCaptions[] = {"Free Snap", "EndPoint", "MidPoint", "Nearest", "Intersection", "Perpedicular"};
+const char* const kSnapMenus[] = {"mnuFreeSnap",  "mnuEndPoint",     "mnuMidPoint",
+                                  "mnuNearest",   "mnuIntersection", "mnuPerpendicular"};
+
+Button ToButton(int code) {
+    switch (code) {
+    case 1: return Button::Left;
+    case 2: return Button::Right;
+    case 4: return Button::Middle;
+    default: return Button::None;
+    }
+}
+
+Button HeldButton(int buttons) {
+    if (buttons & Qt::LeftButton) return Button::Left;
+    if (buttons & Qt::RightButton) return Button::Right;
+    if (buttons & Qt::MiddleButton) return Button::Middle;
+    return Button::None;
+}
+
+}  // namespace
+
+MainFrm::MainFrm(QWidget* parent, const QString& commandLine) : QMainWindow(parent) {
     setObjectName(QStringLiteral("MainFrm"));
     setWindowTitle(QString::fromUtf8(appinfo::kStartCaption));
     resize(1000, 720);
 
+    DrawingBoard = new BoardSurface(this);
+    board_ = std::make_unique<BoardState::Board>(doc_, *DrawingBoard);
+    BuildMenus();
+    BuildBoardArea();
+    qApp->installEventFilter(this);
+    Startup(commandLine);
+}
+
+MainFrm::~MainFrm() { qApp->removeEventFilter(this); }
+
+void MainFrm::BuildMenus() {
     QMenu* file = AddMenu(QStringLiteral("mnuFile"), QStringLiteral("&File"));
-    AddAction(file, QStringLiteral("mnuFileNew"), QStringLiteral("&New"));
-    AddAction(file, QStringLiteral("mnuOpenData"), QStringLiteral("&Open Data..."));
-    AddAction(file, QStringLiteral("mnuSaveData"), QStringLiteral("&Save Data"));
-    AddAction(file, QStringLiteral("mnuSaveAs"), QStringLiteral("Save Data &As..."));
+    connect(AddAction(file, QStringLiteral("mnuFileNew"), QStringLiteral("&New"), true), &QAction::triggered, this,
+            &MainFrm::mnuFileNew_Click);
+    connect(AddAction(file, QStringLiteral("mnuOpenData"), QStringLiteral("&Open Data..."), true),
+            &QAction::triggered, this, &MainFrm::mnuOpenData_Click);
+    connect(AddAction(file, QStringLiteral("mnuSaveData"), QStringLiteral("&Save Data"), true), &QAction::triggered,
+            this, &MainFrm::mnuSaveData_Click);
+    connect(AddAction(file, QStringLiteral("mnuSaveAs"), QStringLiteral("Save Data &As..."), true),
+            &QAction::triggered, this, &MainFrm::mnuSaveAs_Click);
     file->addSeparator();
     recentAnchor_ = file;
     QAction* first = AddAction(file, QStringLiteral("mnuRecDocs"), QStringLiteral("Empty"));
+    connect(first, &QAction::triggered, this, [this, first] { mnuRecDocs_Click(first->text()); });
     mnuRecDocs_.push_back(first);
     recentSeparator_ = file->addSeparator();
     QAction* close = AddAction(file, QStringLiteral("mnuClose"), QStringLiteral("&Close"), true);
@@ -67,6 +141,39 @@ MainFrm::MainFrm(QWidget* parent) : QMainWindow(parent) {
         for (const Entry& e : m.entries) AddAction(menu, QString::fromLatin1(e.name), QString::fromLatin1(e.caption));
     }
 
+    // Board commands behind the menus.
+    auto route = [this](const char* name, auto fn) {
+        QAction* a = action(QString::fromLatin1(name));
+        a->setEnabled(true);
+        connect(a, &QAction::triggered, this, fn);
+    };
+    for (const ModeDef& m : kModeDefs) {
+        QAction* a = action(QString::fromLatin1(m.menu));
+        a->setCheckable(true);
+        const int16_t index = m.index;
+        route(m.menu, [this, index] { Set_Mode(index); });
+    }
+    for (int i = 0; i < 6; ++i) {
+        QAction* a = action(QString::fromLatin1(kSnapMenus[i]));
+        a->setCheckable(true);
+        route(kSnapMenus[i], [this, i] { SnapButton[i]->setChecked(true); });
+    }
+    route("mnuDeleteAll", &MainFrm::ClearButton_Click);
+    route("mnuClearDim", &MainFrm::ClearDimButton_Click);
+    route("mnuRefresh", [this] {
+        board_->RefreshButton_Click();
+        SyncUi();
+        FocusCommandBox();
+    });
+    route("mnuZoomExtent", [this] {
+        board_->ZoomExtentButton_Click();
+        SyncUi();
+    });
+    route("mnuClearSelect", [this] {
+        board_->Form_KeyDown(BoardState::KeyEscape);
+        SyncUi();
+    });
+
     // One bolt coefficient window at a time; a second request brings it forward.
     QAction* bolt = action(QStringLiteral("mnuBoltCoefficient"));
     bolt->setEnabled(true);
@@ -81,19 +188,163 @@ MainFrm::MainFrm(QWidget* parent) : QMainWindow(parent) {
     QMenu* help = AddMenu(QStringLiteral("mnuHelp"), QStringLiteral("&Help"));
     QAction* about = AddAction(help, QStringLiteral("mnuAbout"), QStringLiteral("&About Ferrolith"), true);
     connect(about, &QAction::triggered, this, &MainFrm::mnuAbout_Click);
+}
 
-    // The drawing board: white paper until the board's surface is in place.
-    auto* board = new QWidget(this);
-    board->setObjectName(QStringLiteral("DrawingBoard"));
-    board->setAutoFillBackground(true);
-    QPalette pal = board->palette();
-    pal.setColor(QPalette::Window, Qt::white);
-    board->setPalette(pal);
-    setCentralWidget(board);
+void MainFrm::BuildBoardArea() {
+    // The mode bar: a button per mode at the even indexes, separators between.
+    ModeBar = addToolBar(QStringLiteral("Modes"));
+    ModeBar->setObjectName(QStringLiteral("ModeBar"));
+    ModeBar->setMovable(false);
+    for (const ModeDef& m : kModeDefs) {
+        QAction* sep = ModeBar->addSeparator();
+        sep->setObjectName(QStringLiteral("ModeBar_%1").arg(m.index - 1));
+        QAction* a = ModeBar->addAction(QString::fromLatin1(m.button));
+        a->setObjectName(QStringLiteral("ModeBar_%1").arg(m.index));
+        a->setCheckable(true);
+        ModeBar->widgetForAction(a)->setObjectName(QStringLiteral("ModeBarButton_%1").arg(m.index));
+        const int16_t index = m.index;
+        connect(a, &QAction::triggered, this, [this, index] { ModeBar_Click(index); });
+    }
 
-    auto* status = new QLabel(QStringLiteral("   Active Mode:  Free Mode"), this);
-    status->setObjectName(QStringLiteral("DumLabel"));
-    statusBar()->addWidget(status, 1);
+    auto* central = new QWidget(this);
+    auto* outer = new QVBoxLayout(central);
+    outer->setContentsMargins(6, 6, 6, 6);
+    auto* row = new QHBoxLayout;
+    outer->addLayout(row, 1);
+    row->addWidget(DrawingBoard, 1);
+
+    auto* side = new QVBoxLayout;
+    row->addLayout(side);
+    auto* snapFrame = new QGroupBox(QStringLiteral("Object Snap"), central);
+    snapFrame->setObjectName(QStringLiteral("Picture2"));
+    auto* snapLay = new QVBoxLayout(snapFrame);
+    for (int i = 0; i < 6; ++i) {
+        auto* b = new QRadioButton(QString::fromLatin1(kSnapCaptions[i]), snapFrame);
+        b->setObjectName(QStringLiteral("SnapButton_%1").arg(i));
+        snapLay->addWidget(b);
+        SnapButton.push_back(b);
+        connect(b, &QRadioButton::toggled, this, [this, i](bool on) {
+            if (!on) return;
+            for (int k = 0; k < 6; ++k) action(QString::fromLatin1(kSnapMenus[k]))->setChecked(k == i);
+            board_->SnapButton_Click(i);
+            FocusCommandBox();
+        });
+    }
+    side->addWidget(snapFrame);
+    OrthoBox = new QCheckBox(QStringLiteral("OrthoMode"), central);
+    OrthoBox->setObjectName(QStringLiteral("OrthoBox"));
+    PolyBox = new QCheckBox(QStringLiteral("PolyMode"), central);
+    PolyBox->setObjectName(QStringLiteral("PolyBox"));
+    side->addWidget(OrthoBox);
+    side->addWidget(PolyBox);
+    connect(OrthoBox, &QCheckBox::toggled, this, [this](bool on) {
+        board_->OrthoBox_Click(on);
+        FocusCommandBox();
+    });
+    connect(PolyBox, &QCheckBox::toggled, this, [this](bool on) {
+        board_->PolyBox_Click(on);
+        FocusCommandBox();
+    });
+
+    auto button = [&](const char* name, const char* caption, bool enabled, auto fn) {
+        auto* b = new QPushButton(QString::fromLatin1(caption), central);
+        b->setObjectName(QString::fromLatin1(name));
+        b->setEnabled(enabled);
+        b->setFocusPolicy(Qt::NoFocus);
+        side->addWidget(b);
+        connect(b, &QPushButton::clicked, this, fn);
+        return b;
+    };
+    button("zUPButton", "Zoom In", true, [this] {
+        board_->Zoom_Button(1.05f);
+        SyncUi();
+        FocusCommandBox();
+    });
+    button("zDNButton", "Zoom Out", true, [this] {
+        board_->Zoom_Button(0.95f);
+        SyncUi();
+        FocusCommandBox();
+    });
+    button("ZoomExtentButton", "Zoom Extent", true, [this] {
+        board_->ZoomExtentButton_Click();
+        SyncUi();
+        FocusCommandBox();
+    });
+    button("RefreshButton", "Refresh", true, [this] {
+        board_->RefreshButton_Click();
+        SyncUi();
+        FocusCommandBox();
+    });
+    side->addSpacing(8);
+    button("MoveButton", "Move", false, [] {});
+    button("RotateButton", "Rotate", false, [] {});
+    button("DeleteButton", "Delete Selection", false, [] {});
+    button("ClearButton", "Delete All", true, &MainFrm::ClearButton_Click);
+    button("ClearDimButton", "Clear Dimensions", true, &MainFrm::ClearDimButton_Click);
+    LoadParamBox = new QGroupBox(QStringLiteral("Load Parameters"), central);
+    LoadParamBox->setObjectName(QStringLiteral("LoadParamBox"));
+    LoadParamBox->hide();
+    side->addWidget(LoadParamBox);
+    side->addStretch(1);
+
+    auto* Label3 = new QLabel(QStringLiteral("F8 = Toggle OrthoMode,   F9 = Toggle PolyMode"), central);
+    Label3->setObjectName(QStringLiteral("Label3"));
+    DumLabel = new QLabel(QStringLiteral("   Active Mode:  Free Mode"), central);
+    DumLabel->setObjectName(QStringLiteral("DumLabel"));
+    auto* labels = new QHBoxLayout;
+    labels->addWidget(DumLabel, 1);
+    labels->addWidget(Label3);
+    outer->addLayout(labels);
+
+    auto* cmd = new QGridLayout;
+    cmd->addWidget(new QLabel(QStringLiteral("Command Request:"), central), 0, 0);
+    CommandName = new QLabel(central);
+    CommandName->setObjectName(QStringLiteral("CommandName"));
+    cmd->addWidget(CommandName, 0, 1);
+    cmd->addWidget(new QLabel(QStringLiteral("Command Response:"), central), 1, 0);
+    CommandBox = new QLineEdit(central);
+    CommandBox->setObjectName(QStringLiteral("CommandBox"));
+    cmd->addWidget(CommandBox, 1, 1);
+    cmd->setColumnStretch(1, 1);
+    outer->addLayout(cmd);
+    setCentralWidget(central);
+
+    StatusPanel1 = new QLabel(this);
+    StatusPanel1->setObjectName(QStringLiteral("StatusPanel1"));
+    StatusPanel1->setMinimumWidth(280);
+    StatusPanel2 = new QLabel(this);
+    StatusPanel2->setObjectName(QStringLiteral("StatusPanel2"));
+    statusBar()->addWidget(StatusPanel1);
+    statusBar()->addWidget(StatusPanel2, 1);
+
+    // The board's events go to the board's procedures.
+    connect(DrawingBoard, &BoardSurface::MouseDown, this, [this](int b, bool shift, double x, double y) {
+        board_->DrawingBoard_MouseDown(ToButton(b), shift, x, y);
+        SyncUi();
+    });
+    connect(DrawingBoard, &BoardSurface::MouseMove, this, [this](int bs, bool shift, double x, double y) {
+        board_->DrawingBoard_MouseMove(HeldButton(bs), shift, x, y);
+        SyncUi();
+    });
+    connect(DrawingBoard, &BoardSurface::MouseUp, this, [this](int b, bool shift, double x, double y) {
+        const BoardState::PopUp pop = board_->DrawingBoard_MouseUp(ToButton(b), shift, x, y);
+        SyncUi();
+        FocusCommandBox();
+        if (pop == BoardState::PopUp::Osnap) menu(QStringLiteral("mnuOsnap"))->popup(QCursor::pos());
+        if (pop == BoardState::PopUp::Selection) menu(QStringLiteral("mnuSelection"))->popup(QCursor::pos());
+    });
+    // The drawing keeps its board coordinates when the board changes size (it
+    // stays anchored at the top left); an empty board takes the new lower edge
+    // as world Y = 0.
+    connect(DrawingBoard, &BoardSurface::Resized, this, [this] {
+        doc_.ScaleWidth = static_cast<float>(DrawingBoard->ScaleWidth());
+        doc_.ScaleHeight = static_cast<float>(DrawingBoard->ScaleHeight());
+        if (CartesianModule::Lines_Empty(doc_.Lines) && DimensionModule::Dims_Empty(doc_.Dims))
+            CartesianModule::Set_Viewport(doc_);
+        if (board_->ActiveMode == BoardState::CALCULATION) board_->Set_Mode(BoardState::CALCULATION);
+        else RepaintBoard();
+        SyncUi();
+    });
 }
 
 QMenu* MainFrm::AddMenu(const QString& name, const QString& caption) {
@@ -109,38 +360,81 @@ QAction* MainFrm::AddAction(QMenu* menu, const QString& name, const QString& cap
     return a;
 }
 
-QAction* MainFrm::action(const QString& objectName) const {
-    return findChild<QAction*>(objectName);
-}
+QAction* MainFrm::action(const QString& objectName) const { return findChild<QAction*>(objectName); }
 
 QMenu* MainFrm::menu(const QString& objectName) const { return findChild<QMenu*>(objectName); }
 
-void MainFrm::Clear_Recent_Items() {
-    for (int i = 1; i < mnuRecDocs_.size(); ++i) {
-        recentAnchor_->removeAction(mnuRecDocs_[i]);
-        mnuRecDocs_[i]->deleteLater();
-    }
-    mnuRecDocs_.resize(1);
-    mnuRecDocs_[0]->setText(QStringLiteral("Empty"));
-    mnuRecDocs_[0]->setEnabled(false);
+void MainFrm::RepaintBoard(bool showSelection) { board_->Repaint(showSelection); }
+
+void MainFrm::FocusCommandBox() {
+    if (CommandBox->isEnabled()) CommandBox->setFocus();
 }
 
-int MainFrm::Add_Recent_Item(const QString& path) {
-    if (mnuRecDocs_[0]->text() == QStringLiteral("Empty")) {
-        mnuRecDocs_[0]->setEnabled(true);
-        mnuRecDocs_[0]->setText(path);
-        return 0;
+void MainFrm::SyncUi() {
+    const BoardState::BoardUi& ui = board_->Ui;
+    CommandName->setText(Q(ui.CommandName));
+    CommandBox->setEnabled(ui.CommandBoxEnabled);
+    if (ui.CommandTextSerial != syncedSerial_) {
+        CommandBox->setText(Q(ui.CommandText));
+        syncedSerial_ = ui.CommandTextSerial;
     }
-    auto* a = new QAction(path, recentAnchor_);
-    a->setObjectName(QStringLiteral("mnuRecDocs"));
-    recentAnchor_->insertAction(recentSeparator_, a);
-    mnuRecDocs_.push_back(a);
-    return static_cast<int>(mnuRecDocs_.size()) - 1;
+    DumLabel->setText(Q(ui.DumLabel));
+    StatusPanel1->setText(Q(ui.StatusPanel1));
+    StatusPanel2->setText(Q(ui.StatusPanel2));
+    LoadParamBox->setVisible(ui.LoadParamBoxVisible);
+    for (const ModeDef& m : kModeDefs) {
+        action(QString::fromLatin1(m.menu))->setChecked(ui.CheckedMode == m.index);
+        ModeBar->findChild<QAction*>(QStringLiteral("ModeBar_%1").arg(m.index))
+            ->setChecked(ui.CheckedMode == m.index);
+    }
+    // The boxes follow the board's flags without firing their handlers again.
+    const QSignalBlocker b1(OrthoBox), b2(PolyBox);
+    OrthoBox->setChecked(ui.OrthoBox);
+    PolyBox->setChecked(ui.PolyBox);
 }
 
-void MainFrm::mnuFile_Click() {
-    Clear_Recent_Items();
-    for (const QString& p : recent::RecentPaths()) Add_Recent_Item(p);
+void MainFrm::Set_Mode(int16_t index) {
+    board_->Set_Mode(index);
+    SyncUi();
+}
+
+void MainFrm::ModeBar_Click(int16_t index) {
+    Set_Mode(index);
+    FocusCommandBox();
+}
+
+bool MainFrm::eventFilter(QObject* watched, QEvent* event) {
+    // Key preview: the form sees a key before the control that has the focus.
+    if (event->type() == QEvent::KeyPress) {
+        auto* w = qobject_cast<QWidget*>(watched);
+        QWidget* focus = QApplication::focusWidget();
+        const bool mine = w != nullptr && w->window() == this && (w == focus || (focus == nullptr && w == this));
+        if (mine && QApplication::activeModalWidget() == nullptr) {
+            int code = 0;
+            switch (static_cast<QKeyEvent*>(event)->key()) {
+            case Qt::Key_Escape: code = BoardState::KeyEscape; break;
+            case Qt::Key_Delete: code = BoardState::KeyDelete; break;
+            case Qt::Key_F8: code = BoardState::KeyF8; break;
+            case Qt::Key_F9: code = BoardState::KeyF9; break;
+            default: break;
+            }
+            if (code != 0 && board_->Form_KeyDown(code)) {
+                SyncUi();
+                return code == BoardState::KeyF8 || code == BoardState::KeyF9;
+            }
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainFrm::changeEvent(QEvent* e) {
+    if (e->type() == QEvent::ActivationChange && isActiveWindow() && Board_Changed) {
+        board_->Repaint(true);
+        board_->RefreshButton_Click();
+        SyncUi();
+    }
+    if (e->type() == QEvent::ActivationChange && isActiveWindow()) Board_Changed = false;
+    QMainWindow::changeEvent(e);
 }
 
 void MainFrm::mnuAbout_Click() {

@@ -1,34 +1,108 @@
-// The main window: menus, tool bar and status bar around the drawing board.
-// The tool windows are opened from its Calcs menu.
+// The main window: menus, mode bar, tool buttons, command area and status
+// bar around the drawing board. The board's state and procedures live in
+// BoardState::Board; this form forwards events to it and copies what it
+// shows to the controls. It owns the layout document.
 #pragma once
 
 #include <QList>
 #include <QMainWindow>
+#include <memory>
 #include <vector>
 
+#include "board/BoardState.h"
+#include "board/PublicVariables.h"
 #include "bolt/BoltDataHandling.h"
 
 class QAction;
-class QMenu;
+class QCheckBox;
+class QGroupBox;
 class QLabel;
+class QLineEdit;
+class QMenu;
+class QRadioButton;
+class QToolBar;
+class BoardSurface;
 
 class MainFrm : public QMainWindow {
     Q_OBJECT
 public:
-    explicit MainFrm(QWidget* parent = nullptr);
+    // `commandLine` is the document path as the shell handed it ("" for none).
+    explicit MainFrm(QWidget* parent = nullptr, const QString& commandLine = QString());
+    ~MainFrm() override;
 
     QAction* action(const QString& objectName) const;
     QMenu* menu(const QString& objectName) const;
 
-    // Rebuilds the recent-file entries of the File menu from the stored list.
+    // ---- What later tools build on ----------------------------------------------
+    PublicVariables::LayoutDocument& Document() { return doc_; }
+    BoardState::Board& Board() { return *board_; }
+    BoardSurface& Surface() { return *DrawingBoard; }
+    const QString& FileName() const { return FileName_; }
+    // The working display drawn anew (lines, crossings, dimensions).
+    void RepaintBoard(bool showSelection = true);
+    // Copies the board's prompt, captions, pointer and marks to the controls.
+    void SyncUi();
+    // Focus to the command box when it takes input.
+    void FocusCommandBox();
+    // Set by a window that edits the drawing behind the board's back (the
+    // line data dialog); the board is repainted when it is active again.
+    bool Board_Changed = false;
+
+    // ---- Document commands ---------------------------------------------------------
     void mnuFile_Click();
+    void mnuFileNew_Click();
+    void mnuOpenData_Click();
+    void mnuSaveData_Click();
+    void mnuSaveAs_Click();
+    void mnuRecDocs_Click(const QString& path);
+    void ClearButton_Click();
+    void ClearDimButton_Click();
+
+protected:
+    void closeEvent(QCloseEvent* e) override;
+    void changeEvent(QEvent* e) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    enum class Answer { Yes, No, Cancel, NothingToAsk };
     QMenu* AddMenu(const QString& name, const QString& caption);
     QAction* AddAction(QMenu* menu, const QString& name, const QString& caption, bool enabled = false);
+    void BuildMenus();
+    void BuildBoardArea();
     void Clear_Recent_Items();
     int Add_Recent_Item(const QString& path);
     void mnuAbout_Click();
+
+    void Set_Mode(int16_t index);
+    void ModeBar_Click(int16_t index);
+    void Startup(const QString& commandLine);
+    Answer Ask_Save_Changes();
+    bool Save_Dialog(bool fromQuestion);  // false when cancelled
+    void Write_Layout();
+    bool Open_Dialog_File();
+    void Open_Path(const QString& path);
+    void Reset_Document();
+    void Mark_Saved();
+    bool Both_Empty() const;
+    void Set_Caption_From_File();
+    void Warn(const QString& text, bool stopIcon = true);
+
+    PublicVariables::LayoutDocument doc_;
+    BoardSurface* DrawingBoard = nullptr;
+    std::unique_ptr<BoardState::Board> board_;
+    QString FileName_ = QStringLiteral("UnNamed.wld");
+    int syncedSerial_ = -1;
+
+    QToolBar* ModeBar = nullptr;
+    QLabel* CommandName = nullptr;
+    QLineEdit* CommandBox = nullptr;
+    QLabel* DumLabel = nullptr;
+    QLabel* StatusPanel1 = nullptr;
+    QLabel* StatusPanel2 = nullptr;
+    QCheckBox* OrthoBox = nullptr;
+    QCheckBox* PolyBox = nullptr;
+    QGroupBox* LoadParamBox = nullptr;
+    QList<QRadioButton*> SnapButton;
 
     QMenu* recentAnchor_ = nullptr;
     QAction* recentSeparator_ = nullptr;

@@ -1,0 +1,84 @@
+// Full repaint of the working display on the board's image: 1,000 lines
+// with their crossings and 200 dimensions.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <cmath>
+
+#include "board/BoardSurface.h"
+#include "board/CartesianModule.h"
+#include "board/LayoutRender.h"
+
+using PublicVariables::LayoutDocument;
+
+namespace {
+
+LayoutDocument BigLayout() {
+    LayoutDocument doc;
+    // Short strokes spread over the board in a grid, some crossing.
+    for (int i = 0; i < 1000; ++i) {
+        const float x = 0.3f + static_cast<float>(i % 40) * 0.16f;
+        const float y = 0.3f + static_cast<float>(i / 40) * 0.18f;
+        const float a = static_cast<float>(i) * 0.7f;
+        CartesianModule::Add_Drawn_Line(doc, {x, y, 0}, {x + 0.2f * std::cos(a), y + 0.2f * std::sin(a), 0});
+    }
+    for (int i = 0; i < 200; ++i) {
+        CartesianModule::Add_Dim_Slot(doc.Dims);
+        auto& d = doc.Dims.back();
+        const float x = 0.4f + static_cast<float>(i % 20) * 0.3f;
+        const float y = 0.4f + static_cast<float>(i / 20) * 0.45f;
+        d.DimP1 = {x, y, 0};
+        d.DimP2 = {x, y + 0.3f, 0};
+        d.DimMid = {x, y + 0.15f, 0};
+        d.DimPos = {x + 0.1f, y + 0.15f, 0};
+        d.DimType = static_cast<int16_t>(i % 2);
+        if (d.DimType == 1) {
+            d.DimP2 = {x + 0.25f, y, 0};
+            d.DimPos = {x + 0.125f, y - 0.1f, 0};
+        }
+        d.DimLength = 3.5;
+        d.Exists = -1;
+    }
+    return doc;
+}
+
+void BM_FullRepaint(benchmark::State& state) {
+    BoardSurface surface;
+    surface.resize(surface.minimumSize());
+    LayoutDocument doc = BigLayout();
+    for (auto _ : state) {
+        LayoutRender::Repaint(surface, doc, true);
+        benchmark::DoNotOptimize(surface.Image().constBits());
+    }
+}
+BENCHMARK(BM_FullRepaint)->Unit(benchmark::kMillisecond);
+
+void BM_DrawOnly(benchmark::State& state) {
+    BoardSurface surface;
+    surface.resize(surface.minimumSize());
+    LayoutDocument doc = BigLayout();
+    for (auto _ : state) {
+        LayoutRender::Draw_Lines(surface, doc.Lines, 5, 13, true);
+        LayoutRender::Draw_Dims(surface, doc.Dims);
+        benchmark::DoNotOptimize(surface.Image().constBits());
+    }
+}
+BENCHMARK(BM_DrawOnly)->Unit(benchmark::kMillisecond);
+
+void BM_Intersections(benchmark::State& state) {
+    LayoutDocument doc = BigLayout();
+    for (auto _ : state)
+        CartesianModule::Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound);
+}
+BENCHMARK(BM_Intersections)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

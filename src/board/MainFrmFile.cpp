@@ -1,0 +1,316 @@
+// The main window's document commands: New, Open, Save, Save As, the recent
+// list, Close with its question about changes, the start-up with a path from
+// the command line, and the two commands that empty the board.
+#include <QAction>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMessageBox>
+#include <QRadioButton>
+
+#include "board/BoardSurface.h"
+#include "board/CartesianModule.h"
+#include "board/DimensionModule.h"
+#include "board/FileDialogs.h"
+#include "board/FileHandling.h"
+#include "board/MainFrm.h"
+#include "shell/AppInfo.h"
+#include "shell/QtText.h"
+#include "shell/RecentFiles.h"
+
+namespace {
+const QString kUnNamed = QStringLiteral("UnNamed.wld");
+QString ProgramTitle() { return QString::fromUtf8(appinfo::kProgramTitle); }
+}  // namespace
+
+void MainFrm::Warn(const QString& text, bool stopIcon) {
+    QMessageBox box(stopIcon ? QMessageBox::Critical : QMessageBox::Warning, QStringLiteral("Warning:"), text,
+                    QMessageBox::Ok, this);
+    box.exec();
+}
+
+bool MainFrm::Both_Empty() const {
+    return CartesianModule::Lines_Empty(doc_.Lines) && DimensionModule::Dims_Empty(doc_.Dims);
+}
+
+void MainFrm::Mark_Saved() {
+    doc_.LinesSaved = doc_.Lines;
+    doc_.DimsSaved = doc_.Dims;
+}
+
+void MainFrm::Set_Caption_From_File() {
+    setWindowTitle(ProgramTitle() + QStringLiteral(" - ") + Q(FileHandling::File_Title(S(FileName_))).toUpper());
+}
+
+MainFrm::Answer MainFrm::Ask_Save_Changes() {
+    if (FileName_.trimmed().isEmpty()) FileName_ = kUnNamed;
+    if (Both_Empty()) return Answer::NothingToAsk;
+    if (!FileHandling::Layout_Changed(doc_)) return Answer::No;
+    QMessageBox box(QMessageBox::Warning, ProgramTitle() + QStringLiteral(" Warning"),
+                    QStringLiteral("Save Changes To ") + FileName_.toUpper() + QStringLiteral(" ?"),
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, this);
+    switch (box.exec()) {
+    case QMessageBox::Yes: return Answer::Yes;
+    case QMessageBox::No: return Answer::No;
+    default: return Answer::Cancel;
+    }
+}
+
+bool MainFrm::Save_Dialog(bool fromQuestion) {
+    const QString path = filedialogs::GetSavePath(this, QStringLiteral("Specify Filename:"), !fromQuestion);
+    if (path.isEmpty()) return false;
+    FileName_ = path;
+    return true;
+}
+
+void MainFrm::Write_Layout() {
+    const FileHandling::FileError err = FileHandling::Write_Layout(doc_, S(FileName_));
+    if (err.Failed()) Warn(Q(err.Message()));
+}
+
+void MainFrm::Reset_Document() {
+    board_->Reset_View();
+    SyncUi();
+}
+
+void MainFrm::Open_Path(const QString& path) {
+    board_->Hide_Marks();
+    FileName_ = path;
+    Set_Caption_From_File();
+    recent::SaveAsRecent(FileName_);
+    FileHandling::Read_Layout(doc_, S(FileName_));
+    board_->Set_Mode(BoardState::DRAW);
+    board_->Show_Prompt();
+    board_->Repaint(true);
+    SyncUi();
+}
+
+bool MainFrm::Open_Dialog_File() {
+    board_->Hide_Marks();
+    const QString path = filedialogs::GetOpenPath(this, QStringLiteral("Open File:"));
+    if (path.isEmpty()) return false;
+    Open_Path(path);
+    Mark_Saved();
+    return true;
+}
+
+void MainFrm::mnuFileNew_Click() {
+    if (Both_Empty()) {
+        FileName_ = kUnNamed;
+        setWindowTitle(ProgramTitle() + QStringLiteral(" - ") + FileName_);
+        Reset_Document();
+    } else {
+        switch (Ask_Save_Changes()) {
+        case Answer::Cancel: return;
+        case Answer::Yes:
+            if (FileName_ == kUnNamed) {
+                if (!Save_Dialog(true)) return;
+                recent::SaveAsRecent(FileName_);
+                Write_Layout();
+                Reset_Document();
+                mnuFile_Click();
+            } else {
+                Write_Layout();
+                Reset_Document();
+            }
+            break;
+        default:
+            FileName_ = kUnNamed;
+            setWindowTitle(ProgramTitle() + QStringLiteral(" - UNNAMED.WLD"));
+            Reset_Document();
+            break;
+        }
+    }
+    Mark_Saved();
+}
+
+void MainFrm::mnuOpenData_Click() {
+    board_->Hide_Marks();
+    switch (Ask_Save_Changes()) {
+    case Answer::Cancel: return;
+    case Answer::Yes:
+        if (FileName_ == kUnNamed) {
+            if (!Save_Dialog(true)) return;
+            recent::SaveAsRecent(FileName_);
+            Write_Layout();
+            Open_Dialog_File();
+            mnuFile_Click();
+        } else {
+            Write_Layout();
+            Open_Dialog_File();
+        }
+        break;
+    default: Open_Dialog_File(); break;
+    }
+}
+
+void MainFrm::mnuSaveData_Click() {
+    if (FileName_.trimmed().isEmpty()) FileName_ = kUnNamed;
+    if (Both_Empty()) {
+        Warn(QStringLiteral("No Data to save !  "));
+        return;
+    }
+    if (FileName_ == kUnNamed) {
+        if (!Save_Dialog(false)) return;
+        recent::SaveAsRecent(FileName_);
+        Write_Layout();
+        mnuFile_Click();
+        Set_Caption_From_File();
+    } else {
+        Write_Layout();
+    }
+    Mark_Saved();
+}
+
+void MainFrm::mnuSaveAs_Click() {
+    if (Both_Empty()) {
+        Warn(QStringLiteral("No Data to save !  "));
+        return;
+    }
+    if (!Save_Dialog(false)) return;
+    recent::SaveAsRecent(FileName_);
+    Write_Layout();
+    mnuFile_Click();
+    Set_Caption_From_File();
+    Mark_Saved();
+}
+
+void MainFrm::mnuRecDocs_Click(const QString& p) {
+    if (FileName_.trimmed().isEmpty()) FileName_ = kUnNamed;
+    if (!QFileInfo::exists(p)) {
+        Warn(QStringLiteral("Cannot find ") + p.toUpper());
+    } else if (Both_Empty()) {
+        Open_Path(p);
+    } else {
+        switch (Ask_Save_Changes()) {
+        case Answer::Cancel: return;
+        case Answer::Yes:
+            if (FileName_ == kUnNamed) {
+                if (!Save_Dialog(true)) return;
+                recent::SaveAsRecent(FileName_);
+                Write_Layout();
+                Open_Path(FileName_);
+                mnuFile_Click();
+            } else {
+                // The drawing goes into the chosen file, which is then read back.
+                FileName_ = p;
+                Write_Layout();
+                Open_Path(FileName_);
+            }
+            break;
+        default: Open_Path(p); break;
+        }
+    }
+    Mark_Saved();
+}
+
+void MainFrm::closeEvent(QCloseEvent* e) {
+    switch (Ask_Save_Changes()) {
+    case Answer::Cancel: e->ignore(); return;
+    case Answer::Yes:
+        if (FileName_ == kUnNamed) {
+            if (Save_Dialog(true)) {
+                recent::SaveAsRecent(FileName_);
+                Write_Layout();
+                mnuFile_Click();
+            }
+        } else {
+            Write_Layout();
+        }
+        break;
+    default: break;
+    }
+    e->accept();
+}
+
+void MainFrm::Startup(const QString& commandLine) {
+    SnapButton[0]->setChecked(true);
+    // The board starts at its design size until the window lays it out.
+    DrawingBoard->resize(DrawingBoard->minimumSize());
+    board_->Set_Mode(BoardState::DRAW);
+    board_->Show_Prompt();
+    doc_.ScaleWidth = static_cast<float>(DrawingBoard->ScaleWidth());
+    doc_.ScaleHeight = static_cast<float>(DrawingBoard->ScaleHeight());
+    CartesianModule::Set_Viewport(doc_);
+    doc_.Lines = PublicVariables::BlankLines();
+    doc_.Dims = PublicVariables::BlankDims();
+    // The path arrives as the shell hands it; one pair of quotes round it goes.
+    QString path = commandLine;
+    if (path.size() >= 2 && path.startsWith(QLatin1Char('"')) && path.endsWith(QLatin1Char('"')))
+        path = path.mid(1, path.size() - 2);
+    FileName_ = path.isEmpty() ? kUnNamed : path;
+    if (!path.trimmed().isEmpty()) {
+        const int dot = path.lastIndexOf(QLatin1Char('.'));
+        if (dot < 0 || path.mid(dot).toUpper() != QStringLiteral(".WLD")) {
+            Warn(QStringLiteral("The document's format is invalid or not supported."));
+        } else {
+            recent::SaveAsRecent(FileName_);
+            FileHandling::Read_Layout(doc_, S(FileName_));
+            board_->Repaint(true);
+            Set_Caption_From_File();
+        }
+    } else {
+        setWindowTitle(QString::fromUtf8(appinfo::kStartCaption));
+    }
+    Mark_Saved();
+    SyncUi();
+}
+
+void MainFrm::ClearButton_Click() {
+    if (Both_Empty()) {
+        DrawingBoard->Cls();
+        DrawingBoard->Refresh();
+        Warn(QStringLiteral("Drawing Board is empty ! "), false);
+        return;
+    }
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Warning:"),
+                    QStringLiteral("Are you sure you really want to Delete Drawing?  "),
+                    QMessageBox::Yes | QMessageBox::No, this);
+    if (box.exec() == QMessageBox::Yes) {
+        doc_.LineCounter = 0;
+        board_->Cancel_Band();
+        DrawingBoard->Cls();
+        doc_.Lines = PublicVariables::BlankLines();
+        doc_.Dims = PublicVariables::BlankDims();
+        CartesianModule::Set_Viewport(doc_);
+        doc_.Load.LoadPlaced = 0;
+        if (board_->ActiveMode == BoardState::CALCULATION) board_->Set_Mode(BoardState::DRAW);
+        DrawingBoard->Refresh();
+        SyncUi();
+    }
+    FocusCommandBox();
+}
+
+void MainFrm::ClearDimButton_Click() {
+    doc_.Dims = PublicVariables::BlankDims();
+    if (board_->ActiveMode != BoardState::CALCULATION) board_->Repaint(true);
+}
+
+void MainFrm::Clear_Recent_Items() {
+    for (int i = 1; i < mnuRecDocs_.size(); ++i) {
+        recentAnchor_->removeAction(mnuRecDocs_[i]);
+        mnuRecDocs_[i]->deleteLater();
+    }
+    mnuRecDocs_.resize(1);
+    mnuRecDocs_[0]->setText(QStringLiteral("Empty"));
+    mnuRecDocs_[0]->setEnabled(false);
+}
+
+int MainFrm::Add_Recent_Item(const QString& path) {
+    if (mnuRecDocs_[0]->text() == QStringLiteral("Empty")) {
+        mnuRecDocs_[0]->setEnabled(true);
+        mnuRecDocs_[0]->setText(path);
+        return 0;
+    }
+    auto* a = new QAction(path, recentAnchor_);
+    a->setObjectName(QStringLiteral("mnuRecDocs"));
+    connect(a, &QAction::triggered, this, [this, a] { mnuRecDocs_Click(a->text()); });
+    recentAnchor_->insertAction(recentSeparator_, a);
+    mnuRecDocs_.push_back(a);
+    return static_cast<int>(mnuRecDocs_.size()) - 1;
+}
+
+void MainFrm::mnuFile_Click() {
+    Clear_Recent_Items();
+    for (const QString& p : recent::RecentPaths()) Add_Recent_Item(p);
+}

@@ -1,0 +1,263 @@
+#include "board/BoardState.h"
+
+#include <gtest/gtest.h>
+
+#include "RecordingSurface.h"
+#include "board/CartesianModule.h"
+
+using namespace BoardState;
+using board::PenMode;
+using board::Pointer;
+using PublicVariables::LayoutDocument;
+
+namespace {
+
+struct Fixture {
+    LayoutDocument doc;
+    RecordingSurface surface;
+    Board board{doc, surface};
+    Fixture() { board.Set_Mode(DRAW); }
+    // A pointer move then a press and release there, as the window sends them.
+    void Click(double x, double y, Button b = Button::Left) {
+        board.DrawingBoard_MouseMove(Button::None, false, x, y);
+        board.DrawingBoard_MouseDown(b, false, x, y);
+        board.DrawingBoard_MouseUp(b, false, x, y);
+    }
+};
+
+struct ModeCase {
+    int16_t index;
+    const char* label;
+    const char* prompt;
+    bool box;
+    Pointer pointer;
+};
+
+TEST(BoardState, EveryModeSetsItsCaptionPromptBoxAndPointer) {
+    const ModeCase cases[] = {
+        {DRAW, "   Active Mode:  DRAW MODE", "[Pick Start Point]      -> Input Format: 'X,Y'", true, Pointer::Cross},
+        {SELECTION, "   Active Mode:  SELECTION MODE",
+         "[Pick Object or Type 'W' <Window> or 'C' <Crossing> or 'A' <All> or 'R' <Remove>]", true, Pointer::PickBox},
+        {DIMENSION, "   Active Mode:  DIMENSION MODE", "[Pick First Dimension Point]", false, Pointer::Cross},
+        {EDIT, "   Active Mode:  EDIT MODE", "[Double Click or Right Click on Line Object to Edit]", false,
+         Pointer::PickBox},
+        {PAN, "   Active Mode:  PAN MODE", "[Pick, Drag and Drop to Pan Drawing]", false, Pointer::PanHand},
+        {ZOOM, "   Active Mode:  ZOOM MODE", "[Specify Zoom Window]", false, Pointer::Cross},
+        {CALCULATION, "   Active Mode:  CALCULATION MODE",
+         "[Pick on either Left or Right to specify Load Location]", false, Pointer::PickBox},
+    };
+    for (const ModeCase& c : cases) {
+        Fixture f;
+        f.board.Set_Mode(c.index);
+        EXPECT_EQ(f.board.ActiveMode, c.index);
+        EXPECT_EQ(f.board.Ui.DumLabel, c.label);
+        EXPECT_EQ(f.board.Ui.CommandName, c.prompt);
+        EXPECT_EQ(f.board.Ui.CommandBoxEnabled, c.box) << c.label;
+        EXPECT_EQ(f.board.Ui.CommandText, c.box ? "" : " <CommandLine response disabled>");
+        EXPECT_EQ(f.board.Ui.CheckedMode, c.index);
+        EXPECT_EQ(f.surface.LastPointer, c.pointer) << c.label;
+        EXPECT_FALSE(f.board.Ui.LoadParamBoxVisible) << "empty table shows no load panel";
+    }
+}
+
+TEST(BoardState, AnUnknownIndexKeepsTheModeAndShowsNoName) {
+    Fixture f;
+    f.board.Set_Mode(5);
+    EXPECT_EQ(f.board.ActiveMode, DRAW);
+    EXPECT_EQ(f.board.Ui.DumLabel, "   Active Mode:  ");
+}
+
+TEST(BoardState, SelectionPromptsFollowTheCommandState) {
+    Fixture f;
+    f.board.Set_Mode(SELECTION);
+    Board& b = f.board;
+    b.SelectKind = 1;
+    b.Show_Prompt();
+    EXPECT_EQ(b.Ui.CommandName, "[Pick First Corner Point]");
+    b.CornerPicked = true;
+    b.Show_Prompt();
+    EXPECT_EQ(b.Ui.CommandName, "[Pick Second Corner Point]");
+    b.MovePending = true;
+    b.Show_Prompt();
+    EXPECT_EQ(b.Ui.CommandName, "[Pick Base Point]");
+    b.MoveClick = 1;
+    b.Show_Prompt();
+    EXPECT_EQ(b.Ui.CommandName, "[Pick Destination Point]");
+    b.RotatePending = true;
+    b.Show_Prompt();
+    EXPECT_EQ(b.Ui.CommandName, "[Pick Rotation Base Point]");
+    b.RotateClick = 1;
+    b.Show_Prompt();
+    EXPECT_EQ(b.Ui.CommandName, "[Enter Rotation Angle in degrees]");
+    // A pending command survives a mode change.
+    b.Set_Mode(DRAW);
+    EXPECT_TRUE(b.RotatePending);
+    EXPECT_TRUE(b.MovePending);
+}
+
+TEST(BoardState, LeavingSelectionClearsItEnteringKeepsIt) {
+    Fixture f;
+    CartesianModule::Add_Drawn_Line(f.doc, {1, 1, 0}, {2, 1, 0});
+    f.doc.Lines[0].Selected = -1;
+    f.board.Set_Mode(SELECTION);
+    EXPECT_EQ(f.doc.Lines[0].Selected, -1);
+    f.surface.Ops.clear();
+    f.board.Set_Mode(SELECTION);
+    EXPECT_TRUE(f.surface.OfKind("Cls").empty()) << "no repaint when already in SELECTION";
+    f.board.Set_Mode(EDIT);
+    EXPECT_EQ(f.doc.Lines[0].Selected, 0);
+}
+
+TEST(BoardState, TwoClicksDrawALineAndThePolyChainGoesOn) {
+    Fixture f;
+    f.Click(1.0, 4.0);
+    EXPECT_EQ(f.board.DrawClick, 1);
+    EXPECT_EQ(f.board.Ui.CommandName,
+              "[Pick Next Point]       -> Input Format: 'X,Y' or 'Distance<Angle' or 'Distance'");
+    f.board.DrawingBoard_MouseMove(Button::None, false, 2.0, 4.0);
+    f.board.DrawingBoard_MouseDown(Button::Left, false, 2.0, 4.0);
+    ASSERT_EQ(CartesianModule::Line_Count(f.doc.Lines), 1);
+    EXPECT_EQ(f.doc.Lines[0].LineName, "Line Number 1");
+    EXPECT_FLOAT_EQ(f.doc.Lines[0].StartPt.X, 1.0f);
+    EXPECT_FLOAT_EQ(f.doc.Lines[0].EndPt.X, 2.0f);
+    EXPECT_NEAR(f.doc.Lines[0].Length, 1.0, 1e-6);
+    EXPECT_EQ(f.board.DrawClick, 0);
+
+    f.board.PolyBox_Click(true);
+    f.Click(3.0, 4.0);
+    f.Click(3.0, 3.0);
+    EXPECT_EQ(f.board.DrawClick, 1) << "chain continues";
+    f.board.DrawingBoard_MouseMove(Button::None, false, 4.0, 3.0);
+    f.board.DrawingBoard_MouseDown(Button::Left, false, 4.0, 3.0);
+    EXPECT_EQ(CartesianModule::Line_Count(f.doc.Lines), 3);
+    EXPECT_FLOAT_EQ(f.doc.Lines[2].StartPt.Y, 3.0f);
+    // F9 ends the chain: the band is erased.
+    f.surface.Ops.clear();
+    EXPECT_TRUE(f.board.Form_KeyDown(KeyF9));
+    EXPECT_FALSE(f.board.PolyMode);
+    EXPECT_FALSE(f.board.Ui.PolyBox);
+    EXPECT_EQ(f.board.DrawClick, 0);
+    ASSERT_EQ(f.surface.OfKind("Line").size(), 1u);
+    EXPECT_EQ(f.surface.Ops[0].Mode, PenMode::Invert);
+}
+
+TEST(BoardState, EscapeCancelsTheBandByDrawingItAgain) {
+    Fixture f;
+    f.Click(1.0, 1.0);
+    f.board.DrawingBoard_MouseMove(Button::None, false, 2.0, 2.0);
+    const auto bands = f.surface.OfKind("Line");
+    const RecordedOp last = bands.back();
+    f.surface.Ops.clear();
+    f.board.Form_KeyDown(KeyEscape);
+    ASSERT_EQ(f.surface.Ops.size(), 1u);
+    EXPECT_EQ(f.surface.Ops[0].X2, last.X2);
+    EXPECT_EQ(f.surface.Ops[0].Y2, last.Y2);
+    EXPECT_EQ(f.board.DrawClick, 0);
+    EXPECT_EQ(f.board.Ui.CommandName, "[Pick Start Point]      -> Input Format: 'X,Y'");
+}
+
+TEST(BoardState, OrthoPullsTheBandOnTheNearerAxis) {
+    PointRec base{1, 1, 0};
+    auto p = Ortho_Point(base, 3.0, 1.5, true);
+    EXPECT_FLOAT_EQ(p.X, 3.0f);
+    EXPECT_FLOAT_EQ(p.Y, 1.0f);
+    p = Ortho_Point(base, 1.2, 4.0, true);
+    EXPECT_FLOAT_EQ(p.X, 1.0f);
+    p = Ortho_Point(base, 2.0, 2.0, true);  // exact diagonal stays
+    EXPECT_FLOAT_EQ(p.X, 2.0f);
+    EXPECT_FLOAT_EQ(p.Y, 2.0f);
+    p = Ortho_Point(base, 3.0, 1.5, false);
+    EXPECT_FLOAT_EQ(p.Y, 1.5f);
+}
+
+TEST(BoardState, F8TogglesOrthoAndItsBoxTogether) {
+    Fixture f;
+    f.board.Form_KeyDown(KeyF8);
+    EXPECT_TRUE(f.board.OrthoMode);
+    EXPECT_TRUE(f.board.Ui.OrthoBox);
+    f.board.Form_KeyDown(KeyF8);
+    EXPECT_FALSE(f.board.OrthoMode);
+    EXPECT_FALSE(f.board.Ui.OrthoBox);
+    EXPECT_FALSE(f.board.Form_KeyDown('A'));
+}
+
+TEST(BoardState, DeleteKeyRoutesByMode) {
+    Fixture f;
+    int deletes = 0, hovers = 0;
+    f.board.hooks.DeleteButton_Click = [&] { ++deletes; };
+    f.board.hooks.Delete_Hover = [&] { ++hovers; };
+    f.board.Form_KeyDown(KeyDelete);  // DRAW: nothing
+    f.board.Set_Mode(SELECTION);
+    f.board.Form_KeyDown(KeyDelete);
+    f.board.MovePending = true;
+    f.board.Form_KeyDown(KeyDelete);  // during a move: nothing
+    f.board.Set_Mode(EDIT);
+    f.doc.LineCounter = 4;
+    f.board.Form_KeyDown(KeyDelete);
+    EXPECT_EQ(deletes, 1);
+    EXPECT_EQ(hovers, 1);
+    EXPECT_EQ(f.doc.LineCounter, 0) << "empty table after the delete";
+}
+
+TEST(BoardState, ThreePicksMakeADimensionOfTheRightKind) {
+    Fixture f;
+    f.board.Set_Mode(DIMENSION);
+    f.Click(1.0, 1.0);
+    EXPECT_EQ(f.board.Ui.CommandName, "[Pick Second Dimension Point]");
+    f.Click(3.0, 2.0);
+    EXPECT_EQ(f.board.Ui.CommandName, "[Pick Dimension Position]");
+    // Ortho always holds for the position: straight above the middle.
+    f.board.DrawingBoard_MouseMove(Button::None, false, 2.1, 0.5);
+    f.board.DrawingBoard_MouseDown(Button::Left, false, 2.1, 0.5);
+    ASSERT_EQ(CartesianModule::Line_Count(f.doc.Dims), 1);
+    const auto& d = f.doc.Dims[0];
+    EXPECT_EQ(d.DimType, 1);
+    EXPECT_NEAR(d.DimLength, 2.0, 1e-6);
+    EXPECT_FLOAT_EQ(d.DimPos.X, 2.0f);
+    EXPECT_EQ(f.board.DimClick, 0);
+    EXPECT_EQ(f.board.Ui.CommandName, "[Pick First Dimension Point]");
+}
+
+TEST(BoardState, PanMovesTheDrawingAndKeepsWorldCoordinates) {
+    Fixture f;
+    CartesianModule::Add_Drawn_Line(f.doc, {1, 1, 0}, {2, 1, 0});
+    const float wx = CartesianModule::To_WorldX(f.doc, f.doc.Lines[0].StartPt.X);
+    const float wy = CartesianModule::To_WorldY(f.doc, f.doc.Lines[0].StartPt.Y);
+    f.board.Set_Mode(PAN);
+    f.board.DrawingBoard_MouseDown(Button::Left, false, 1.0, 1.0);
+    f.board.DrawingBoard_MouseMove(Button::Left, false, 1.5, 1.25);
+    f.board.DrawingBoard_MouseUp(Button::Left, false, 1.5, 1.25);
+    EXPECT_FLOAT_EQ(f.doc.Lines[0].StartPt.X, 1.5f);
+    EXPECT_FLOAT_EQ(f.doc.Lines[0].StartPt.Y, 1.25f);
+    EXPECT_FLOAT_EQ(CartesianModule::To_WorldX(f.doc, f.doc.Lines[0].StartPt.X), wx);
+    EXPECT_FLOAT_EQ(CartesianModule::To_WorldY(f.doc, f.doc.Lines[0].StartPt.Y), wy);
+}
+
+TEST(BoardState, ZoomWindowFillsTheBoardWithTheBox) {
+    Fixture f;
+    CartesianModule::Add_Drawn_Line(f.doc, {1, 1, 0}, {2, 1, 0});
+    f.board.Set_Mode(ZOOM);
+    f.board.DrawingBoard_MouseDown(Button::Left, false, 1.0, 0.5);
+    f.board.DrawingBoard_MouseMove(Button::Left, false, 2.0, 1.5);
+    f.board.DrawingBoard_MouseUp(Button::Left, false, 2.0, 1.5);
+    // The box was 1 by 1: the zoom is the board's smaller side.
+    EXPECT_NEAR(f.doc.ZoomScale, f.doc.ScaleHeight, 1e-5);
+    const auto& l = f.doc.Lines[0];
+    EXPECT_NEAR(l.EndPt.X - l.StartPt.X, f.doc.ScaleHeight, 1e-4);
+    EXPECT_NEAR(l.MidPt.X, f.doc.ScaleWidth / 2, 1e-4);
+}
+
+TEST(BoardState, ZoomButtonsAndFitLeaveCalculationForDraw) {
+    Fixture f;
+    CartesianModule::Add_Drawn_Line(f.doc, {1, 1, 0}, {2, 2, 0});
+    f.board.Set_Mode(CALCULATION);
+    f.board.Zoom_Button(1.05f);
+    EXPECT_EQ(f.board.ActiveMode, DRAW);
+    EXPECT_FLOAT_EQ(f.doc.ZoomScale, 1.05f);
+    f.board.Zoom_Button(0.95f);
+    EXPECT_NEAR(f.doc.ZoomScale, 1.05 * 0.95, 1e-6);
+    f.board.ZoomExtentButton_Click();
+    EXPECT_NEAR(f.doc.Lines[0].MidPt.X, f.doc.ScaleWidth / 2, 1e-4);
+}
+
+}  // namespace
