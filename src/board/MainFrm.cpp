@@ -9,6 +9,7 @@
 #include <initializer_list>
 
 #include "bolt/BoltCalcFrm.h"
+#include "weld/CcalculatorFrm.h"
 #include "shell/AboutFrm.h"
 #include "shell/AppInfo.h"
 #include "shell/RecentFiles.h"
@@ -77,6 +78,10 @@ MainFrm::MainFrm(QWidget* parent) : QMainWindow(parent) {
         w->raise();
         w->activateWindow();
     });
+
+    QAction* weld = action(QStringLiteral("mnuWeldCoefficient"));
+    weld->setEnabled(true);
+    connect(weld, &QAction::triggered, this, [this] { CcalculatorFrm::ShowFor(this); });
 
     QMenu* help = AddMenu(QStringLiteral("mnuHelp"), QStringLiteral("&Help"));
     QAction* about = AddAction(help, QStringLiteral("mnuAbout"), QStringLiteral("&About Ferrolith"), true);

@@ -185,7 +185,7 @@ void Flex_OpenEditor(FlexGrid* grid, QLineEdit* box, int16_t key, bool TakeKey) 
     box->setFocus();
 }
 
-void Flex_LeaveEditor(FlexGrid* grid, QLineEdit* box, int16_t keyCode, int /*shift*/,
+void Flex_LeaveEditor(FlexGrid* grid, QLineEdit* box, int16_t keyCode, int shift,
                       const std::function<void()>& leaveCell) {
     auto toGrid = [&] {
         grid->setFocus();
@@ -209,6 +209,24 @@ void Flex_LeaveEditor(FlexGrid* grid, QLineEdit* box, int16_t keyCode, int /*shi
         case Right:
             toGrid();
             if (grid->Col() < grid->Cols() - 1) grid->SetCol(grid->Col() + 1);
+            break;
+        case KeyFilters::KeyCode::Tab:
+            // As in a spreadsheet: the next cell to the right, or with Shift
+            // the one to the left, going on to the next or previous row.
+            toGrid();
+            if (shift & Qt::ShiftModifier) {
+                if (grid->Col() > grid->FixedCols()) grid->SetCol(grid->Col() - 1);
+                else if (grid->Row() > grid->FixedRows()) {
+                    grid->SetRow(grid->Row() - 1);
+                    grid->SetCol(grid->Cols() - 1);
+                }
+            } else {
+                if (grid->Col() < grid->Cols() - 1) grid->SetCol(grid->Col() + 1);
+                else if (grid->Row() < grid->Rows() - 1) {
+                    grid->SetRow(grid->Row() + 1);
+                    grid->SetCol(grid->FixedCols());
+                }
+            }
             break;
         case Esc:
             box->setText(grid->TextMatrix(grid->Row(), grid->Col()));

@@ -79,7 +79,8 @@ int16_t KeyCodeOf(int qtKey);
 void Flex_OpenEditor(FlexGrid* grid, QLineEdit* box, int16_t key, bool TakeKey);
 
 // Leaves the edit box by a key: Enter and Down move one row down, Up one row
-// up, Left and Right one column, each within the grid; Esc throws the box's
+// up, Left and Right one column, each within the grid; Tab one cell right
+// (with Shift left), going on to the next (previous) row; Esc throws the box's
 // text away and hides it. The focus goes to the grid first, which lets the
 // grid's leaving handler copy the box into the cell; `leaveCell` is that
 // handler, run here when the grid did not receive the focus (an inactive window).

@@ -68,9 +68,7 @@ CalculateFrm::CalculateFrm(const PublicVariables::LayoutDocument& doc, QWidget* 
 
 CalculateFrm::~CalculateFrm() {
     // A run still on the stack ends after its pass and finds no window.
-    ctx_->windowGone = true;
-    ctx_->run.IterationStop = -1;
-    ctx_->pump.BeforePump = nullptr;
+    WeldRunWindowGone(*ctx_);
 }
 
 void CalculateFrm::ShowModal(const PublicVariables::LayoutDocument& doc, QWidget* parent) {
@@ -103,12 +101,7 @@ void CalculateFrm::BuildControls() {
         b->setMinimumWidth(b->fontMetrics().horizontalAdvance(QStringLiteral("Resume Iteration")) + 32);
     }
 
-    IterationDisplayBox = new QPlainTextEdit(this);
-    IterationDisplayBox->setObjectName(QStringLiteral("IterationDisplayBox"));
-    IterationDisplayBox->setReadOnly(true);
-    QFont mono(QStringLiteral("Monospace"));
-    mono.setStyleHint(QFont::TypeWriter);
-    IterationDisplayBox->setFont(mono);
+    IterationDisplayBox = NewIterationDisplay(this);
     IterationDisplayBox->setMinimumSize(
         IterationDisplayBox->fontMetrics().horizontalAdvance(QStringLiteral(" Reference: AISC Steel Construction ")) + 40,
         IterationDisplayBox->fontMetrics().lineSpacing() * 14);
@@ -216,10 +209,7 @@ void CalculateFrm::Form_Activate() {
 
 void CalculateFrm::ApplyControls() {
     const RunControl::Controls& c = control_.State();
-    StopIterationButton->setText(Q(c.StopCaption));
-    StopIterationButton->setEnabled(c.StopEnabled);
-    StartIterationButton->setEnabled(c.StartEnabled);
-    ClearDisplayButton->setEnabled(c.ClearEnabled);
+    ApplyRunButtons(c, StartIterationButton, StopIterationButton, ClearDisplayButton);
     WeldStripBox->setEnabled(!c.InputsLocked);
     ModelBox->setEnabled(!c.InputsLocked);
     ElectrodeBox->setEnabled(!c.SizesLocked);
@@ -285,7 +275,7 @@ void CalculateFrm::Run_CapacityIteration() {
         ctx->display.Append(RunControl::ElementClosingText(outcome));
         FlushDisplay();
         if (outcome == ElementOutcome::Found)
-            SetCBox(Q(RunControl::ResultText(UnitCapacity * ElectrodeStrength * WeldSizeInches * MethodFactor, true)),
+            SetResultBox(CBox, Q(RunControl::ResultText(UnitCapacity * ElectrodeStrength * WeldSizeInches * MethodFactor, true)),
                     false);
         control_.RunEnded(true);
         run.IterationStop = -1;
@@ -295,12 +285,7 @@ void CalculateFrm::Run_CapacityIteration() {
     ctx->pump.BeforePump = [this, self] {
         if (self) FlushDisplay();
     };
-    RunControl::DisplayBuffer* display = &ctx->display;
-    WeldFunctions::WeldRunHooks hooks;
-    hooks.Yield = ctx->pump.AsYield();
-    hooks.DisplayCapacity = [&run, display](double, double x, double y, double divisor, bool computed) {
-        RunControl::Display_Iteration(run, *display, x, y, divisor, computed, RunControl::Clock::now());
-    };
+    const WeldFunctions::WeldRunHooks hooks = WeldRunHooksOf(*ctx);
     const double unit = WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc_, run, hooks);
     ctx->pump.BeforePump = nullptr;
     if (!self || ctx->windowGone) return;
@@ -310,39 +295,17 @@ void CalculateFrm::Run_CapacityIteration() {
     const bool converged = run.IterationStop == 0;
     ctx->display.Append(RunControl::ClosingText(converged));
     FlushDisplay();
-    SetCBox(Q(RunControl::ResultText(value * MethodFactor, converged)), !converged);
+    SetResultBox(CBox, Q(RunControl::ResultText(value * MethodFactor, converged)), !converged);
     control_.RunEnded(converged);
     run.IterationStop = -1;
     ApplyControls();
 }
 
-void CalculateFrm::FlushDisplay() {
-    RunControl::DisplayBuffer& d = ctx_->display;
-    if (d.ReplaceAll) {
-        IterationDisplayBox->setPlainText(Q(RunControl::ForWidget(d.Pending)));
-    } else if (!d.Pending.empty()) {
-        IterationDisplayBox->moveCursor(QTextCursor::End);
-        IterationDisplayBox->insertPlainText(Q(RunControl::ForWidget(d.Pending)));
-    }
-    if (d.ReplaceAll || !d.Pending.empty()) IterationDisplayBox->moveCursor(QTextCursor::End);
-    d.Pending.clear();
-    d.ReplaceAll = false;
-    if (d.ElapsedChanged) {
-        ElapsedIndicator->setText(Q(d.ElapsedCaption));
-        d.ElapsedChanged = false;
-    }
-}
-
-void CalculateFrm::SetCBox(const QString& text, bool red) {
-    QPalette p = CBox->palette();
-    p.setColor(QPalette::Text, red ? QColor(255, 0, 0) : QColor(0, 0, 0));
-    CBox->setPalette(p);
-    CBox->setText(text);
-}
+void CalculateFrm::FlushDisplay() { ::FlushDisplay(ctx_->display, IterationDisplayBox, ElapsedIndicator); }
 
 void CalculateFrm::RewriteCapacity() {
     if (CBox->text().trimmed().isEmpty()) return;
-    SetCBox(Q(WeldStrength::CapacityText(WeldStrength::DisplayedCapacity(ElectrodeStrength, UnitCapacity,
+    SetResultBox(CBox, Q(WeldStrength::CapacityText(WeldStrength::DisplayedCapacity(ElectrodeStrength, UnitCapacity,
                                                                           WeldSizeInches, MethodFactor))),
             false);
 }

@@ -8,9 +8,8 @@
 #include <memory>
 
 #include "board/PublicVariables.h"
-#include "shell/RunPump.h"
 #include "weld/RunControl.h"
-#include "weld/WeldFunctions.h"
+#include "weld/WeldRunView.h"
 
 class QComboBox;
 class QLabel;
@@ -38,19 +37,6 @@ protected:
     void reject() override;
 
 private:
-    // Everything a run touches lives here, owned jointly by the window and
-    // the run on the stack, so that a window deleted during a run leaves the
-    // run something valid to finish its pass on.
-    struct RunContext {
-        explicit RunContext(QWidget* window) : guard(window) {}
-        WeldFunctions::WeldRunState run;
-        RunControl::DisplayBuffer display;
-        shell::ThrottledPump pump;
-        bool windowGone = false;
-        // Handlers of the window on the stack; a close waits for them.
-        shell::RunGuard guard;
-    };
-
     void BuildControls();
     void Initialize_WeldBox();
     void Form_Load();
@@ -71,10 +57,9 @@ private:
     void ApplyControls();
     void FlushDisplay();
     void ClearDisplayWidgets();
-    void SetCBox(const QString& text, bool red);
 
     PublicVariables::LayoutDocument doc_;
-    std::shared_ptr<RunContext> ctx_ = std::make_shared<RunContext>(this);
+    std::shared_ptr<WeldRunContext> ctx_ = std::make_shared<WeldRunContext>(this);
     RunControl::Control control_{RunControl::RunWindow::Capacity};
 
     int16_t WeldStrip = 3;
