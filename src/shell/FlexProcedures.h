@@ -41,6 +41,16 @@ public:
     // The cell's rectangle in the coordinates of the grid's parent widget.
     QRect CellRectInParent(int row, int col) const;
 
+    // Text for a spreadsheet: cells trimmed, tab-separated, one line a row.
+    // SelectionText covers the selected range (the current cell when nothing
+    // is selected); TableText the whole grid with its headings and labels.
+    // Ctrl+C copies the selection, Ctrl+Shift+C the table; both are also in
+    // the grid's context menu.
+    QString SelectionText() const;
+    QString TableText() const;
+    void CopySelection() const;
+    void CopyTable() const;
+
 signals:
     // Key codes as KeyFilters::KeyCode; `shift` holds the Qt modifiers.
     void KeyDown(int16_t keyCode, int shift, bool& handled);

@@ -219,6 +219,33 @@ TEST_F(CoefficientWindow, ElementModelNamesItself) {
     EXPECT_NE(CBox(), HeadlessC(4, 10, 5, 8, 15));
 }
 
+TEST_F(CoefficientWindow, RangeAndTableCopyAsTabSeparatedText) {
+    Open();
+    Choose(8);
+    TypeAll({"10", "4", "6", "0"});
+    grid_->setCurrentCell(1, 1);
+    QTest::keyClick(grid_, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(grid_, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "4.000\n6.000\n");
+    QTest::keyClick(grid_, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              "Base Length, L\t10.000\nLength, kL\t4.000\nEccentricity, aL\t6.000\n"
+              "Load Rotation Angle,  \u00D8\t0.000\nCentroid Distance, xL\t0.571\nCentroid Distance, yL\t3.571\n");
+}
+
+TEST_F(CoefficientWindow, FitsSmallScreensAndTheGridGrows) {
+    Open();
+    EXPECT_LE(frm_->minimumSizeHint().width(), 800);
+    EXPECT_LE(frm_->minimumSizeHint().height(), 460);
+    frm_->resize(frm_->minimumSizeHint());
+    QApplication::processEvents();
+    const QSize small = grid_->size();
+    frm_->resize(frm_->minimumSizeHint() + QSize(300, 200));
+    QApplication::processEvents();
+    EXPECT_GT(grid_->width(), small.width());
+    EXPECT_GT(grid_->height(), small.height());
+}
+
 // With FERROLITH_SHOTS set to a folder, the window and the nine pictures at
 // two proportions are saved there.
 TEST_F(CoefficientWindow, Screenshots) {
