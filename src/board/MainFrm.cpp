@@ -24,6 +24,7 @@
 #include "board/CartesianModule.h"
 #include "board/DimensionModule.h"
 #include "bolt/BoltCalcFrm.h"
+#include "weld/CcalculatorFrm.h"
 #include "shell/AboutFrm.h"
 #include "shell/AppInfo.h"
 #include "shell/QtText.h"
@@ -184,6 +185,10 @@ void MainFrm::BuildMenus() {
         w->raise();
         w->activateWindow();
     });
+
+    QAction* weld = action(QStringLiteral("mnuWeldCoefficient"));
+    weld->setEnabled(true);
+    connect(weld, &QAction::triggered, this, [this] { CcalculatorFrm::ShowFor(this); });
 
     QMenu* help = AddMenu(QStringLiteral("mnuHelp"), QStringLiteral("&Help"));
     QAction* about = AddAction(help, QStringLiteral("mnuAbout"), QStringLiteral("&About Ferrolith"), true);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QGridLayout>
@@ -13,15 +14,18 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
 
+#include "bolt/BoltElementModel.h"
 #include "bolt/BoltFunctions.h"
 #include "shell/FlexProcedures.h"
 #include "shell/Primitives.h"
 #include "shell/SettingsStore.h"
+#include "shell/SolverModelBox.h"
 #include "shell/MathUtil.h"
 #include "shell/QtText.h"
 #include "shell/RunPump.h"
@@ -153,6 +157,16 @@ void BoltCalcFrm::BuildControls() {
     right->addLayout(buttons);
     top->addLayout(right);
 
+    ModelBox = shell::NewSolverModelBox(this);
+    auto* modelRow = new QHBoxLayout;
+    modelRow->addWidget(new QLabel(QStringLiteral("Model"), this));
+    modelRow->addWidget(ModelBox, 1);
+    right->insertLayout(0, modelRow);
+
+    StatusLine = new QLabel(this);
+    StatusLine->setObjectName(QStringLiteral("StatusLine"));
+    StatusLine->setFrameShape(QFrame::StyledPanel);
+
     auto* main = new QVBoxLayout(this);
     main->setContentsMargins(12, 10, 12, 12);
     main->setSpacing(8);
@@ -161,6 +175,7 @@ void BoltCalcFrm::BuildControls() {
     main->addSpacing(4);
     main->addWidget(gridCaption);
     main->addWidget(cFlex, 1);
+    main->addWidget(StatusLine);
 
     connect(AddRowButton, &QPushButton::clicked, this, &BoltCalcFrm::AddRowButton_Click);
     connect(RemRowButton, &QPushButton::clicked, this, &BoltCalcFrm::RemRowButton_Click);
@@ -188,6 +203,23 @@ void BoltCalcFrm::Form_Load() {
     Init_cFlex();
     Init_valFlex();
     LoadRecords();
+    FitScreen();
+}
+
+// Room for every column and fifteen rows of the grid.
+QSize BoltCalcFrm::sizeHint() const {
+    const QSize base = QWidget::sizeHint();
+    const QSize grid = cFlex->sizeHint();
+    return base + QSize(std::max(0, preferredGrid_.width() - grid.width()),
+                        std::max(0, preferredGrid_.height() - grid.height()));
+}
+
+// Opens as large as the grid wants, within the screen.
+void BoltCalcFrm::FitScreen() {
+    QSize want = sizeHint().expandedTo(minimumSizeHint());
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        want = want.boundedTo(screen->availableGeometry().size() - QSize(16, 48));
+    resize(want);
 }
 
 void BoltCalcFrm::Init_cFlex() {
@@ -240,13 +272,14 @@ void BoltCalcFrm::SizeGrid() {
     const int rowHeight = std::max(px(350), fm.height() + 8);
     cFlex->SetRowHeightAll(rowHeight);
 
-    // Show fifteen data rows and every column without a horizontal scroll bar.
+    // The grid asks for room for every column and fifteen rows, but makes do
+    // with less on a small screen: it scrolls, and grows with the window.
     int width = 2 * cFlex->frameWidth() + cFlex->verticalScrollBar()->sizeHint().width();
     for (int c = 0; c < kDataCols; ++c) width += cFlex->columnWidth(c);
-    cFlex->setMinimumWidth(width);
-    cFlex->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    preferredGrid_ = QSize(width, 2 * cFlex->frameWidth() + headHeight + 15 * rowHeight);
+    cFlex->setMinimumSize(std::min(width, 360), 2 * cFlex->frameWidth() + headHeight + 3 * rowHeight);
+    cFlex->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     cFlex->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    cFlex->setMinimumHeight(2 * cFlex->frameWidth() + headHeight + 15 * rowHeight);
 }
 
 void BoltCalcFrm::StyleDataRow(int row) {
@@ -326,16 +359,42 @@ void BoltCalcFrm::Calculate_C(int row) {
             return;
         }
     }
-    // A count that does not fit, or a group without bolts, leaves C and C' as they were.
+    // A count that does not fit, or a group without bolts, leaves C and C' as
+    // they were; the status line says why.
+    const QString rowName = QStringLiteral("Row %1: ").arg(row);
+    StatusLine->clear();
     int16_t m = 0, n = 0;
-    if (!prim::ToInt16(prim::Val(S(t[1])), m) || !prim::ToInt16(prim::Val(S(t[2])), n)) return;
+    if (!prim::ToInt16(prim::Val(S(t[1])), m) || !prim::ToInt16(prim::Val(S(t[2])), n)) {
+        StatusLine->setText(rowName + QStringLiteral("the numbers of bolt rows must be whole numbers up to 32,767."));
+        return;
+    }
     const double sv = prim::Val(S(t[3]));
     const double sh = prim::Val(S(t[4]));
     const double ex = prim::Val(S(t[5]));
     const double angle = prim::Val(S(t[6]));
+    const QString noGroup =
+        rowName + QStringLiteral("no bolt group: m and n must both be at least 1, with m × n at most 32,767 bolts.");
 
+    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::AiscElement) {
+        const auto c = BoltElementModel::BoltGroup_C(m, n, sv, sh, ex, angle);
+        const auto cp = BoltElementModel::BoltGroup_CPrime(m, n, sv, sh);
+        if (c.Refused || cp.Refused) {
+            StatusLine->setText(noGroup);
+            return;
+        }
+        if (!c.Converged) {
+            StatusLine->setText(rowName + QStringLiteral("the AISC element model finds no equilibrium for this load."));
+            return;
+        }
+        cFlex->SetTextMatrix(row, 7, Q(prim::Format(c.Value, "##,##0.000  ")));
+        cFlex->SetTextMatrix(row, 8, Q(prim::Format(cp.Converged ? cp.Value : 0.0, "##,##0.000  ")));
+        return;
+    }
     const auto cPrime = BoltFunctions::BoltGroup_CPrime(m, n, sv, sh);
-    if (!cPrime) return;
+    if (!cPrime) {
+        StatusLine->setText(noGroup);
+        return;
+    }
     // The window stays live during a long run.
     shell::ThrottledPump pump;
     const auto c = BoltFunctions::BoltGroup_C(m, n, sv, sh, ex, angle, pump.AsYield());
@@ -546,7 +605,7 @@ bool BoltCalcFrm::EdiTxt_KeyPress(QKeyEvent* event) {
         case Tab:
         case Enter:
             if (editCol_ >= 3 && editCol_ <= 6) ModifyTextC(EdiTxt);
-            leave(Enter);
+            leave(code);
             return true;
         case Left:
             if (EdiTxt->cursorPosition() != 0) return false;

@@ -11,6 +11,7 @@
 #include "shell/RunPump.h"
 
 class FlexGrid;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -26,6 +27,8 @@ public:
     // Path of the data file in the program's data folder.
     static QString DataFilePath();
 
+    QSize sizeHint() const override;
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -37,6 +40,7 @@ private:
     void Init_valFlex();
     void LoadRecords();
     void SizeGrid();
+    void FitScreen();
 
     void Calculate_C(int row);
     void ModifyTextC(QLineEdit* edit);
@@ -75,6 +79,9 @@ private:
     QPushButton* ClearButton = nullptr;
     QPushButton* AddRowButton = nullptr;
     QPushButton* RemRowButton = nullptr;
+    QComboBox* ModelBox = nullptr;
+    QLabel* StatusLine = nullptr;
+    QSize preferredGrid_;
 
     int editRow_ = 0;
     int editCol_ = 0;

@@ -1,6 +1,8 @@
 #include "shell/FlexProcedures.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -20,9 +22,19 @@ FlexGrid::FlexGrid(int fixedRows, int fixedCols, QWidget* parent)
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    // A range can be selected for copying; the editor works on the current cell.
+    setSelectionMode(QAbstractItemView::ContiguousSelection);
     setSelectionBehavior(QAbstractItemView::SelectItems);
     setWordWrap(false);
+    auto* copy = new QAction(QStringLiteral("Copy"), this);
+    copy->setObjectName(QStringLiteral("CopyAction"));
+    connect(copy, &QAction::triggered, this, &FlexGrid::CopySelection);
+    auto* copyTable = new QAction(QStringLiteral("Copy table"), this);
+    copyTable->setObjectName(QStringLiteral("CopyTableAction"));
+    connect(copyTable, &QAction::triggered, this, &FlexGrid::CopyTable);
+    addAction(copy);
+    addAction(copyTable);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { emit Scroll(); });
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { emit Scroll(); });
 }
@@ -100,7 +112,51 @@ QRect FlexGrid::CellRectInParent(int row, int col) const {
     return QRect(viewport()->mapTo(target, r.topLeft()), r.size());
 }
 
+namespace {
+QString SheetCell(QString text) { return text.replace(QLatin1Char('\n'), QLatin1Char(' ')).trimmed(); }
+}  // namespace
+
+QString FlexGrid::SelectionText() const {
+    int top = Row(), bottom = Row(), left = Col(), right = Col();
+    const QList<QTableWidgetSelectionRange> ranges = selectedRanges();
+    if (!ranges.isEmpty()) {
+        top = ranges.first().topRow() + fixedRows_;
+        bottom = ranges.first().bottomRow() + fixedRows_;
+        left = ranges.first().leftColumn();
+        right = ranges.first().rightColumn();
+    }
+    QStringList lines;
+    for (int r = top; r <= bottom; ++r) {
+        QStringList cells;
+        for (int c = left; c <= right; ++c) cells << SheetCell(TextMatrix(r, c));
+        lines << cells.join(QLatin1Char('\t'));
+    }
+    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
+QString FlexGrid::TableText() const {
+    QStringList lines;
+    for (int r = 0; r < Rows(); ++r) {
+        QStringList cells;
+        for (int c = 0; c < Cols(); ++c) cells << SheetCell(TextMatrix(r, c));
+        lines << cells.join(QLatin1Char('\t'));
+    }
+    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
+void FlexGrid::CopySelection() const { QApplication::clipboard()->setText(SelectionText()); }
+
+void FlexGrid::CopyTable() const { QApplication::clipboard()->setText(TableText()); }
+
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        CopySelection();
+        return;
+    }
+    if (event->key() == Qt::Key_C && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) {
+        CopyTable();
+        return;
+    }
     const int16_t code = FlexProcedures::KeyCodeOf(event->key());
     bool handled = false;
     if (code != 0) emit KeyDown(code, static_cast<int>(event->modifiers()), handled);
@@ -185,7 +241,7 @@ void Flex_OpenEditor(FlexGrid* grid, QLineEdit* box, int16_t key, bool TakeKey) 
     box->setFocus();
 }
 
-void Flex_LeaveEditor(FlexGrid* grid, QLineEdit* box, int16_t keyCode, int /*shift*/,
+void Flex_LeaveEditor(FlexGrid* grid, QLineEdit* box, int16_t keyCode, int shift,
                       const std::function<void()>& leaveCell) {
     auto toGrid = [&] {
         grid->setFocus();
@@ -209,6 +265,24 @@ void Flex_LeaveEditor(FlexGrid* grid, QLineEdit* box, int16_t keyCode, int /*shi
         case Right:
             toGrid();
             if (grid->Col() < grid->Cols() - 1) grid->SetCol(grid->Col() + 1);
+            break;
+        case KeyFilters::KeyCode::Tab:
+            // As in a spreadsheet: the next cell to the right, or with Shift
+            // the one to the left, going on to the next or previous row.
+            toGrid();
+            if (shift & Qt::ShiftModifier) {
+                if (grid->Col() > grid->FixedCols()) grid->SetCol(grid->Col() - 1);
+                else if (grid->Row() > grid->FixedRows()) {
+                    grid->SetRow(grid->Row() - 1);
+                    grid->SetCol(grid->Cols() - 1);
+                }
+            } else {
+                if (grid->Col() < grid->Cols() - 1) grid->SetCol(grid->Col() + 1);
+                else if (grid->Row() < grid->Rows() - 1) {
+                    grid->SetRow(grid->Row() + 1);
+                    grid->SetCol(grid->FixedCols());
+                }
+            }
             break;
         case Esc:
             box->setText(grid->TextMatrix(grid->Row(), grid->Col()));

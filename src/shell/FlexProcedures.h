@@ -41,6 +41,16 @@ public:
     // The cell's rectangle in the coordinates of the grid's parent widget.
     QRect CellRectInParent(int row, int col) const;
 
+    // Text for a spreadsheet: cells trimmed, tab-separated, one line a row.
+    // SelectionText covers the selected range (the current cell when nothing
+    // is selected); TableText the whole grid with its headings and labels.
+    // Ctrl+C copies the selection, Ctrl+Shift+C the table; both are also in
+    // the grid's context menu.
+    QString SelectionText() const;
+    QString TableText() const;
+    void CopySelection() const;
+    void CopyTable() const;
+
 signals:
     // Key codes as KeyFilters::KeyCode; `shift` holds the Qt modifiers.
     void KeyDown(int16_t keyCode, int shift, bool& handled);
@@ -79,7 +89,8 @@ int16_t KeyCodeOf(int qtKey);
 void Flex_OpenEditor(FlexGrid* grid, QLineEdit* box, int16_t key, bool TakeKey);
 
 // Leaves the edit box by a key: Enter and Down move one row down, Up one row
-// up, Left and Right one column, each within the grid; Esc throws the box's
+// up, Left and Right one column, each within the grid; Tab one cell right
+// (with Shift left), going on to the next (previous) row; Esc throws the box's
 // text away and hides it. The focus goes to the grid first, which lets the
 // grid's leaving handler copy the box into the cell; `leaveCell` is that
 // handler, run here when the grid did not receive the focus (an inactive window).

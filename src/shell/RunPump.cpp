@@ -9,10 +9,6 @@ namespace shell {
 
 ThrottledPump::ThrottledPump(int intervalMs) : intervalMs_(intervalMs) { timer_.start(); }
 
-void ThrottledPump::operator()() {
-    if (timer_.elapsed() >= intervalMs_) Now();
-}
-
 void ThrottledPump::Now() {
     if (BeforePump) BeforePump();
     QCoreApplication::processEvents();

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QDir>
+#include <QLabel>
 #include <QFile>
 #include <QFileInfo>
 #include <QHeaderView>
@@ -354,7 +356,8 @@ TEST_F(BoltWindow, UnreadableFileIsReportedAndKept) {
 
 TEST_F(BoltWindow, HeadingsFitTheirCells) {
     Open();
-    frm_->adjustSize();
+    frm_->resize(frm_->sizeHint());
+    QApplication::processEvents();
     QHeaderView* head = grid_->horizontalHeader();
     const QFontMetrics fm(head->font());
     for (int c = 0; c < grid_->Cols(); ++c) {
@@ -406,6 +409,88 @@ TEST(BoltWindowFromMain, CalcsMenuOpensOneWindow) {
     EXPECT_TRUE(w.findChildren<BoltCalcFrm*>().isEmpty());
     a->trigger();
     EXPECT_EQ(w.findChildren<BoltCalcFrm*>().size(), 1);
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(BoltWindow, TabMovesRightAndShiftTabLeft) {
+    Open();
+    grid_->setCurrentCell(0, 1);
+    QTest::keyClick(grid_, '4');
+    QTest::keyClick(box_, Qt::Key_Tab);
+    EXPECT_EQ(grid_->Col(), 2);
+    EXPECT_EQ(grid_->Row(), 1);
+    EXPECT_EQ(grid_->TextMatrix(1, 1), "4");
+    QTest::keyClick(grid_, '3');
+    QTest::keyClick(box_, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(grid_->Col(), 1);
+    EXPECT_EQ(grid_->TextMatrix(1, 2), "3");
+    // Tab from the last data column goes on to the next row.
+    grid_->setCurrentCell(0, 8);
+    QTest::keyClick(grid_, Qt::Key_F2);
+    QTest::keyClick(box_, Qt::Key_Tab);
+    EXPECT_EQ(grid_->Row(), 2);
+    EXPECT_EQ(grid_->Col(), 1);
+}
+
+TEST_F(BoltWindow, RangeAndTableCopyAsTabSeparatedText) {
+    Open();
+    TypeRow(1, {"4", "2", "3", "3", "6", "0"});
+    TypeRow(2, {"3", "2", "3", "3", "6", "0"});
+    grid_->setCurrentCell(0, 1);
+    QTest::keyClick(grid_, Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClick(grid_, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(grid_, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "4\t2\n3\t2\n");
+    QTest::keyClick(grid_, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    const QStringList lines = QApplication::clipboard()->text().split('\n');
+    ASSERT_GE(lines.size(), 3);
+    EXPECT_EQ(lines[0],
+              "No.\tNumber of Bolt Rows on the Vertical\tNumber of Bolt Rows on the Horizontal\tBolt Spacing on the "
+              "Vertical\tBolt Spacing on the Horizontal\tLoad Eccentricity\tLoad Angle from the Vertical "
+              "[degrees]\tBolt Group Coefficient [C]\tBolt Group Coefficient [C']");
+    EXPECT_TRUE(lines[1].startsWith("1\t4\t2\t3.000\t3.000\t6.000\t0.000\t")) << lines[1].toStdString();
+    EXPECT_EQ(lines[1].count('\t'), 8);
+}
+
+TEST_F(BoltWindow, ImpossibleRowIsExplainedInTheStatusLine) {
+    Open();
+    TypeRow(1, {"0", "2", "3", "3", "6", "0"});
+    auto* status = frm_->findChild<QLabel*>("StatusLine");
+    ASSERT_NE(status, nullptr);
+    EXPECT_TRUE(status->text().startsWith("Row 1: no bolt group")) << status->text().toStdString();
+    EXPECT_EQ(grid_->TextMatrix(1, 7), "");
+    Type(1, 1, "4");
+    EXPECT_TRUE(status->text().isEmpty());
+    EXPECT_NE(grid_->TextMatrix(1, 7), "");
+}
+
+TEST_F(BoltWindow, FitsSmallScreensAndTheGridGrows) {
+    Open();
+    // 1600 x 1000 at scale 2 leaves 800 x 500 logical pixels, less the frame.
+    EXPECT_LE(frm_->minimumSizeHint().width(), 800);
+    EXPECT_LE(frm_->minimumSizeHint().height(), 460);
+    frm_->resize(frm_->minimumSizeHint());
+    QApplication::processEvents();
+    const QSize small = grid_->size();
+    frm_->resize(frm_->minimumSizeHint() + QSize(300, 200));
+    QApplication::processEvents();
+    // The window as it opens on 1600 x 1000 at scale 2 (784 x 452 logical) and on 1366 x 768.
+    const QString shots = qEnvironmentVariable("FERROLITH_SHOT_DIR");
+    if (!shots.isEmpty()) {
+        const QSize big = frm_->size();
+        for (const QSize& screen : {QSize(784, 452), QSize(1350, 720)}) {
+            frm_->resize(frm_->sizeHint().expandedTo(frm_->minimumSizeHint()).boundedTo(screen));
+            QApplication::processEvents();
+            frm_->grab().save(QStringLiteral("%1/bolt-fit-%2x%3-x%4.png").arg(shots).arg(screen.width()).arg(screen.height()).arg(qEnvironmentVariable("QT_SCALE_FACTOR", "1")));
+        }
+        frm_->resize(big);
+        QApplication::processEvents();
+    }
+    EXPECT_EQ(grid_->width(), small.width() + 300);
+    EXPECT_EQ(grid_->height(), small.height() + 200);
 }
 
 }  // namespace

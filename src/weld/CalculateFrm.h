@@ -1,0 +1,87 @@
+// The window "Weld Group Capacity": runs the capacity of the board's weld
+// group as soon as it is shown, shows the trial centers as they go by, lets
+// the user stop, resume and restart the run, and scales the unit capacity for
+// electrode, weld size and design method without a new run.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "board/PublicVariables.h"
+#include "weld/RunControl.h"
+#include "weld/WeldRunView.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+
+class CalculateFrm : public QDialog {
+    Q_OBJECT
+public:
+    // The window works on its own copy of the document (lines and load).
+    CalculateFrm(const PublicVariables::LayoutDocument& doc, QWidget* parent = nullptr);
+    ~CalculateFrm() override;
+
+    // Shows the window modally and deletes it when it closes; the run starts
+    // as soon as it is shown.
+    static void ShowModal(const PublicVariables::LayoutDocument& doc, QWidget* parent);
+
+    // Whether a run is on the stack (tests and the main window's closing).
+    bool RunActive() const;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void reject() override;
+
+private:
+    void BuildControls();
+    void Initialize_WeldBox();
+    void Form_Load();
+    void Form_Activate();
+    bool Form_QueryUnload();
+
+    void StartIterationButton_Click();
+    void StopIterationButton_Click();
+    void ClearDisplayButton_Click();
+    void Run_CapacityIteration();
+
+    void WeldStripBox_Change();
+    void ElectrodeBox_Change();
+    void SizeBox_Change();
+    void DesignMethod_Change();
+    void RewriteCapacity();
+
+    void ApplyControls();
+    void FlushDisplay();
+    void ClearDisplayWidgets();
+
+    PublicVariables::LayoutDocument doc_;
+    std::shared_ptr<WeldRunContext> ctx_ = std::make_shared<WeldRunContext>(this);
+    RunControl::Control control_{RunControl::RunWindow::Capacity};
+
+    int16_t WeldStrip = 3;
+    int16_t WeldSize = 3;
+    int16_t WeldClass = 3;
+    int16_t DesignMethod = 0;
+    double UnitCapacity = 0.0;
+    double MethodFactor = 1.0;
+    double WeldSizeInches = 0.25;
+    double ElectrodeStrength = 90.0;
+    bool activated_ = false;
+
+    QComboBox* WeldStripBox = nullptr;
+    QComboBox* ElectrodeBox = nullptr;
+    QComboBox* SizeBox = nullptr;
+    QComboBox* DesignMethodBox = nullptr;
+    QComboBox* ModelBox = nullptr;
+    QPushButton* StartIterationButton = nullptr;
+    QPushButton* StopIterationButton = nullptr;
+    QPushButton* ClearDisplayButton = nullptr;
+    QPlainTextEdit* IterationDisplayBox = nullptr;
+    QLabel* ElapsedIndicator = nullptr;
+    QLabel* MethodLabel = nullptr;
+    QLineEdit* CBox = nullptr;
+};

@@ -1,0 +1,548 @@
+#include "weld/CcalculatorFrm.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include "shell/AppInfo.h"
+#include "shell/FlexProcedures.h"
+#include "shell/MathUtil.h"
+#include "shell/Primitives.h"
+#include "shell/QtText.h"
+#include "shell/SettingsStore.h"
+#include "shell/SolverModelBox.h"
+#include "units/ImperialProc.h"
+#include "weld/WeldElementModel.h"
+#include "weld/WeldPictureView.h"
+#include "weld/WeldStrength.h"
+
+using namespace KeyFilters::KeyCode;
+namespace wc = WeldCoefficient;
+
+namespace {
+
+QString FromView(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
+
+const QString kSection = QStringLiteral("FerrolithSetting");
+const QString kWeldViewKey = QStringLiteral("WeldView");
+
+QLabel* Caption(const QString& text, QWidget* parent) {
+    auto* l = new QLabel(text, parent);
+    QFont f = l->font();
+    f.setBold(true);
+    l->setFont(f);
+    return l;
+}
+
+}  // namespace
+
+CcalculatorFrm::CcalculatorFrm(QWidget* parent) : QWidget(parent, Qt::Window) {
+    setObjectName(QStringLiteral("CcalculatorFrm"));
+    setWindowTitle(FromView(wc::kWindowTitle));
+    BuildControls();
+    Form_Load();
+    Form_Activate();
+}
+
+CcalculatorFrm::~CcalculatorFrm() {
+    WeldRunWindowGone(*ctx_);
+    WeldFlex->disconnect(this);
+    EdiTxtA->removeEventFilter(this);
+}
+
+wc::WeldConfigStore& CcalculatorFrm::WeldConfigStore() {
+    static wc::WeldConfigStore store;
+    return store;
+}
+
+CcalculatorFrm* CcalculatorFrm::ShowFor(QWidget* owner) {
+    auto* w = owner->findChild<CcalculatorFrm*>(QStringLiteral("CcalculatorFrm"));
+    if (w == nullptr) w = new CcalculatorFrm(owner);
+    w->show();
+    w->raise();
+    w->activateWindow();
+    return w;
+}
+
+bool CcalculatorFrm::Span_Input_Ok(const QString& text) {
+    const prim::Variant v = ImperialProc::Imperial_Value(S(text), "FT");
+    return !(v.IsText() && v.text == "*ERROR*");
+}
+
+bool CcalculatorFrm::RunActive() const { return RunControl::Control::Active(ctx_->run); }
+
+void CcalculatorFrm::BuildControls() {
+    WeldView = new QListWidget(this);
+    WeldView->setObjectName(QStringLiteral("WeldView"));
+    const int icon = fontMetrics().height() * 2;
+    WeldView->setIconSize(QSize(icon, icon));
+    WeldView->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("Weld Configuration 9")) + icon + 40);
+
+    WeldImage = new WeldImageView(this);
+    WeldImage->setObjectName(QStringLiteral("WeldImage"));
+    WeldImage->setMinimumSize(fontMetrics().height() * 11, fontMetrics().height() * 10);
+
+    WeldFlex = new FlexGrid(0, 1, this);
+    WeldFlex->setObjectName(QStringLiteral("WeldFlex"));
+    EdiTxtA = new QLineEdit(this);
+    EdiTxtA->setObjectName(QStringLiteral("EdiTxtA"));
+    EdiTxtA->setFrame(false);
+    EdiTxtA->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    EdiTxtA->setStyleSheet(QStringLiteral("background: #FFFFE8; border: 1px solid #3060C0; padding: 0 4px;"));
+    EdiTxtA->setVisible(false);
+    EdiTxtA->installEventFilter(this);
+
+    WeldStripBox = new QComboBox(this);
+    WeldStripBox->setObjectName(QStringLiteral("WeldStripBox"));
+    ModelBox = shell::NewSolverModelBox(this);
+
+    StartIterationButton = new QPushButton(FromView(RunControl::StartCaption(control_.Window())), this);
+    StartIterationButton->setObjectName(QStringLiteral("StartIterationButton"));
+    StopIterationButton = new QPushButton(FromView(RunControl::kStopCaption), this);
+    StopIterationButton->setObjectName(QStringLiteral("StopIterationButton"));
+    ClearDisplayButton = new QPushButton(FromView(RunControl::kClearCaption), this);
+    ClearDisplayButton->setObjectName(QStringLiteral("ClearDisplayButton"));
+    for (QPushButton* b : {StartIterationButton, StopIterationButton, ClearDisplayButton})
+        b->setMinimumWidth(b->fontMetrics().horizontalAdvance(QStringLiteral("Resume Iteration")) + 28);
+
+    IterationDisplayBox = NewIterationDisplay(this);
+    IterationDisplayBox->setMinimumHeight(IterationDisplayBox->fontMetrics().lineSpacing() * 5);
+    ElapsedIndicator = new QLabel(this);
+    ElapsedIndicator->setObjectName(QStringLiteral("ElapsedIndicator"));
+    CBox = new QLineEdit(this);
+    CBox->setObjectName(QStringLiteral("CBox"));
+    CBox->setReadOnly(true);
+    CBox->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QFont big = CBox->font();
+    big.setBold(true);
+    big.setPointSizeF(big.pointSizeF() * 1.2);
+    CBox->setFont(big);
+    CBox->setMinimumWidth(QFontMetrics(big).horizontalAdvance(QStringLiteral("** 9999.00000    ")) + 12);
+    StatusLine = new QLabel(this);
+    StatusLine->setObjectName(QStringLiteral("StatusLine"));
+    StatusLine->setFrameShape(QFrame::StyledPanel);
+    StatusLine->setMinimumWidth(10);
+
+    auto* gridSide = new QVBoxLayout;
+    gridSide->addWidget(WeldFlex, 1);
+    auto* choices = new QGridLayout;
+    choices->addWidget(Caption(FromView(WeldStrength::kWeldStripLabel), this), 0, 0);
+    choices->addWidget(WeldStripBox, 1, 0);
+    choices->addWidget(Caption(QStringLiteral("Model"), this), 0, 1);
+    choices->addWidget(ModelBox, 1, 1);
+    gridSide->addLayout(choices);
+
+    auto* top = new QHBoxLayout;
+    top->addWidget(WeldView);
+    top->addWidget(WeldImage, 1);
+    top->addLayout(gridSide, 1);
+
+    auto* buttons = new QVBoxLayout;
+    buttons->addWidget(StartIterationButton);
+    buttons->addWidget(StopIterationButton);
+    buttons->addWidget(ClearDisplayButton);
+    buttons->addStretch(1);
+
+    auto* result = new QVBoxLayout;
+    result->addWidget(Caption(FromView(wc::kResultCaption), this));
+    result->addWidget(CBox);
+    result->addStretch(1);
+
+    auto* bottom = new QHBoxLayout;
+    bottom->addLayout(buttons);
+    auto* display = new QVBoxLayout;
+    display->addWidget(IterationDisplayBox, 1);
+    display->addWidget(ElapsedIndicator);
+    bottom->addLayout(display, 1);
+    bottom->addLayout(result);
+
+    auto* main = new QVBoxLayout(this);
+    main->setContentsMargins(10, 10, 10, 6);
+    main->addLayout(top, 3);
+    main->addLayout(bottom, 2);
+    main->addWidget(StatusLine);
+
+    connect(StartIterationButton, &QPushButton::clicked, this, &CcalculatorFrm::StartIterationButton_Click);
+    connect(StopIterationButton, &QPushButton::clicked, this, &CcalculatorFrm::StopIterationButton_Click);
+    connect(ClearDisplayButton, &QPushButton::clicked, this, &CcalculatorFrm::ClearDisplayButton_Click);
+    connect(WeldView, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (row >= 0) WeldView_ItemClick(row + 1);
+    });
+    connect(WeldView, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* item) { WeldView_ItemClick(WeldView->row(item) + 1); });
+    connect(WeldFlex, &FlexGrid::LeaveCell, this, [this](int, int) { WeldFlex_LeaveCell(); });
+    connect(WeldFlex, &FlexGrid::GotFocus, this, &CcalculatorFrm::WeldFlex_LeaveCell);
+    connect(WeldFlex, &FlexGrid::KeyDown, this, &CcalculatorFrm::WeldFlex_KeyDown);
+    connect(WeldFlex, &FlexGrid::KeyPress, this, &CcalculatorFrm::WeldFlex_KeyPress);
+    connect(WeldFlex, &FlexGrid::DblClick, this, &CcalculatorFrm::WeldFlex_DblClick);
+    connect(WeldFlex, &FlexGrid::Scroll, this, &CcalculatorFrm::WeldFlex_Scroll);
+    connect(EdiTxtA, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (Span_Input_Ok(text)) CellBackup = text;
+    });
+}
+
+void CcalculatorFrm::Initialize_WeldRoutines() {
+    Initialize_WeldView();
+    Initialize_WeldStripBox();
+    Initialize_WeldFlex();
+}
+
+void CcalculatorFrm::Initialize_WeldView() {
+    const qreal dpr = devicePixelRatioF();
+    for (int n = 1; n <= wc::kConfigs; ++n) {
+        auto* item = new QListWidgetItem(WeldConfigIcon(static_cast<int16_t>(n), WeldView->iconSize().width(), dpr),
+                                         Q(wc::ItemText(n)), WeldView);
+        item->setData(Qt::UserRole, QStringLiteral("weld%1").arg(n));
+    }
+}
+
+void CcalculatorFrm::Initialize_WeldStripBox() {
+    for (std::string_view item : WeldStrength::kWeldStripItems) WeldStripBox->addItem(FromView(item));
+}
+
+void CcalculatorFrm::Initialize_WeldFlex() {
+    WeldFlex->SetCols(2);
+    WeldFlex->SetRows(wc::kRows);
+    const QFontMetrics fm(WeldFlex->font());
+    int labelWidth = 0;
+    for (int r = 0; r < wc::kRows; ++r) {
+        WeldFlex->SetTextMatrix(r, 0, FromView(wc::kRowLabels[r]));
+        labelWidth = std::max(labelWidth, fm.horizontalAdvance(FromView(wc::kRowLabels[r])));
+        WeldFlex->Cell(r, 1)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    WeldFlex->setColumnWidth(0, labelWidth + 16);
+    WeldFlex->horizontalHeader()->setStretchLastSection(true);
+    WeldFlex->SetRowHeightAll(fm.height() + 8);
+    WeldFlex->setMinimumWidth(labelWidth + 16 + fm.horizontalAdvance(QStringLiteral("             Midpoint")) + 12);
+    WeldFlex->setMinimumHeight(wc::kRows * (fm.height() + 8) + 2 * WeldFlex->frameWidth());
+    WeldFlex->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    WeldFlex->setCurrentCell(0, 1);
+}
+
+void CcalculatorFrm::Form_Load() {
+    WeldLoading = true;
+    Initialize_WeldRoutines();
+    const int strip = settings::GetSettingInt(settings::ProgramTitle(), kSection,
+                                              FromView(WeldStrength::kWeldStripSetting.key),
+                                              WeldStrength::kWeldStripSetting.defaultValue);
+    const int stripIndex = static_cast<int>(WeldStrength::ClampSaved(WeldStrength::kWeldStripSetting, strip));
+    if (stripIndex >= 0 && stripIndex < WeldStripBox->count()) WeldStripBox->setCurrentIndex(stripIndex);
+    const int view = static_cast<int>(
+        shell::MinOf({9.0, static_cast<double>(settings::GetSettingInt(settings::ProgramTitle(), kSection, kWeldViewKey, 1))}));
+    if (view >= 1 && view <= wc::kConfigs) WeldView->setCurrentRow(view - 1);
+    Update_Centroids();
+    Update_WeldImage();
+    ctx_->run.IterationStop = -1;
+    WeldLoading = false;
+
+    // Open at a size that fits the screen, with room for the grid to grow.
+    const QSize want = sizeHint().expandedTo(minimumSizeHint());
+    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+        const QSize avail = screen->availableGeometry().size() - QSize(16, 48);
+        resize(want.boundedTo(avail));
+    }
+}
+
+void CcalculatorFrm::Form_Activate() {
+    control_.Form_Activate();
+    ApplyControls();
+}
+
+void CcalculatorFrm::ApplyControls() {
+    const RunControl::Controls& c = control_.State();
+    ApplyRunButtons(c, StartIterationButton, StopIterationButton, ClearDisplayButton);
+    for (QWidget* w : std::initializer_list<QWidget*>{WeldStripBox, WeldFlex, WeldView, ModelBox})
+        w->setEnabled(!c.InputsLocked);
+}
+
+void CcalculatorFrm::WeldView_ItemClick(int index) {
+    if (index < 1 || index > wc::kConfigs) return;
+    setWindowTitle(Q(wc::WindowCaption(wc::ItemText(index))));
+    if (!WeldLoading) Save_WeldConfig();
+    if (index != WeldViewIndex) {
+        ElapsedIndicator->clear();
+        IterationDisplayBox->clear();
+        CBox->clear();
+        ClearDisplayButton_Click();
+    }
+    WeldViewIndex = static_cast<int16_t>(index);
+    const wc::ConfigCells& cells = WeldConfigStore()[static_cast<size_t>(index - 1)];
+    EdiTxtA->setVisible(false);
+    for (int r = 0; r < wc::kRows; ++r) WeldFlex->SetTextMatrix(r, 1, Q(cells[r]));
+    Update_WeldImage();
+    Update_Centroids();
+}
+
+void CcalculatorFrm::Save_WeldConfig() {
+    if (WeldViewIndex < 1 || WeldViewIndex > wc::kConfigs) return;
+    wc::ConfigCells& cells = WeldConfigStore()[static_cast<size_t>(WeldViewIndex - 1)];
+    for (int r = 0; r < wc::kRows; ++r) cells[r] = S(WeldFlex->TextMatrix(r, 1));
+}
+
+void CcalculatorFrm::Update_WeldImage() {
+    // The picture follows the typed proportions; blank cells show a typical shape.
+    double k = 0.6, a = 0.5, angle = 0.0;
+    const double L = prim::Val(S(WeldFlex->TextMatrix(0, 1)));
+    if (L > 0 && !WeldFlex->TextMatrix(1, 1).trimmed().isEmpty()) k = prim::Val(S(WeldFlex->TextMatrix(1, 1))) / L;
+    if (L > 0 && !WeldFlex->TextMatrix(2, 1).trimmed().isEmpty()) a = prim::Val(S(WeldFlex->TextMatrix(2, 1))) / L;
+    if (!WeldFlex->TextMatrix(3, 1).trimmed().isEmpty()) angle = prim::Val(S(WeldFlex->TextMatrix(3, 1)));
+    WeldImage->SetPicture(WeldPicture::Picture(WeldViewIndex, k, a, angle));
+}
+
+void CcalculatorFrm::Update_Centroids() {
+    const wc::CentroidRows rows =
+        wc::Update_Centroids(WeldViewIndex, S(WeldFlex->TextMatrix(0, 1)), S(WeldFlex->TextMatrix(1, 1)));
+    WeldFlex->SetTextMatrix(4, 1, Q(rows.xL));
+    WeldFlex->SetTextMatrix(5, 1, Q(rows.yL));
+}
+
+void CcalculatorFrm::ModifyTextWeld(QLineEdit* box) { box->setText(Q(wc::ModifyTextWeld(S(box->text())))); }
+
+void CcalculatorFrm::ShowStatus(const QString& text) { StatusLine->setText(text); }
+
+// ---- Run control ------------------------------------------------------------
+
+void CcalculatorFrm::StartIterationButton_Click() {
+    const auto ctx = ctx_;
+    const auto scope = ctx->guard.Enter();
+    QPointer<CcalculatorFrm> self(this);
+    control_.BeginStart(ctx->run);
+    ApplyControls();
+    Run_CoefficientIteration();
+    if (!self) return;
+    control_.EndStart();
+    ApplyControls();
+}
+
+void CcalculatorFrm::StopIterationButton_Click() {
+    const auto ctx = ctx_;
+    const auto scope = ctx->guard.Enter();
+    QPointer<CcalculatorFrm> self(this);
+    const RunControl::StopAction action = control_.StopClick(ctx->run);
+    ApplyControls();
+    if (action != RunControl::StopAction::Resume) return;
+    Run_CoefficientIteration();
+    if (!self) return;
+    control_.EndResume();
+    ApplyControls();
+}
+
+void CcalculatorFrm::ClearDisplayButton_Click() {
+    control_.ClearDisplay(ctx_->run);
+    ApplyControls();
+    ctx_->display.Clear();
+    ctx_->display.ReplaceAll = false;
+    IterationDisplayBox->clear();
+    ElapsedIndicator->clear();
+}
+
+void CcalculatorFrm::WipeResult() {
+    CBox->clear();
+    IterationDisplayBox->clear();
+    ElapsedIndicator->clear();
+    ClearDisplayButton_Click();
+}
+
+void CcalculatorFrm::Run_CoefficientIteration() {
+    const auto ctx = ctx_;
+    QPointer<CcalculatorFrm> self(this);
+    WeldFunctions::WeldRunState& run = ctx->run;
+    WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), run.SegmentsPerInch);
+    wc::ConfigCells cells;
+    for (int r = 0; r < wc::kRows; ++r) cells[r] = S(WeldFlex->TextMatrix(r, 1));
+    if (!wc::InputsComplete(cells)) {
+        QMessageBox box(QMessageBox::Critical, QStringLiteral("Warning:"), FromView(wc::kIncompleteInput),
+                        QMessageBox::Ok, this);
+        box.exec();
+        if (self) Form_Activate();
+        return;
+    }
+    const double L = prim::Val(cells[0]);
+    const double kL = prim::Val(cells[1]);
+    const double aL = prim::Val(cells[2]);
+    const double angle = prim::Val(cells[3]);
+    ShowStatus(Q(wc::ImpossibleReason(WeldViewIndex, L, WeldViewIndex == 1 ? 0.0 : kL)));
+
+    run.IterationStop = 0;
+    ctx->display.Clear();
+    ctx->display.ReplaceAll = false;
+    IterationDisplayBox->clear();
+    CBox->clear();
+    ElapsedIndicator->clear();
+    run.DisplayTarget = WeldFunctions::kDisplayCoefficient;
+
+    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::AiscElement) {
+        WeldElementModel::ElementReport rep;
+        const double c = WeldElementModel::Config_C(WeldViewIndex, L, kL, aL, angle, run.SegmentsPerInch, &rep);
+        using RunControl::ElementOutcome;
+        const ElementOutcome outcome = rep.Refused     ? ElementOutcome::Refused
+                                       : rep.Converged ? ElementOutcome::Found
+                                                       : ElementOutcome::NoEquilibrium;
+        ctx->display.Append(RunControl::ElementClosingText(outcome));
+        FlushDisplay(ctx->display, IterationDisplayBox, ElapsedIndicator);
+        if (outcome == ElementOutcome::Found)
+            SetResultBox(CBox, Q(RunControl::ResultText(c, true)), false);
+        else
+            ShowStatus(Q(RunControl::ForWidget(prim::Trim(RunControl::ElementClosingText(outcome)))));
+        control_.RunEnded(true);
+        run.IterationStop = -1;
+        return;
+    }
+
+    ctx->pump.BeforePump = [this, self] {
+        if (self) FlushDisplay(ctx_->display, IterationDisplayBox, ElapsedIndicator);
+    };
+    const WeldFunctions::WeldRunHooks hooks = WeldRunHooksOf(*ctx);
+    const double c = WeldFunctions::Config_ByNumber(WeldViewIndex, L, kL, aL, angle, WeldFunctions::kSelectC,
+                                                    run, hooks);
+    ctx->pump.BeforePump = nullptr;
+    if (!self || ctx->windowGone) return;
+    const bool converged = run.IterationStop == 0;
+    ctx->display.Append(RunControl::ClosingText(converged));
+    FlushDisplay(ctx->display, IterationDisplayBox, ElapsedIndicator);
+    SetResultBox(CBox, Q(RunControl::ResultText(c, converged)), !converged);
+    control_.RunEnded(converged);
+    run.IterationStop = -1;
+    ApplyControls();
+}
+
+// ---- Grid editing -------------------------------------------------------------
+
+bool CcalculatorFrm::EditableCell() const {
+    return WeldFlex->Col() == 1 && WeldFlex->Row() >= 0 && WeldFlex->Row() < wc::kInputRows &&
+           ClearDisplayButton->isEnabled();
+}
+
+void CcalculatorFrm::OpenEditor(int16_t key, bool takeKey) {
+    editRow_ = WeldFlex->Row();
+    FlexProcedures::Flex_OpenEditor(WeldFlex, EdiTxtA, key, takeKey);
+}
+
+void CcalculatorFrm::WeldFlex_LeaveCell() {
+    if (closingEdit_) return;
+    closingEdit_ = true;
+    if (EdiTxtA->isVisible() && editRow_ >= 0 && editRow_ < wc::kInputRows) {
+        ModifyTextWeld(EdiTxtA);
+        WeldFlex->SetTextMatrix(editRow_, 1, EdiTxtA->text());
+        if (EdiTxtA->hasFocus()) WeldFlex->setFocus();
+        EdiTxtA->setVisible(false);
+    }
+    closingEdit_ = false;
+    Update_Centroids();
+    Update_WeldImage();
+}
+
+void CcalculatorFrm::WeldFlex_KeyDown(int16_t keyCode, int, bool& handled) {
+    if (!EditableCell()) return;
+    if (keyCode == Delete) {
+        handled = true;
+        WeldFlex->SetTextMatrix(WeldFlex->Row(), 1, QString());
+        EdiTxtA->setText(QString());
+    } else if (keyCode == F2) {
+        handled = true;
+        OpenEditor(Space, true);
+    }
+}
+
+void CcalculatorFrm::WeldFlex_KeyPress(int16_t key) {
+    if (key == Esc || !EditableCell()) return;
+    if (KeyFilters::Key_PositiveDecimal(key) != 0) OpenEditor(key, true);
+}
+
+void CcalculatorFrm::WeldFlex_DblClick() {
+    if (EditableCell()) OpenEditor(Space, true);
+}
+
+void CcalculatorFrm::WeldFlex_Scroll() {
+    if (EdiTxtA->isVisible() && WeldFlex->Col() == 1 && editRow_ < wc::kInputRows)
+        FlexProcedures::Flex_OpenEditor(WeldFlex, EdiTxtA, 0, false);
+}
+
+bool CcalculatorFrm::EdiTxtA_KeyDown(QKeyEvent* event) {
+    const int16_t code = FlexProcedures::KeyCodeOf(event->key());
+    const int shift = static_cast<int>(event->modifiers());
+    const bool changed = wc::ChangedAtThreeDecimals(S(EdiTxtA->text()), S(WeldFlex->TextMatrix(editRow_, 1)));
+    auto leave = [&](int16_t how) {
+        FlexProcedures::Flex_LeaveEditor(WeldFlex, EdiTxtA, how, shift, [this] { WeldFlex_LeaveCell(); });
+        if (changed && how != Esc) WipeResult();
+    };
+    switch (code) {
+        case Tab:
+        case Enter:
+            ModifyTextWeld(EdiTxtA);
+            leave(code);
+            WeldFlex_LeaveCell();
+            return true;
+        case Left:
+            if (EdiTxtA->cursorPosition() != 0) return false;
+            leave(Left);
+            return true;
+        case Right:
+            if (EdiTxtA->cursorPosition() < EdiTxtA->text().size()) return false;
+            leave(Right);
+            return true;
+        case Up:
+        case Down:
+        case Esc:
+            leave(code);
+            return true;
+        default:
+            break;
+    }
+    const QString text = event->text();
+    if (text.isEmpty()) return false;
+    const int ch = text.at(0).unicode();
+    if (ch >= 256) return true;
+    return FlexProcedures::Key_SignedDecimal(static_cast<int16_t>(ch), EdiTxtA) == 0;
+}
+
+bool CcalculatorFrm::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == EdiTxtA) {
+        if (event->type() == QEvent::KeyPress) return EdiTxtA_KeyDown(static_cast<QKeyEvent*>(event));
+        if (event->type() == QEvent::FocusIn) EdiTxtA->setCursorPosition(EdiTxtA->text().size());
+        if (event->type() == QEvent::FocusOut) {
+            const auto reason = static_cast<QFocusEvent*>(event)->reason();
+            if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) WeldFlex_LeaveCell();
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+// ---- Closing --------------------------------------------------------------------
+
+bool CcalculatorFrm::Form_QueryUnload() {
+    Save_WeldConfig();
+    settings::SaveSetting(settings::ProgramTitle(), kSection, FromView(WeldStrength::kWeldStripSetting.key),
+                          QString::number(WeldStripBox->currentIndex()));
+    settings::SaveSetting(settings::ProgramTitle(), kSection, kWeldViewKey, QString::number(WeldViewIndex));
+    if (!RunActive()) return true;
+    QMessageBox ask(QMessageBox::Critical, QString::fromLatin1(appinfo::kProgramTitle),
+                    FromView(RunControl::kActiveRunQuestion), QMessageBox::Yes | QMessageBox::No, this);
+    if (ask.exec() != QMessageBox::Yes) return false;
+    ctx_->run.IterationStop = -1;
+    return true;
+}
+
+void CcalculatorFrm::closeEvent(QCloseEvent* event) {
+    if (!Form_QueryUnload()) {
+        event->ignore();
+        return;
+    }
+    setObjectName(QString());  // a new request opens a new window
+    if (ctx_->guard.DeferClose(event)) return;
+    event->accept();
+    deleteLater();
+}

@@ -1,0 +1,100 @@
+// The window "Weld Group Coefficient Calculator": the coefficient C of one of
+// nine standard weld configurations, from a base length, a second length, an
+// eccentricity and a load angle typed into a small grid, with the picture of
+// the shape and the same run control as the capacity window.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "weld/RunControl.h"
+#include "weld/WeldCoefficient.h"
+#include "weld/WeldRunView.h"
+
+class FlexGrid;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPlainTextEdit;
+class QPushButton;
+class WeldImageView;
+
+class CcalculatorFrm : public QWidget {
+    Q_OBJECT
+public:
+    explicit CcalculatorFrm(QWidget* parent = nullptr);
+    ~CcalculatorFrm() override;
+
+    // The cells of the nine configurations, kept while the program runs.
+    static WeldCoefficient::WeldConfigStore& WeldConfigStore();
+
+    // Opens the window, or brings the open one forward.
+    static CcalculatorFrm* ShowFor(QWidget* owner);
+
+    // Text accepted as a span: anything the feet-and-inch reader takes.
+    static bool Span_Input_Ok(const QString& text);
+
+    bool RunActive() const;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void BuildControls();
+    void Form_Load();
+    void Form_Activate();
+    bool Form_QueryUnload();
+    void Initialize_WeldRoutines();
+    void Initialize_WeldView();
+    void Initialize_WeldStripBox();
+    void Initialize_WeldFlex();
+
+    void WeldView_ItemClick(int index);
+    void Save_WeldConfig();
+    void Update_WeldImage();
+    void Update_Centroids();
+    void ModifyTextWeld(QLineEdit* box);
+
+    void StartIterationButton_Click();
+    void StopIterationButton_Click();
+    void ClearDisplayButton_Click();
+    void Run_CoefficientIteration();
+    void WipeResult();
+    void ShowStatus(const QString& text);
+
+    void WeldFlex_LeaveCell();
+    void WeldFlex_KeyDown(int16_t keyCode, int shift, bool& handled);
+    void WeldFlex_KeyPress(int16_t key);
+    void WeldFlex_DblClick();
+    void WeldFlex_Scroll();
+    void OpenEditor(int16_t key, bool takeKey);
+    bool EdiTxtA_KeyDown(QKeyEvent* event);
+    bool EditableCell() const;
+
+    void ApplyControls();
+
+    std::shared_ptr<WeldRunContext> ctx_ = std::make_shared<WeldRunContext>(this);
+    RunControl::Control control_{RunControl::RunWindow::Coefficient};
+
+    int16_t WeldViewIndex = 0;
+    bool WeldLoading = false;
+    QString CellBackup;
+    int editRow_ = 0;
+    bool closingEdit_ = false;
+
+    QListWidget* WeldView = nullptr;
+    WeldImageView* WeldImage = nullptr;
+    FlexGrid* WeldFlex = nullptr;
+    QLineEdit* EdiTxtA = nullptr;
+    QComboBox* WeldStripBox = nullptr;
+    QComboBox* ModelBox = nullptr;
+    QPushButton* StartIterationButton = nullptr;
+    QPushButton* StopIterationButton = nullptr;
+    QPushButton* ClearDisplayButton = nullptr;
+    QPlainTextEdit* IterationDisplayBox = nullptr;
+    QLabel* ElapsedIndicator = nullptr;
+    QLineEdit* CBox = nullptr;
+    QLabel* StatusLine = nullptr;
+};

@@ -1,0 +1,289 @@
+#include "weld/CalculateFrm.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "GuiTestSupport.h"
+#include "board/FileHandling.h"
+#include "board/WeldUnitCapacity.h"
+#include "shell/SettingsStore.h"
+#include "weld/WeldStrength.h"
+
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+
+namespace {
+
+using PublicVariables::LayoutDocument;
+
+LayoutDocument Example(const char* name) {
+    LayoutDocument doc;
+    EXPECT_TRUE(FileHandling::Read_Layout(doc, std::string(FERROLITH_SOURCE_DIR) + "/examples/" + name));
+    return doc;
+}
+
+// A tall closed box at a long arm: a run of a couple of seconds at 1/32".
+LayoutDocument SlowGroup() {
+    LayoutDocument doc = Example("box-inclined.wld");
+    for (auto& line : doc.Lines) {
+        line.StartPt.Y = line.StartPt.Y * 25.0f;
+        line.EndPt.Y = line.EndPt.Y * 25.0f;
+        line.StartPt.X = line.StartPt.X * 10.0f;
+        line.EndPt.X = line.EndPt.X * 10.0f;
+    }
+    doc.Load.LoadEccentricity = 2.0;
+    return doc;
+}
+
+// The capacity as the command line works it out: one headless solve at the
+// window's first-start settings (E90XX, 1/4", Nominal) for the given strip.
+QString Headless(const LayoutDocument& doc, int stripIndex = 3) {
+    WeldFunctions::WeldRunState state;
+    WeldStrength::SegmentsPerInchOf(stripIndex, state.SegmentsPerInch);
+    state.IterationStop = 0;
+    const double unit = WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc, state, {});
+    return QString::fromStdString(WeldStrength::CapacityText(WeldStrength::DisplayedCapacity(90, unit, 0.25, 1)));
+}
+
+class CapacityWindow : public testing::Test {
+protected:
+    void SetUp() override {
+        for (const char* key : {"WeldStrip", "WeldSize", "WeldClass", "DesignMethod"})
+            settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", key, "");
+        settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", "SolverModel", "iterative");
+    }
+    void TearDown() override { delete frm_.data(); }
+
+    void Open(const LayoutDocument& doc) {
+        frm_ = new CalculateFrm(doc);
+        frm_->setAttribute(Qt::WA_DeleteOnClose);
+        frm_->show();
+    }
+    template <class T> T* W(const char* name) { return frm_->findChild<T*>(name); }
+    QPushButton* Button(const char* name) { return W<QPushButton>(name); }
+    QString CBox() { return W<QLineEdit>("CBox")->text(); }
+    QString Display() { return W<QPlainTextEdit>("IterationDisplayBox")->toPlainText(); }
+    bool Red() { return W<QLineEdit>("CBox")->palette().color(QPalette::Text) == QColor(255, 0, 0); }
+    // Waits until a run has started and ended.
+    void WaitForRunEnd(int ms = 30000) {
+        QTRY_VERIFY_WITH_TIMEOUT(frm_ && !frm_->RunActive() && !CBox().isEmpty(), ms);
+    }
+    void ExpectButtons(const char* state, const QString& caption, bool stop, bool start) {
+        SCOPED_TRACE(state);
+        EXPECT_EQ(Button("StopIterationButton")->text(), caption);
+        EXPECT_EQ(Button("StopIterationButton")->isEnabled(), stop);
+        EXPECT_EQ(Button("StartIterationButton")->isEnabled(), start);
+    }
+    void ClickWhenRunning(const char* button, int afterMs = 60) {
+        QTimer::singleShot(afterMs, frm_, [this, button] { QTest::mouseClick(Button(button), Qt::LeftButton); });
+    }
+
+    guitest::ModalWatchdog boxes_{QMessageBox::Yes};
+    QPointer<CalculateFrm> frm_;
+};
+
+TEST_F(CapacityWindow, RunsOnOpeningAndMatchesTheHeadlessCapacity) {
+    LayoutDocument doc = Example("c-shape-right.wld");
+    doc.Load.LoadEccentricity = 0.5;  // 0'-6" on the right, 0 degrees
+    Open(doc);
+    EXPECT_EQ(frm_->windowTitle(), "Weld Group Capacity");
+    WaitForRunEnd();
+    EXPECT_EQ(CBox(), Headless(doc));
+    EXPECT_FALSE(Red());
+    EXPECT_TRUE(Display().endsWith(" ** Instantaneous Center LOCATED !\n\n Reference: AISC Steel Construction\n"
+                                   "            Manual, 13th Edition"));
+    EXPECT_TRUE(Display().contains("Iterating Instantaneous Center:\n : xRo  = "));
+    EXPECT_TRUE(W<QLabel>("ElapsedIndicator")->text().startsWith("Iteration Elapsed Time  \u00BB   00h:00m:"));
+    ExpectButtons("converged", "Stop Iteration", false, true);
+    EXPECT_EQ(Button("StartIterationButton")->text(), "ReStart Iteration");
+    EXPECT_EQ(W<QLabel>("MethodLabel")->text(), "Weld Group Nominal Strength, KIPS");
+
+    // The same group at 45 degrees with the load on the left.
+    delete frm_.data();
+    doc.Load.LoadSide = 0;
+    doc.Load.LoadAngle = 45;
+    Open(doc);
+    WaitForRunEnd();
+    EXPECT_EQ(CBox(), Headless(doc));
+    EXPECT_NE(Headless(doc), Headless(Example("c-shape-right.wld")));
+}
+
+TEST_F(CapacityWindow, ExampleCapacitiesAsTheCommandLinePrintsThem) {
+    Open(Example("c-shape-right.wld"));
+    WaitForRunEnd();
+    EXPECT_EQ(CBox(), "70.90017  ");  // ferrolith-cli capacity examples/c-shape-right.wld
+}
+
+TEST_F(CapacityWindow, ConcentricLoadSkipsTheCalculation) {
+    Open(Example("single-line-concentric.wld"));
+    WaitForRunEnd();
+    EXPECT_TRUE(Display().startsWith("Iterating Instantaneous Center:\n : xRo  = [Calculation skipped]\n"
+                                     " : yRo  = [Calculation skipped]\n\n ** Instantaneous Center LOCATED !"));
+    EXPECT_EQ(CBox(), Headless(Example("single-line-concentric.wld")));
+}
+
+TEST_F(CapacityWindow, MethodElectrodeAndSizeRescaleWithoutARun) {
+    Open(Example("c-shape-right.wld"));
+    WaitForRunEnd();
+    const double nominal = CBox().toDouble();
+    auto* method = W<QComboBox>("DesignMethod");
+    QTest::keyClick(method, Qt::Key_Down);  // ASD
+    EXPECT_EQ(W<QLabel>("MethodLabel")->text(), "Weld Group Allowable Strength, KIPS");
+    EXPECT_NEAR(CBox().toDouble(), nominal * 0.5, 1e-5);
+    QTest::keyClick(method, Qt::Key_Down);  // LRFD
+    EXPECT_NEAR(CBox().toDouble(), nominal * 0.75, 1e-5);
+    QTest::keyClick(method, Qt::Key_Home);
+    auto* size = W<QComboBox>("SizeBox");
+    for (int i = 0; i < 4; ++i) QTest::keyClick(size, Qt::Key_Down);  // 1/4" -> 1/2"
+    EXPECT_EQ(size->currentText(), "  1/2\"");
+    EXPECT_NEAR(CBox().toDouble(), nominal * 2, 1e-4);
+    EXPECT_FALSE(frm_->RunActive());
+}
+
+TEST_F(CapacityWindow, StopStripChangeAndResumeFromATimer) {
+    const LayoutDocument doc = SlowGroup();
+    Open(doc);
+    ClickWhenRunning("StopIterationButton");
+    QTRY_VERIFY_WITH_TIMEOUT(Button("StopIterationButton")->text() == "Resume Iteration" && !frm_->RunActive(), 20000);
+    ExpectButtons("stopped", "Resume Iteration", true, true);
+    EXPECT_TRUE(CBox().startsWith("** "));
+    EXPECT_TRUE(Red());
+    EXPECT_TRUE(Display().endsWith(" ** Iteration ABORTED !\n\n Reference: AISC Construction Manual\n"
+                                   "            13th Edition"));
+    EXPECT_TRUE(Button("ClearDisplayButton")->isEnabled());
+
+    // The method rescales the aborted value in black, without its mark.
+    QTest::keyClick(W<QComboBox>("DesignMethod"), Qt::Key_Down);
+    EXPECT_FALSE(CBox().startsWith("** "));
+    EXPECT_FALSE(Red());
+    QTest::keyClick(W<QComboBox>("DesignMethod"), Qt::Key_Up);
+
+    // A coarser strip for the resumed run; it still converges to that strip's capacity.
+    auto* strip = W<QComboBox>("WeldStripBox");
+    ASSERT_TRUE(strip->isEnabled());
+    QTest::keyClick(strip, Qt::Key_Up);  // 1/32" -> 1/16"
+    QTest::mouseClick(Button("StopIterationButton"), Qt::LeftButton);
+    ExpectButtons("after resume", "Stop Iteration", false, true);
+    EXPECT_FALSE(Red());
+    EXPECT_NEAR(CBox().toDouble(), Headless(doc, 2).toDouble(), 1e-3);
+}
+
+TEST_F(CapacityWindow, ResumeIsLiveAndClearDisplayGivesItUp) {
+    Open(SlowGroup());
+    ClickWhenRunning("StopIterationButton");
+    QTRY_VERIFY_WITH_TIMEOUT(!frm_->RunActive() && CBox().startsWith("** "), 20000);
+    // While resumed the run can be seen running, then stopped again.
+    QTimer::singleShot(40, frm_, [this] {
+        EXPECT_TRUE(frm_->RunActive());
+        ExpectButtons("resumed", "Stop Iteration", true, false);
+        EXPECT_FALSE(Button("ClearDisplayButton")->isEnabled());
+        QTest::mouseClick(Button("StopIterationButton"), Qt::LeftButton);
+    });
+    QTest::mouseClick(Button("StopIterationButton"), Qt::LeftButton);
+    ExpectButtons("stopped again", "Resume Iteration", true, true);
+    QTest::mouseClick(Button("ClearDisplayButton"), Qt::LeftButton);
+    ExpectButtons("cleared", "Stop Iteration", false, true);
+    EXPECT_TRUE(Display().isEmpty());
+}
+
+TEST_F(CapacityWindow, ReStartRunsAFreshSolve) {
+    const LayoutDocument doc = Example("angle-left.wld");
+    Open(doc);
+    WaitForRunEnd();
+    const QString first = CBox();
+    QTimer::singleShot(0, frm_, [this] {
+        EXPECT_TRUE(frm_->RunActive());
+        ExpectButtons("restarted", "Stop Iteration", true, false);
+        EXPECT_FALSE(W<QComboBox>("ElectrodeBox")->isEnabled());
+    });
+    QTest::mouseClick(Button("StartIterationButton"), Qt::LeftButton);
+    EXPECT_EQ(CBox(), first);
+    EXPECT_EQ(CBox(), Headless(doc));
+    EXPECT_TRUE(W<QComboBox>("ElectrodeBox")->isEnabled());
+}
+
+TEST_F(CapacityWindow, ClosingDuringARunAsksAndNoKeepsItRunning) {
+    Open(SlowGroup());
+    boxes_.SetAnswer(QMessageBox::No);
+    bool checked = false;
+    // Both closings come in through the run's own event serving.
+    QTimer::singleShot(60, frm_, [this, &checked] {
+        frm_->close();
+        EXPECT_EQ(boxes_.Seen().size(), 1);
+        EXPECT_TRUE(frm_->isVisible());
+        EXPECT_TRUE(frm_->RunActive());
+        boxes_.SetAnswer(QMessageBox::Yes);
+        QTimer::singleShot(60, frm_, [this, &checked] {
+            checked = frm_->RunActive();
+            frm_->close();
+            EXPECT_FALSE(frm_->isVisible());
+        });
+    });
+    QTRY_VERIFY_WITH_TIMEOUT(frm_.isNull(), 20000);
+    EXPECT_TRUE(checked) << "the run was still active at the second closing";
+    ASSERT_EQ(boxes_.Seen().size(), 2);
+    EXPECT_EQ(boxes_.Seen().first().text, "Iteration is Active. Do you wish to Terminate the process? ");
+    EXPECT_EQ(boxes_.Seen().first().icon, QMessageBox::Critical);
+    EXPECT_EQ(settings::GetSetting(settings::ProgramTitle(), "FerrolithSetting", "WeldSize"), "3");
+}
+
+TEST_F(CapacityWindow, DeletingTheOwnerDuringARunUnwindsCleanly) {
+    auto* owner = new QWidget;
+    frm_ = new CalculateFrm(SlowGroup(), owner);
+    frm_->show();
+    QTimer::singleShot(80, owner, [owner] { delete owner; });
+    QTRY_VERIFY_WITH_TIMEOUT(frm_.isNull(), 20000);
+}
+
+TEST_F(CapacityWindow, SettingsAreClampedOnLoad) {
+    settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", "WeldClass", "9");
+    settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", "WeldSize", "-2");
+    Open(Example("c-shape-right.wld"));
+    EXPECT_EQ(W<QComboBox>("ElectrodeBox")->currentText(), "  E110XX");
+    EXPECT_EQ(W<QComboBox>("SizeBox")->currentIndex(), -1);
+    EXPECT_EQ(W<QComboBox>("WeldStripBox")->currentText(), "  1/32\"");
+    EXPECT_EQ(W<QComboBox>("DesignMethod")->currentText(), "  Nominal");
+}
+
+TEST_F(CapacityWindow, ElementModelNamesItselfAndIsRemembered) {
+    const LayoutDocument doc = Example("c-shape-right.wld");
+    settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", "SolverModel", "aisc");
+    Open(doc);
+    EXPECT_EQ(W<QComboBox>("ModelBox")->currentText(), "AISC element model");
+    WaitForRunEnd();
+    EXPECT_TRUE(Display().contains("AISC element model"));
+    const auto rep = WeldFunctions::Weld_ElementCapacity(1.0, 1.0, doc, 32);
+    EXPECT_EQ(CBox(), QString::fromStdString(WeldStrength::CapacityText(
+                          WeldStrength::DisplayedCapacity(90, rep.Capacity, 0.25, 1))));
+    QTest::keyClick(W<QComboBox>("ModelBox"), Qt::Key_Up);
+    EXPECT_EQ(settings::GetSetting(settings::ProgramTitle(), "FerrolithSetting", "SolverModel"), "iterative");
+}
+
+}  // namespace
+
+// With FERROLITH_SHOTS set to a folder, the window is saved there during and
+// after a run, for a look at its layout at the current scale.
+TEST_F(CapacityWindow, Screenshots) {
+    const QString dir = qEnvironmentVariable("FERROLITH_SHOTS");
+    if (dir.isEmpty()) GTEST_SKIP() << "FERROLITH_SHOTS not set";
+    const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1");
+    Open(SlowGroup());
+    QTimer::singleShot(300, frm_, [&] {
+        frm_->grab().save(dir + "/capacity-running-x" + scale + ".png");
+        QTest::mouseClick(Button("StopIterationButton"), Qt::LeftButton);
+    });
+    QTRY_VERIFY_WITH_TIMEOUT(!frm_->RunActive() && !CBox().isEmpty(), 20000);
+    frm_->grab().save(dir + "/capacity-stopped-x" + scale + ".png");
+    delete frm_.data();
+    Open(Example("c-shape-right.wld"));
+    WaitForRunEnd();
+    frm_->grab().save(dir + "/capacity-done-x" + scale + ".png");
+}
