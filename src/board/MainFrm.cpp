@@ -9,6 +9,7 @@
 #include <initializer_list>
 
 #include "bolt/BoltCalcFrm.h"
+#include "calc/CalcMainFrm.h"
 #include "shell/AboutFrm.h"
 #include "shell/AppInfo.h"
 #include "shell/RecentFiles.h"
@@ -78,6 +79,21 @@ MainFrm::MainFrm(QWidget* parent) : QMainWindow(parent) {
         w->activateWindow();
     });
 
+    // One calculator window at a time; it works on CalcState, so closing and
+    // opening it again within the run finds the calculator as it was left.
+    QAction* sciCal = action(QStringLiteral("mnuSciCal"));
+    sciCal->setEnabled(true);
+    connect(sciCal, &QAction::triggered, this, [this] {
+        CalcMainFrm* w = findChild<CalcMainFrm*>(QStringLiteral("CalcMainFrm"));
+        if (w == nullptr) {
+            w = new CalcMainFrm(CalcState, this);
+            w->setAttribute(Qt::WA_DeleteOnClose);
+        }
+        w->show();
+        w->raise();
+        w->activateWindow();
+    });
+
     QMenu* help = AddMenu(QStringLiteral("mnuHelp"), QStringLiteral("&Help"));
     QAction* about = AddAction(help, QStringLiteral("mnuAbout"), QStringLiteral("&About Ferrolith"), true);
     connect(about, &QAction::triggered, this, &MainFrm::mnuAbout_Click);
@@ -142,6 +158,9 @@ void MainFrm::mnuFile_Click() {
     Clear_Recent_Items();
     for (const QString& p : recent::RecentPaths()) Add_Recent_Item(p);
 }
+
+// The calculator window uses CalcState, a member: it goes before the members do.
+MainFrm::~MainFrm() { delete findChild<CalcMainFrm*>(QStringLiteral("CalcMainFrm")); }
 
 void MainFrm::mnuAbout_Click() {
     AboutFrm box(AboutFrm::Kind::Board, this);

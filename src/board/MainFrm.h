@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "bolt/BoltDataHandling.h"
+#include "calc/CalcVariables.h"
 
 class QAction;
 class QMenu;
@@ -16,6 +17,7 @@ class MainFrm : public QMainWindow {
     Q_OBJECT
 public:
     explicit MainFrm(QWidget* parent = nullptr);
+    ~MainFrm() override;
 
     QAction* action(const QString& objectName) const;
     QMenu* menu(const QString& objectName) const;
@@ -35,4 +37,6 @@ private:
     QList<QAction*> mnuRecDocs_;
     // Rows of the bolt coefficient window, kept for the whole run.
     std::vector<BoltDataHandling::BoltRecord> BoltRecords;
+    // The calculator's state: it outlives the calculator window for the run.
+    CalcVariables CalcState;
 };
