@@ -190,9 +190,9 @@ QWidget* CalcMainFrm::Build_Page(std::initializer_list<const char*> tokens, int 
 }
 
 QWidget* CalcMainFrm::Build_Angle_Page() {
-    QWidget* page = Build_Page({"sin", "cos", "tan", "ptor", "rtop", "iSin", "iCos", "iTan", "sexa", "asex", "sinh",
-                                "cosh", "tanh", "isinh", "icosh", "itanh"},
-                               5);
+    QWidget* page = Build_Page({"sin", "cos", "tan", "ptor", "iSin", "iCos", "iTan", "rtop", "sinh", "cosh", "tanh",
+                                "sexa", "isinh", "icosh", "itanh", "asex"},
+                               4);
     auto* g = static_cast<QGridLayout*>(page->layout());
     auto* box = new QGroupBox(QStringLiteral("Angle"), page);
     auto* h = new QVBoxLayout(box);
@@ -209,7 +209,7 @@ QWidget* CalcMainFrm::Build_Angle_Page() {
         const char m = mode;
         connect(b, &QRadioButton::clicked, this, [this, m] { Angle_Click(m); });
     }
-    g->addWidget(box, 2, 3, 2, 2);
+    g->addWidget(box, 0, 4, 4, 1);
     return page;
 }
 
@@ -240,6 +240,7 @@ QWidget* CalcMainFrm::Build_Display_Page() {
     PrecBox_ = new QComboBox(page);
     PrecBox_->setObjectName(QStringLiteral("PrecBox"));
     PrecBox_->setFocusPolicy(Qt::ClickFocus);
+    PrecBox_->setMinimumContentsLength(3);
     for (int i = 0; i <= 14; ++i) PrecBox_->addItem(QString::number(i));
     connect(PrecBox_, &QComboBox::activated, this, [this](int index) {
         CalcProcs::PrecBox_Click(s_, index);
@@ -252,8 +253,12 @@ QWidget* CalcMainFrm::Build_Display_Page() {
     prec->addWidget(PrecBox_);
     prec->addStretch(1);
     g->addLayout(prec, 0, 1);
-    g->addWidget(Key_Button(*CalcProcs::Find_Key("time")), 1, 1);
+    QWidget* time = Key_Button(*CalcProcs::Find_Key("time"));
+    time->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    time->setMinimumWidth(110);
+    g->addWidget(time, 1, 1, Qt::AlignLeft | Qt::AlignTop);
     g->setColumnStretch(1, 1);
+    g->setRowStretch(1, 1);
     return page;
 }
 
