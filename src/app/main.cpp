@@ -10,6 +10,8 @@
 
 namespace {
 
+const char kVersion[] = "1.1";
+
 const char kUsage[] =
     "Usage: ferrolith [OPTION]\n"
     "Weld and bolt group design with a drawing board and a scientific calculator.\n"
@@ -31,14 +33,14 @@ int main(int argc, char** argv) {
         std::fputs(kUsage, stdout);
         return 0;
     }
-    QApplication app(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Ferrolith"));
-    QApplication::setApplicationVersion(QStringLiteral("1.1"));
-    QApplication::setDesktopFileName(QStringLiteral("ferrolith"));
     if (HasArg(argc, argv, "--version")) {
-        std::printf("ferrolith %s\n", qPrintable(QApplication::applicationVersion()));
+        std::printf("ferrolith %s\n", kVersion);
         return 0;
     }
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Ferrolith"));
+    QApplication::setApplicationVersion(QString::fromLatin1(kVersion));
+    QApplication::setDesktopFileName(QStringLiteral("ferrolith"));
     if (HasArg(argc, argv, "--calculator")) {
         // The calculator's state lives as long as the program, as it does
         // under the main window.

@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPointer>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -276,6 +278,27 @@ TEST_F(CalcWindow, ReadOutSettingIsKeptWhenToggled) {
     EXPECT_EQ(state_.ReadOutOn, -1);
     Menu("mnuReadOut")->trigger();
     EXPECT_EQ(state_.ReadOutOn, 0);
+}
+
+TEST(CalcProgram, HelpNamesTheCalculatorOptionWhichStartsTheCalculatorAlone) {
+    QProcess help;
+    help.start(FERROLITH_APP, {"--help"});
+    ASSERT_TRUE(help.waitForFinished(10000));
+    EXPECT_EQ(help.exitCode(), 0);
+    EXPECT_TRUE(help.readAllStandardOutput().contains("--calculator"));
+
+    QTemporaryDir home;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert("QT_QPA_PLATFORM", "offscreen");
+    env.insert("XDG_CONFIG_HOME", home.filePath("config"));
+    env.insert("XDG_DATA_HOME", home.filePath("data"));
+    QProcess calc;
+    calc.setProcessEnvironment(env);
+    calc.start(FERROLITH_APP, {"--calculator"});
+    ASSERT_TRUE(calc.waitForStarted(10000));
+    EXPECT_FALSE(calc.waitForFinished(1500)) << "the calculator should keep running";
+    calc.kill();
+    calc.waitForFinished(5000);
 }
 
 // Pictures of every key page for a look by eye, written when
