@@ -315,6 +315,13 @@ TEST_F(CalcWindow, Screenshots) {
         QTest::qWait(20);
         EXPECT_TRUE(frm_->grab().save(QDir(dir).filePath(QString("calc_page%1_scale%2.png").arg(i).arg(scale))));
     }
+    Click({"AC", "1", "2", "3", "4", "5", "6", "7", "8", "9", "0", "1", "2", "3", "4", "5", "pm", "*"});
+    EXPECT_TRUE(frm_->grab().save(QDir(dir).filePath(QString("calc_long_scale%1.png").arg(scale))));
+    QTimer::singleShot(100, [&] {
+        EXPECT_TRUE(frm_->grab().save(QDir(dir).filePath(QString("calc_clock_scale%1.png").arg(scale))));
+        QTest::mouseClick(Key("key_AC"), Qt::LeftButton);
+    });
+    Click({"time"});
 }
 
 }  // namespace
