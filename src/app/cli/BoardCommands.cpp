@@ -54,50 +54,109 @@ void PlaceLoad(LayoutDocument& doc, int16_t side) {
     doc.Load.LoadPlaced = cm::Lines_Empty(doc.Lines) ? 0 : -1;
 }
 
-int WldNew(const cli::Args& argsIn) {
-    cli::Args args = argsIn;
-    std::vector<std::string> lineTexts;
-    std::string side = "right", angleText, eccText;
-    bool hasSide = false, hasAngle = false, hasEcc = false;
-    if (!cli::TakeRepeated(args, "--line", lineTexts)) return cli::UsageError("--line needs X1,Y1,X2,Y2");
-    if (!cli::TakeOption(args, "--load-side", side, hasSide)) return cli::UsageError("--load-side needs left or right");
-    if (!cli::TakeOption(args, "--load-angle", angleText, hasAngle)) return cli::UsageError("--load-angle needs degrees");
-    if (!cli::TakeOption(args, "--load-ecc", eccText, hasEcc)) return cli::UsageError("--load-ecc needs feet");
-    if (args.size() != 1) return cli::UsageError("usage: wld-new OUT.wld --line X1,Y1,X2,Y2 [--line ...]");
-    if (lineTexts.empty()) return cli::UsageError("wld-new needs at least one --line");
+bool ReadLine(const LayoutDocument& doc, const std::string& text, PointRec& a, PointRec& b, std::string& error) {
+    double v[4];
+    if (!weldcli::ReadCoords("--line", text, v, error)) return false;
+    a.X = cm::To_BoardX(doc, v[0]);
+    a.Y = cm::To_BoardY(doc, v[1]);
+    b.X = cm::To_BoardX(doc, v[2]);
+    b.Y = cm::To_BoardY(doc, v[3]);
+    // The board keeps singles: a point that does not fit one is refused, not lost.
+    for (float f : {a.X, a.Y, b.X, b.Y})
+        if (!std::isfinite(f)) {
+            error = "--line " + cli::Quote(text) + " is out of range: the board holds coordinates up to about 3.4E+38";
+            return false;
+        }
+    return true;
+}
+
+int WldNew(const cli::Parsed& p) {
+    const std::string side = p.Value("--load-side", "right");
+    if (p.positional.size() != 1) return cli::UsageError(p, "wld-new needs one OUT.wld");
+    if (!p.Has("--line")) return cli::UsageError(p, "wld-new needs at least one --line");
     if (side != "left" && side != "right") return cli::UsageError("--load-side must be left or right");
 
     LayoutDocument doc;
     cm::Set_Viewport(doc);
-    if (hasAngle && !cli::ParseDouble(angleText, doc.Load.LoadAngle))
-        return cli::UsageError("bad --load-angle: " + angleText);
-    if (hasEcc && !cli::ParseDouble(eccText, doc.Load.LoadEccentricity))
-        return cli::UsageError("bad --load-ecc: " + eccText);
+    std::string error;
+    if ((p.Has("--load-angle") && !cli::ReadNumber("--load-angle", p.Value("--load-angle"), -cli::kSingleMax,
+                                                   cli::kSingleMax, doc.Load.LoadAngle, error)) ||
+        (p.Has("--load-ecc") && !cli::ReadLength("--load-ecc", p.Value("--load-ecc"), true, -cli::kSingleMax,
+                                                 cli::kSingleMax, doc.Load.LoadEccentricity, error)))
+        return cli::UsageError(error);
 
-    for (const std::string& t : lineTexts) {
-        double v[4];
-        if (!weldcli::ParseCoords(t, v)) return cli::UsageError("bad --line: " + t);
+    for (const std::string& t : p.All("--line")) {
         PointRec a, b;
-        a.X = cm::To_BoardX(doc, v[0]);
-        a.Y = cm::To_BoardY(doc, v[1]);
-        b.X = cm::To_BoardX(doc, v[2]);
-        b.Y = cm::To_BoardY(doc, v[3]);
+        if (!ReadLine(doc, t, a, b, error)) return cli::UsageError(error);
         if (!cm::Add_Drawn_Line(doc, a, b)) return cli::Fail("too many lines", 1);
     }
     PlaceLoad(doc, side == "left" ? 0 : 1);
     doc.LinesSaved = doc.Lines;
     doc.DimsSaved = doc.Dims;
 
-    const FileHandling::FileError e = FileHandling::Write_Layout(doc, args[0]);
+    const std::string& out = p.positional[0];
+    const FileHandling::FileError e = FileHandling::Write_Layout(doc, out);
     if (e.Number != 0)
-        return cli::Fail("cannot write " + args[0] + ": Error No. " + std::to_string(e.Number) + ":  " + e.Description, 1);
+        return cli::Fail("cannot write " + cli::Quote(out) + ": Error No. " + std::to_string(e.Number) + ":  " +
+                             e.Description,
+                         1);
     return 0;
 }
 
-int WldInfo(const cli::Args& args) {
-    if (args.size() != 1) return cli::UsageError("usage: wld-info FILE.wld");
+const char* const kDimKinds[] = {"vertical", "horizontal", "straight"};
+const char* DimKind(int16_t type) { return type >= 0 && type <= 2 ? kDimKinds[type] : "type ?"; }
+
+// One row per line and dimension, and one for the load, for csv and json.
+cli::Row SegmentRow(const LayoutDocument& doc, const std::string& kind, const std::string& name, const PointRec& a,
+                    const PointRec& b, double length, bool selected) {
+    auto x = [&](const PointRec& pt) { return cli::Num(cm::To_WorldX(doc, pt.X)); };
+    auto y = [&](const PointRec& pt) { return cli::Num(cm::To_WorldY(doc, pt.Y)); };
+    return {{"kind", cli::Txt(kind)}, {"name", cli::Txt(name)}, {"x1_in", x(a)}, {"y1_in", y(a)},
+            {"x2_in", x(b)},          {"y2_in", y(b)},          {"length_in", cli::Num(length)},
+            {"selected", cli::Flag(selected)}};
+}
+
+void WldInfoRows(const cli::Parsed& p, const LayoutDocument& doc) {
+    std::vector<cli::Row> lines, dims;
+    for (const LineRec& l : doc.Lines)
+        if (l.Exists != 0) lines.push_back(SegmentRow(doc, "line", l.LineName, l.StartPt, l.EndPt, l.Length, l.Selected != 0));
+    for (const DimensionRec& d : doc.Dims)
+        if (d.Exists != 0) dims.push_back(SegmentRow(doc, DimKind(d.DimType), "", d.DimP1, d.DimP2, d.DimLength, false));
+    const cli::Row load = {{"side", cli::Txt(doc.Load.LoadSide == 0 ? "left" : "right")},
+                           {"angle_deg", cli::Num(doc.Load.LoadAngle)},
+                           {"eccentricity_ft", cli::Num(doc.Load.LoadEccentricity)},
+                           {"placed", cli::Flag(doc.Load.LoadPlaced != 0)}};
+    if (p.format == cli::Format::Json) {
+        const cli::Row viewport = {{"ZoomBase", cli::Num(doc.ZoomBase)}, {"ZoomScale", cli::Num(doc.ZoomScale)},
+                                   {"OriginX", cli::Num(doc.OriginX)},   {"OriginY", cli::Num(doc.OriginY)}};
+        std::cout << cli::JsonObject({{"viewport", cli::RawJson(cli::JsonObject(viewport))},
+                                      {"LineCounter", cli::Num(static_cast<double>(doc.LineCounter))},
+                                      {"lines", cli::RawJson(cli::JsonArray(lines))},
+                                      {"dimensions", cli::RawJson(cli::JsonArray(dims))},
+                                      {"load", cli::RawJson(cli::JsonObject(load))}})
+                  << "\n";
+        return;
+    }
+    // csv: the lines and dimensions as one table, the load as a last row of its own kind.
+    std::vector<cli::Row> rows = lines;
+    rows.insert(rows.end(), dims.begin(), dims.end());
+    cli::Row loadRow = SegmentRow(doc, "load", load[0].value.text, {}, {}, 0.0, false);
+    for (size_t i = 2; i < loadRow.size(); ++i) loadRow[i].value = cli::Cell{};
+    loadRow = loadRow + cli::Row{load[1], load[2], load[3]};
+    for (cli::Row& r : rows) r = r + cli::Row{{"angle_deg", {}}, {"eccentricity_ft", {}}, {"placed", {}}};
+    rows.push_back(loadRow);
+    cli::WriteRows(p, rows);
+}
+
+int WldInfo(const cli::Parsed& p) {
+    if (p.positional.size() != 1) return cli::UsageError(p, "wld-info needs one FILE.wld");
     LayoutDocument doc;
-    if (!FileHandling::Read_Layout(doc, args[0])) return cli::Fail("cannot read layout " + args[0], 1);
+    if (!FileHandling::Read_Layout(doc, p.positional[0]))
+        return cli::Fail("cannot read layout " + cli::Quote(p.positional[0]), 1);
+    if (p.format != cli::Format::Text) {
+        WldInfoRows(p, doc);
+        return 0;
+    }
 
     std::cout << "Viewport: ZoomBase " << SingleText(doc.ZoomBase) << "  ZoomScale " << SingleText(doc.ZoomScale)
               << "  OriginX " << SingleText(doc.OriginX) << "  OriginY " << SingleText(doc.OriginY) << "\n";
@@ -110,10 +169,8 @@ int WldInfo(const cli::Args& args) {
     std::cout << "Dimensions: " << cm::Line_Count(doc.Dims) << "\n";
     for (const DimensionRec& d : doc.Dims) {
         if (d.Exists == 0) continue;
-        static const char* kinds[] = {"vertical", "horizontal", "straight"};
-        const char* kind = d.DimType >= 0 && d.DimType <= 2 ? kinds[d.DimType] : "type ?";
-        std::cout << "  " << kind << ": " << WorldPoint(doc, d.DimP1) << " to " << WorldPoint(doc, d.DimP2)
-                  << "  length " << DoubleText(d.DimLength) << "\n";
+        std::cout << "  " << DimKind(d.DimType) << ": " << WorldPoint(doc, d.DimP1) << " to "
+                  << WorldPoint(doc, d.DimP2) << "  length " << DoubleText(d.DimLength) << "\n";
     }
     std::cout << "Load: " << (doc.Load.LoadSide == 0 ? "left" : "right") << "  angle "
               << DoubleText(doc.Load.LoadAngle) << "  eccentricity " << DoubleText(doc.Load.LoadEccentricity)
@@ -121,47 +178,59 @@ int WldInfo(const cli::Args& args) {
     return 0;
 }
 
+// --size: a whole number of sixteenths, or length text such as 1/4" that is one.
+bool ReadWeldSize(const std::string& text, int& sizeIndex, std::string& error) {
+    long long v = 0;
+    double plain = 0.0;
+    if (cli::ReadNumber("--size", text, -cli::kSingleMax, cli::kSingleMax, plain, error) ||
+        error.find("out of range") != std::string::npos) {
+        // A plain number counts sixteenths, as it always has.
+        if (!cli::ReadWhole("--size", text, 1, 16, v, error)) return false;
+    } else {
+        double inches = 0.0;
+        if (!cli::ReadLength("--size", text, false, 1.0 / 16.0, 1.0, inches, error)) return false;
+        const double sixteenths = inches * 16.0;
+        if (sixteenths != std::floor(sixteenths)) {
+            error = "--size must be a whole number of sixteenths: " + cli::Quote(text);
+            return false;
+        }
+        v = static_cast<long long>(sixteenths);
+    }
+    sizeIndex = static_cast<int>(v - 1);
+    return true;
+}
+
 // The capacity as the capacity window shows it after a run at its settings.
-int Capacity(const cli::Args& argsIn) {
-    cli::Args args = argsIn;
-    std::string electrodeText, sizeText, methodText, error;
-    bool hasElectrode = false, hasSize = false, hasMethod = false;
+int Capacity(const cli::Parsed& p) {
+    std::string error;
     // First-start defaults of the capacity window: E90XX, 1/4", Nominal, 1/32".
     int electrodeIndex = WeldStrength::kWeldClassSetting.defaultValue;
     int sizeIndex = WeldStrength::kWeldSizeSetting.defaultValue;
     int methodIndex = WeldStrength::kDesignMethodSetting.defaultValue;
-    int stripIndex = WeldStrength::kWeldStripSetting.defaultValue;
-    long maxPasses = weldcli::kDefaultMaxPasses;
-    if (!cli::TakeOption(args, "--electrode", electrodeText, hasElectrode) ||
-        !cli::TakeOption(args, "--size", sizeText, hasSize) || !cli::TakeOption(args, "--method", methodText, hasMethod))
-        return cli::UsageError("an option needs a value");
+    weldcli::RunOptions opt{WeldStrength::kWeldStripSetting.defaultValue};
     shell::SolverModel model = shell::SolverModel::Iterative;
-    if (!weldcli::TakeStripIndex(args, stripIndex, error) || !weldcli::TakeMaxPasses(args, maxPasses, error) ||
-        !modelcli::TakeModel(args, model, error))
+    if (!weldcli::ReadRunOptions(p, opt, error) || !modelcli::ReadModel(p, model, error))
         return cli::UsageError(error);
-    if (args.size() != 1) return cli::UsageError("usage: capacity FILE.wld [--electrode 60|70|80|90|100|110] "
-                                                 "[--size SIXTEENTHS] [--method nominal|asd|lrfd] [--strip 4|8|16|32|64]");
+    if (p.positional.size() != 1) return cli::UsageError(p, "capacity needs one FILE.wld");
 
-    long v = 0;
-    if (hasElectrode) {
+    if (p.Has("--electrode")) {
+        long long v = 0;
         electrodeIndex = -1;
-        if (cli::ParseInt(electrodeText, v))
+        if (cli::ReadWhole("--electrode", p.Value("--electrode"), 0, 1000, v, error))
             for (size_t i = 0; i < WeldStrength::kElectrodeStrength.size(); ++i)
                 if (WeldStrength::kElectrodeStrength[i] == static_cast<double>(v)) electrodeIndex = static_cast<int>(i);
         if (electrodeIndex < 0) return cli::UsageError("--electrode must be 60, 70, 80, 90, 100 or 110");
     }
-    if (hasSize) {
-        if (!cli::ParseInt(sizeText, v) || v < 1 || v > 16) return cli::UsageError("--size must be 1 to 16 (sixteenths)");
-        sizeIndex = static_cast<int>(v - 1);
-    }
-    if (hasMethod) {
-        const std::string m = prim::LCase(methodText);
+    if (p.Has("--size") && !ReadWeldSize(p.Value("--size"), sizeIndex, error)) return cli::UsageError(error);
+    if (p.Has("--method")) {
+        const std::string m = prim::LCase(p.Value("--method"));
         methodIndex = m == "nominal" ? 0 : m == "asd" ? 1 : m == "lrfd" ? 2 : -1;
         if (methodIndex < 0) return cli::UsageError("--method must be nominal, asd or lrfd");
     }
 
+    const std::string& file = p.positional[0];
     LayoutDocument doc;
-    if (!FileHandling::Read_Layout(doc, args[0])) return cli::Fail("cannot read layout " + args[0], 1);
+    if (!FileHandling::Read_Layout(doc, file)) return cli::Fail("cannot read layout " + cli::Quote(file), 1);
 
     double fexx = 0.0, size = 0.0, factor = 0.0;
     std::string caption;
@@ -169,24 +238,62 @@ int Capacity(const cli::Args& argsIn) {
     WeldStrength::WeldSizeInchesOf(sizeIndex, size);
     WeldStrength::MethodOf(methodIndex, factor, caption);
 
+    static const char* const kMethods[] = {"nominal", "asd", "lrfd"};
+    const cli::Row head = {modelcli::ModelField(model),
+                           {"method", cli::Txt(kMethods[methodIndex])},
+                           {"electrode_ksi", cli::Num(fexx)},
+                           {"size_in", cli::Num(size)}};
     if (model == shell::SolverModel::AiscElement)
-        return modelcli::Capacity(doc, stripIndex, fexx, size, factor, caption);
-    weldcli::LimitedRun run(stripIndex, maxPasses);
+        return modelcli::Capacity(p, doc, opt.stripIndex, fexx, size, factor, caption, head);
+    weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses, "capacity");
     const double unit = WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc, run.state, run.hooks, &run.report);
+    if (const int rc = run.Check(p, head); rc != 0) return rc;
     const double shown = WeldStrength::DisplayedCapacity(fexx, unit, size, factor);
+    if (p.format != cli::Format::Text) {
+        cli::WriteRows(p, {head + cli::Row{{"capacity_kips", cli::Num(shown)},
+                                    {"caption", cli::Txt(caption)}} +
+                               run.RunFields()});
+        return 0;
+    }
     std::cout << prim::Trim(WeldStrength::CapacityText(shown)) << "\n" << caption << "\n";
-    return run.Finish(false);
+    if (opt.verbose) run.PrintVerbose();
+    return 0;
 }
 
-const cli::Registrar kWldNew({"wld-new",
-                              "wld-new OUT.wld --line X1,Y1,X2,Y2 [--line ...] [--load-side left|right] "
-                              "[--load-angle DEG] [--load-ecc FEET]",
-                              "writes a layout drawn from world-inch lines on a new board", WldNew});
-const cli::Registrar kWldInfo({"wld-info", "wld-info FILE.wld",
-                               "prints the viewport, lines, dimensions and load of a layout", WldInfo});
-const cli::Registrar kCapacity({"capacity",
-                                "capacity FILE.wld [--electrode 60|70|80|90|100|110] [--size SIXTEENTHS] "
-                                "[--method nominal|asd|lrfd] [--strip 4|8|16|32|64] [--max-passes N] [--model iterative|aisc]",
-                                "prints the capacity of a layout in kips and the caption of its method", Capacity});
+const cli::Registrar kWldNew({
+    "wld-new",
+    "OUT.wld",
+    "writes a layout drawn from world-inch lines on a new board",
+    {{"--line", "X1,Y1,X2,Y2", "a weld line from (X1,Y1) to (X2,Y2), inches, Y up", true, true},
+     {"--load-side", "left|right", "side of the group the load symbol stands on (default right)"},
+     {"--load-angle", "DEG", "load angle in degrees from vertical (default 0)"},
+     {"--load-ecc", "FEET", "eccentricity of the load in feet (default 0); 6\" is half a foot"}},
+    {"Coordinates must fit the board's single precision (about 3.4E+38).", cli::kLengthHelp},
+    {"wld-new /tmp/angle.wld --line 0,0,0,8 --line 0,0,5,0 --load-side left --load-ecc '6\"'"},
+    WldNew});
+const cli::Registrar kWldInfo({
+    "wld-info",
+    "FILE.wld",
+    "prints the viewport, lines, dimensions and load of a layout",
+    {},
+    {"Coordinates and lengths in inches, the load's eccentricity in feet. csv gives one row per",
+     "line and dimension and a last row for the load; json one object with the same fields."},
+    {"wld-info examples/angle-left.wld", "wld-info examples/angle-left.wld --format json"},
+    WldInfo,
+    true});
+const cli::Registrar kCapacity({
+    "capacity",
+    "FILE.wld",
+    "the capacity of a layout in kips and the caption of its design method",
+    cli::Options{{"--electrode", "60|70|80|90|100|110", "electrode strength Fexx in ksi (default 90)"},
+                 {"--size", "SIXTEENTHS", "weld size 1 to 16 sixteenths of an inch, or 1/4\" (default 4)"},
+                 {"--method", "nominal|asd|lrfd", "design method (default nominal)"}} +
+        weldcli::RunOptionList() + cli::Options{modelcli::ModelOption()},
+    {"Text: the capacity to five decimals, then the caption of the method, as the capacity",
+     "window shows them; exit 3 and nothing on stdout when the pass limit ends the run."},
+    {"capacity examples/c-shape-right.wld", "capacity examples/c-shape-right.wld --method lrfd --size '5/16\"'",
+     "capacity examples/angle-left.wld --format csv", "capacity examples/c-shape-right.wld --model aisc"},
+    Capacity,
+    true});
 
 }  // namespace

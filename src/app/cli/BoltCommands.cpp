@@ -4,47 +4,70 @@
 
 #include "Cli.h"
 #include "ModelCli.h"
+#include "Output.h"
+#include "Progress.h"
 #include "bolt/BoltFunctions.h"
 #include "shell/Primitives.h"
 
 namespace {
 
-bool ParseCount(const std::string& text, int16_t& out) {
-    long v = 0;
-    if (!cli::ParseInt(text, v) || v < INT16_MIN || v > INT16_MAX) return false;
-    out = static_cast<int16_t>(v);
-    return true;
-}
-
-int RunBoltC(const cli::Args& input) {
-    cli::Args args = input;
+int RunBoltC(const cli::Parsed& p) {
+    const cli::Args& args = p.positional;
+    if (args.size() != 6) return cli::UsageError(p, "bolt-c needs M N SV SH EX ANGLE");
     std::string error;
     shell::SolverModel model = shell::SolverModel::Iterative;
-    if (!modelcli::TakeModel(args, model, error)) return cli::UsageError(error);
-    if (args.size() != 6) return cli::UsageError("bolt-c needs M N SV SH EX ANGLE");
-    int16_t m = 0, n = 0;
-    if (!ParseCount(args[0], m)) return cli::UsageError("M is not a whole number: " + args[0]);
-    if (!ParseCount(args[1], n)) return cli::UsageError("N is not a whole number: " + args[1]);
+    if (!modelcli::ReadModel(p, model, error)) return cli::UsageError(error);
+    long long m = 0, n = 0;
     double v[4] = {};
-    const char* names[4] = {"SV", "SH", "EX", "ANGLE"};
-    for (int i = 0; i < 4; ++i)
-        if (!cli::ParseDouble(args[2 + i], v[i]))
-            return cli::UsageError(std::string(names[i]) + " is not a number: " + args[2 + i]);
+    if (!cli::ReadWhole("M", args[0], INT16_MIN, INT16_MAX, m, error) ||
+        !cli::ReadWhole("N", args[1], INT16_MIN, INT16_MAX, n, error))
+        return cli::UsageError(error);
+    const char* names[3] = {"SV", "SH", "EX"};
+    for (int i = 0; i < 3; ++i)
+        if (!cli::ReadLength(names[i], args[2 + i], false, -cli::kSingleMax, cli::kSingleMax, v[i], error))
+            return cli::UsageError(error);
+    if (!cli::ReadNumber("ANGLE", args[5], -cli::kSingleMax, cli::kSingleMax, v[3], error))
+        return cli::UsageError(error);
 
-    if (model == shell::SolverModel::AiscElement) return modelcli::BoltC(m, n, v);
-    const auto cPrime = BoltFunctions::BoltGroup_CPrime(m, n, v[0], v[1]);
-    const auto c = BoltFunctions::BoltGroup_C(m, n, v[0], v[1], v[2], v[3]);
+    const auto m16 = static_cast<int16_t>(m), n16 = static_cast<int16_t>(n);
+    if (model == shell::SolverModel::AiscElement) return modelcli::BoltC(p, m16, n16, v);
+    const auto cPrime = BoltFunctions::BoltGroup_CPrime(m16, n16, v[0], v[1]);
+    std::optional<double> c;
+    {
+        cli::Progress progress("bolt-c");
+        c = BoltFunctions::BoltGroup_C(m16, n16, v[0], v[1], v[2], v[3], [&progress] { progress.Tick(); });
+    }
     if (!cPrime || !c)
-        return cli::Fail("a bolt group needs from 1 to 32767 bolts (M x N); got M = " + args[0] +
-                             ", N = " + args[1],
-                         1);
+        return cli::Fail("a bolt group needs from 1 to 32767 bolts (M x N); got M = " + args[0] + ", N = " + args[1], 1);
+    if (p.format != cli::Format::Text) {
+        cli::WriteRows(p, {{modelcli::ModelField(model),
+                            {"M", cli::Num(static_cast<double>(m))},
+                            {"N", cli::Num(static_cast<double>(n))},
+                            {"SV_in", cli::Num(v[0])},
+                            {"SH_in", cli::Num(v[1])},
+                            {"EX_in", cli::Num(v[2])},
+                            {"angle_deg", cli::Num(v[3])},
+                            {"C", cli::Num(*c)},
+                            {"C_prime_in", cli::Num(*cPrime)}}});
+        return 0;
+    }
     std::cout << prim::Format(*c, "0.0000") << " " << prim::Format(*cPrime, "0.0000") << "\n";
     return 0;
 }
 
-const cli::Registrar kBoltC({"bolt-c", "bolt-c M N SV SH EX ANGLE [--model iterative|aisc]",
-                             "C and C' of an M by N bolt group at spacings SV, SH, eccentricity EX "
-                             "and load angle ANGLE degrees",
-                             RunBoltC});
+const cli::Registrar kBoltC({
+    "bolt-c",
+    "M N SV SH EX ANGLE",
+    "C and C' of an M by N rectangular bolt group under an eccentric load",
+    {modelcli::ModelOption()},
+    {"M, N    rows and columns of bolts (M x N from 1 to 32767 bolts)",
+     "SV, SH  vertical and horizontal spacing (inches); EX eccentricity of the load (inches)",
+     "ANGLE   load angle in degrees from vertical",
+     "Prints C and C' (inches) to four decimals. Large groups take long; on a terminal a",
+     "progress line shows on stderr.", cli::kLengthHelp},
+    {"bolt-c 4 2 3 3 6 0", "bolt-c 4 2 3 3 \"1'-6\\\"\" 0 --format json",
+     "bolt-c 3 2 3 3 6 15 --format csv --no-header", "bolt-c 6 2 3 5.5 16 0 --model aisc"},
+    RunBoltC,
+    true});
 
 }  // namespace

@@ -1,8 +1,11 @@
 // ferrolith-cli calc: replays calculator keys on a fresh engine and prints
 // what the display shows, mantissa and exponent joined by "|".
+#include <algorithm>
 #include <iostream>
 
+#include "CalcKeyList.h"
 #include "Cli.h"
+#include "Output.h"
 #include "calc/CalcProcs.h"
 #include "calc/CalcVariables.h"
 #include "calc/ConstantModule.h"
@@ -15,23 +18,31 @@ namespace {
 bool RegisterKey(const std::string& arg, const std::string& key, long& number) {
     size_t colon = arg.find(':');
     if (colon == std::string::npos || arg.substr(0, colon) != key) return false;
-    return cli::ParseInt(arg.substr(colon + 1), number) && number >= 1 && number <= CalcFiles::kRegisterCount;
+    long long n = 0;
+    std::string error;
+    if (!cli::ReadWhole(key, arg.substr(colon + 1), 1, CalcFiles::kRegisterCount, n, error)) return false;
+    number = static_cast<long>(n);
+    return true;
 }
 
-int RunCalc(const cli::Args& argsIn) {
-    cli::Args args = argsIn;
-    bool rad = cli::TakeFlag(args, "--rad");
-    bool grad = cli::TakeFlag(args, "--grad");
-    std::string fix, sci;
-    bool hasFix = false, hasSci = false;
-    if (!cli::TakeOption(args, "--fix", fix, hasFix)) return cli::UsageError("--fix needs a number of places");
-    if (!cli::TakeOption(args, "--sci", sci, hasSci)) return cli::UsageError("--sci needs a number of places");
+int ListKeys() {
+    size_t width = 0;
+    for (const auto& k : cli::CalcKeyList()) width = std::max(width, k.token.size());
+    for (const auto& k : cli::CalcKeyList())
+        std::cout << k.token << std::string(width + 2 - k.token.size(), ' ') << k.does << "\n";
+    return 0;
+}
+
+int RunCalc(const cli::Parsed& p) {
+    if (p.Has("--keys")) return p.positional.empty() ? ListKeys() : cli::UsageError(p, "--keys takes no keys");
+    const bool rad = p.Has("--rad"), grad = p.Has("--grad"), hasFix = p.Has("--fix"), hasSci = p.Has("--sci");
     if (rad && grad) return cli::UsageError("--rad and --grad exclude each other");
     if (hasFix && hasSci) return cli::UsageError("--fix and --sci exclude each other");
-    long places = 0;
-    if ((hasFix && (!cli::ParseInt(fix, places) || places < 0 || places > 14)) ||
-        (hasSci && (!cli::ParseInt(sci, places) || places < 0 || places > 14)))
-        return cli::UsageError("places must be 0 to 14");
+    long long places = 0;
+    std::string error;
+    if ((hasFix && !cli::ReadWhole("--fix", p.Value("--fix"), 0, 14, places, error)) ||
+        (hasSci && !cli::ReadWhole("--sci", p.Value("--sci"), 0, 14, places, error)))
+        return cli::UsageError(error);
 
     CalcVariables s;
     CalcProcs::Initial_Routine(s);
@@ -54,7 +65,13 @@ int RunCalc(const cli::Args& argsIn) {
             st.RegisterChoice = -1;
         }
     };
-    for (const std::string& arg : args) {
+    for (const std::string& arg : p.positional) {
+        std::vector<std::string> keys;
+        if (cli::NumberKeys(arg, keys, error)) {
+            if (!error.empty()) return cli::UsageError(error);
+            for (const std::string& k : keys) CalcProcs::Press_Key(s, k);
+            continue;
+        }
         bool reg = false;
         for (const auto& key : CalcProcs::Key_Table()) {
             if (key.registerAction && RegisterKey(arg, key.token, chosen)) {
@@ -66,9 +83,9 @@ int RunCalc(const cli::Args& argsIn) {
         if (reg) continue;
         // "cnst:N" picks row N of the constant table, as a click and OK would.
         if (arg.rfind("cnst:", 0) == 0) {
-            long row = 0;
-            if (!cli::ParseInt(arg.substr(5), row) || row < 1 || row > ConstantModule::kConstantCount)
-                return cli::UsageError("cnst takes a row number 1 to 128");
+            long long row = 0;
+            if (!cli::ReadWhole("cnst", arg.substr(5), 1, ConstantModule::kConstantCount, row, error))
+                return cli::UsageError(error);
             s.ShowConstantWindow = [row](CalcVariables& st) {
                 st.ConstantChoice = "  " + prim::PlainText(st.Constants.ConstantData[static_cast<size_t>(row - 1)].Value);
             };
@@ -77,7 +94,7 @@ int RunCalc(const cli::Args& argsIn) {
             continue;
         }
         // Mode switches of the window's option buttons, usable between keys.
-        long n = 0;
+        long long n = 0;
         if (arg == "deg" || arg == "rad" || arg == "grad") {
             CalcProcs::Set_Angle_Mode(s, arg == "rad" ? 'R' : arg == "grad" ? 'G' : 'D');
             continue;
@@ -86,8 +103,7 @@ int RunCalc(const cli::Args& argsIn) {
             CalcProcs::StdButton_Click(s);
             continue;
         }
-        if ((arg.rfind("fix:", 0) == 0 || arg.rfind("sci:", 0) == 0) && cli::ParseInt(arg.substr(4), n) && n >= 0 &&
-            n <= 14) {
+        if ((arg.rfind("fix:", 0) == 0 || arg.rfind("sci:", 0) == 0) && cli::ReadWhole(arg.substr(0, 3), arg.substr(4), 0, 14, n, error)) {
             if (arg[0] == 'f')
                 CalcProcs::FxnButton_Click(s);
             else
@@ -95,17 +111,33 @@ int RunCalc(const cli::Args& argsIn) {
             CalcProcs::PrecBox_Click(s, static_cast<int>(n));
             continue;
         }
-        if (!CalcProcs::Press_Key(s, arg)) return cli::UsageError("unknown calculator key '" + arg + "'");
+        if (!CalcProcs::Press_Key(s, arg))
+            return cli::UsageError("unknown calculator key " + cli::Quote(arg) + " (see ferrolith-cli calc --keys)");
     }
-    std::cout << s.DisplayBox << "|" << s.ExpoBox << "\n";
+    if (p.format != cli::Format::Text)
+        cli::WriteRows(p, {{{"display", cli::Txt(s.DisplayBox)}, {"exponent", cli::Txt(s.ExpoBox)}}});
+    else
+        std::cout << s.DisplayBox << "|" << s.ExpoBox << "\n";
     return 0;
 }
 
-const cli::Registrar kCalc({"calc", "calc [--rad|--grad] [--fix N|--sci N] TOKEN...",
-                            "replays calculator keys on a fresh engine and prints DisplayBox|ExpoBox; "
-                            "register keys take the register number (kin:3, ko:3, xk:3, mplus:3, mminus:3, kac:3); "
-                            "cnst:N picks row N of the constant table; "
-                            "deg, rad, grad, norm, fix:N, sci:N switch modes between keys",
-                            RunCalc});
+const cli::Registrar kCalc({
+    "calc",
+    "TOKEN...",
+    "replays calculator keys on a fresh calculator and prints its display",
+    {{"--rad", "", "start in radians (default degrees)"},
+     {"--grad", "", "start in grads"},
+     {"--fix", "N", "start with a fixed display of N places, 0 to 14"},
+     {"--sci", "N", "start with a scientific display of N places, 0 to 14"},
+     {"--keys", "", "list every key token with what it does"}},
+    {"TOKEN   a key (see --keys) or a whole number, typed as its keys: 100 is 1 0 0, 2.5 is",
+     "        2 dot 5, -3 is 3 pm, 1.5e3 is 1 dot 5 exp 3 (up to 15 digits, exponent -99 to 99).",
+     "        Numbers next to each other run together as on the keypad: 1 4 is 14.",
+     "Output: DISPLAY|EXPONENT, the two fields of the calculator's display: the number as",
+     "  shown (with its point), then the exponent of ten, blank when there is none.",
+     "  1.| 15 is 1 x 10^15; 1.|-20 is 1 x 10^-20."},
+    {"calc 100 sqrt", "calc 2.5 '*' -3 =", "calc 1.5e3 + 2 = --format json", "calc --fix 2 PI", "calc --keys"},
+    RunCalc,
+    true});
 
 }  // namespace

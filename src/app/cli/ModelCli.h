@@ -6,23 +6,29 @@
 #include <string>
 
 #include "Cli.h"
+#include "Output.h"
 #include "board/PublicVariables.h"
 #include "shell/SolverModel.h"
 
 namespace modelcli {
 
-// --model iterative|aisc; the model is left alone when the option is absent.
-bool TakeModel(cli::Args& args, shell::SolverModel& model, std::string& error);
+// --model iterative|aisc (a function: command tables are built during static initialisation).
+const cli::Option& ModelOption();
+// The model named by --model, Iterative when absent.
+bool ReadModel(const cli::Parsed& p, shell::SolverModel& model, std::string& error);
+// The "model" field that leads the csv and json rows of weld-c, capacity and bolt-c.
+cli::Field ModelField(shell::SolverModel model);
 
 // weld-c CONFIG L kL aL ANGLE by the element model: prints C as weld-c does.
 // Exit 0, or 3 when the group has no equilibrium, 1 when there is nothing to solve.
-int WeldC(int16_t config, const double (&v)[4], int stripIndex, bool verbose);
+int WeldC(const cli::Parsed& p, int16_t config, const double (&v)[4], int stripIndex, bool verbose);
 
-// capacity by the element model: the same two lines as the system's run.
-int Capacity(const PublicVariables::LayoutDocument& doc, int stripIndex, double fexx, double size, double factor,
-             const std::string& caption);
+// capacity by the element model: the same two lines as the system's run;
+// `head` leads the csv and json row.
+int Capacity(const cli::Parsed& p, const PublicVariables::LayoutDocument& doc, int stripIndex, double fexx,
+             double size, double factor, const std::string& caption, const cli::Row& head);
 
 // bolt-c by the element model: "C C'" with four decimals.
-int BoltC(int16_t m, int16_t n, const double (&v)[4]);
+int BoltC(const cli::Parsed& p, int16_t m, int16_t n, const double (&v)[4]);
 
 }  // namespace modelcli

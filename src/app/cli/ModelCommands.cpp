@@ -9,6 +9,8 @@
 
 #include "Cli.h"
 #include "ModelCli.h"
+#include "Output.h"
+#include "Progress.h"
 #include "WeldCli.h"
 #include "board/WeldUnitCapacity.h"
 #include "bolt/BoltElementModel.h"
@@ -24,7 +26,22 @@ namespace {
 
 using shell::SolverModel;
 
-int NoEquilibrium() { return cli::Fail("no convergence: the element model finds no equilibrium for this load", 3); }
+// No equilibrium: nothing on stdout but, for json, the last motion; one line on stderr.
+int NoEquilibrium(const cli::Parsed& p, const shell::GroupMotion& motion, double fromX, double fromY) {
+    if (p.format == cli::Format::Json) {
+        cli::Row row = {ModelField(SolverModel::AiscElement), {"converged", cli::Flag(false)}};
+        if (motion.Translation) {
+            row.push_back({"center_x_in", {}});
+            row.push_back({"center_y_in", {}});
+        } else {
+            row.push_back({"center_x_in", cli::Num(motion.CenterX - fromX)});
+            row.push_back({"center_y_in", cli::Num(motion.CenterY - fromY)});
+        }
+        std::cout << cli::JsonObject(row) << "\n";
+    }
+    std::cout.flush();
+    return cli::Fail("no convergence: the element model finds no equilibrium for this load", 3);
+}
 
 int16_t Strip(int stripIndex) {
     int16_t spi = 32;
@@ -32,8 +49,10 @@ int16_t Strip(int stripIndex) {
     return spi;
 }
 
-// "1,2.5,3": at least one number, each finite and not negative.
-bool ParseList(const std::string& text, std::vector<double>& out) {
+// "1,2.5,3": at least one value, each read by `read`.
+template <typename Read>
+bool ReadList(const std::string& name, const std::string& text, std::vector<double>& out, std::string& error,
+              Read read) {
     out.clear();
     size_t start = 0;
     for (;;) {
@@ -41,44 +60,32 @@ bool ParseList(const std::string& text, std::vector<double>& out) {
         const std::string part =
             prim::Trim(text.substr(start, comma == std::string::npos ? std::string::npos : comma - start));
         double v = 0.0;
-        if (!cli::ParseDouble(part, v) || v < 0.0) return false;
+        if (!read(name, part, v, error)) return false;
         out.push_back(v);
         if (comma == std::string::npos) return true;
         start = comma + 1;
     }
 }
 
-bool TakeList(cli::Args& args, const std::string& name, std::vector<double>& out, std::string& error) {
-    std::string value;
-    bool present = false;
-    if (!cli::TakeOption(args, name, value, present) || !present) {
-        error = "needs " + name + " LIST";
-        return false;
-    }
-    if (!ParseList(value, out)) {
-        error = name + " wants numbers, 0 or more, separated by commas: " + value;
-        return false;
-    }
+// Ratios such as k and a: numbers, 0 or more.
+bool ReadRatio(const std::string& name, const std::string& text, double& v, std::string& error) {
+    return cli::ReadNumber(name, text, 0.0, cli::kSingleMax, v, error);
+}
+
+// Lengths in inches, 0 or more.
+bool ReadInches(const std::string& name, const std::string& text, double& v, std::string& error) {
+    return cli::ReadLength(name, text, false, 0.0, cli::kSingleMax, v, error);
+}
+
+// Counts of bolts per row, 1 to 32767.
+bool ReadCount(const std::string& name, const std::string& text, double& v, std::string& error) {
+    long long n = 0;
+    if (!cli::ReadWhole(name, text, 1, 32767, n, error)) return false;
+    v = static_cast<double>(n);
     return true;
 }
 
-bool TakeNumber(cli::Args& args, const std::string& name, double& out, bool required, std::string& error) {
-    std::string value;
-    bool present = false;
-    if (!cli::TakeOption(args, name, value, present)) {
-        error = name + " needs a value";
-        return false;
-    }
-    if (!present) {
-        if (required) error = "needs " + name;
-        return !required;
-    }
-    if (!cli::ParseDouble(value, out)) {
-        error = name + ": not a number: " + value;
-        return false;
-    }
-    return true;
-}
+cli::Cell Value(const std::optional<double>& v) { return v ? cli::Num(*v) : cli::Cell{}; }
 
 // A table of coefficients: rows by one parameter, columns by another, with
 // optional extra columns. Cells without a value are shown as NC.
@@ -90,8 +97,15 @@ struct Table {
     std::vector<std::vector<std::optional<double>>> cells;
     const char* textPicture = "0.000";
     const char* csvPicture = "0.00000";
+    // --format csv and json: one row per cell, at full precision, empty where
+    // there is no value.
+    std::vector<cli::Row> machine;
 
-    void Print(bool csv) const {
+    int Print(const cli::Parsed& p, bool csv) const {
+        if (p.format != cli::Format::Text) {
+            cli::WriteRows(p, machine);
+            return 0;
+        }
         bool missing = false;
         if (csv) {
             std::cout << corner;
@@ -102,7 +116,7 @@ struct Table {
                 for (const auto& v : cells[r]) std::cout << "," << (v ? prim::Format(*v, csvPicture) : "NC");
                 std::cout << "\n";
             }
-            return;
+            return 0;
         }
         constexpr int kWidth = 9;
         std::cout << title << "\n" << std::setw(kWidth) << corner;
@@ -117,6 +131,7 @@ struct Table {
             std::cout << "\n";
         }
         if (missing) std::cout << "NC: no convergence\n";
+        return 0;
     }
 };
 
@@ -125,30 +140,32 @@ std::string StripText(int stripIndex) { return "strip 1/" + std::to_string(Strip
 // One cell of the weld table by the system's iteration, stopped by the pass
 // limit like the other weld commands.
 std::optional<double> IterativeC(int16_t config, double L, double k, double a, double angle, int stripIndex,
-                                 long maxPasses) {
-    weldcli::LimitedRun run(stripIndex, maxPasses);
+                                 long long maxPasses, cli::Progress& progress) {
+    weldcli::LimitedRun run(stripIndex, maxPasses, progress);
     const double c = WeldFunctions::Config_ByNumber(config, L, k * L, a * L, angle, WeldFunctions::kSelectC, run.state,
                                                     run.hooks, &run.report);
     if (run.report.Refused || !(run.report.Converged || run.report.Concentric)) return std::nullopt;
     return c;
 }
 
-int WeldTable(const cli::Args& input) {
-    cli::Args args = input;
+int WeldTable(const cli::Parsed& p) {
     std::string error;
     SolverModel model = SolverModel::Iterative;
     weldcli::RunOptions opt{WeldStrength::kWeldStripSetting.defaultValue};
     std::vector<double> ks, as;
     double angle = 0.0, L = 10.0;
-    const bool csv = cli::TakeFlag(args, "--csv");
-    if (!TakeModel(args, model, error) || !weldcli::TakeRunOptions(args, opt, error) ||
-        !TakeList(args, "--k", ks, error) || !TakeList(args, "--a", as, error) ||
-        !TakeNumber(args, "--angle", angle, true, error) || !TakeNumber(args, "--length", L, false, error))
-        return cli::UsageError("weld-table: " + error);
-    if (args.size() != 1) return cli::UsageError("weld-table needs CONFIG --k LIST --a LIST --angle DEG");
-    long config = 0;
-    if (!cli::ParseInt(args[0], config) || config < 1 || config > 9) return cli::UsageError("CONFIG must be 1 to 9");
-    if (!(L > 0.0)) return cli::UsageError("--length must be more than 0");
+    const bool csv = p.Has("--csv");
+    if (p.positional.size() != 1 || !p.Has("--k") || !p.Has("--a") || !p.Has("--angle"))
+        return cli::UsageError(p, "weld-table needs CONFIG --k LIST --a LIST --angle DEG");
+    long long config = 0;
+    if (!ReadModel(p, model, error) || !weldcli::ReadRunOptions(p, opt, error) ||
+        !cli::ReadWhole("CONFIG", p.positional[0], 1, 9, config, error) ||
+        !ReadList("--k", p.Value("--k"), ks, error, ReadRatio) ||
+        !ReadList("--a", p.Value("--a"), as, error, ReadRatio) ||
+        !cli::ReadNumber("--angle", p.Value("--angle"), -cli::kSingleMax, cli::kSingleMax, angle, error) ||
+        (p.Has("--length") &&
+         !cli::ReadLength("--length", p.Value("--length"), false, 1e-9, cli::kSingleMax, L, error)))
+        return cli::UsageError(error);
 
     Table t;
     t.title = "Configuration " + std::to_string(config) + ", load angle " + prim::PlainText(angle) +
@@ -156,6 +173,7 @@ int WeldTable(const cli::Args& input) {
               shell::SolverModelCaption(model);
     t.corner = "a\\k";
     for (double k : ks) t.columns.push_back(prim::PlainText(k));
+    cli::Progress progress("weld-table");
     for (double a : as) {
         t.rows.push_back(prim::PlainText(a));
         auto& row = t.cells.emplace_back();
@@ -166,40 +184,34 @@ int WeldTable(const cli::Args& input) {
                 const double v = WeldElementModel::Config_C(c, L, k * L, a * L, angle, Strip(opt.stripIndex), &rep);
                 row.push_back(rep.Converged ? std::optional<double>(v) : std::nullopt);
             } else {
-                row.push_back(IterativeC(c, L, k, a, angle, opt.stripIndex, opt.maxPasses));
+                row.push_back(IterativeC(c, L, k, a, angle, opt.stripIndex, opt.maxPasses, progress));
             }
+            t.machine.push_back({{"a", cli::Num(a)}, {"k", cli::Num(k)}, {"C", Value(row.back())}});
         }
     }
-    t.Print(csv);
-    return 0;
+    progress.Clear();
+    return t.Print(p, csv);
 }
 
-bool ParseCount(const std::string& text, int16_t& out) {
-    long v = 0;
-    if (!cli::ParseInt(text, v) || v < 1 || v > 32767) return false;
-    out = static_cast<int16_t>(v);
-    return true;
-}
-
-int BoltTable(const cli::Args& input) {
-    cli::Args args = input;
+int BoltTable(const cli::Parsed& p) {
     std::string error;
     SolverModel model = SolverModel::Iterative;
     std::vector<double> ns, exs;
-    double angle = 0.0;
-    const bool csv = cli::TakeFlag(args, "--csv");
-    if (!TakeModel(args, model, error) || !TakeList(args, "--n", ns, error) || !TakeList(args, "--ex", exs, error) ||
-        !TakeNumber(args, "--angle", angle, true, error))
-        return cli::UsageError("bolt-table: " + error);
-    if (args.size() != 3) return cli::UsageError("bolt-table needs COLUMNS SV SH --n LIST --ex LIST --angle DEG");
-    int16_t columns = 0;
-    double sv = 0.0, sh = 0.0;
-    if (!ParseCount(args[0], columns)) return cli::UsageError("COLUMNS must be a whole number from 1 to 32767");
-    if (!cli::ParseDouble(args[1], sv)) return cli::UsageError("SV is not a number: " + args[1]);
-    if (!cli::ParseDouble(args[2], sh)) return cli::UsageError("SH is not a number: " + args[2]);
+    double angle = 0.0, sv = 0.0, sh = 0.0;
+    long long columns = 0;
+    const bool csv = p.Has("--csv");
+    if (p.positional.size() != 3 || !p.Has("--n") || !p.Has("--ex") || !p.Has("--angle"))
+        return cli::UsageError(p, "bolt-table needs COLUMNS SV SH --n LIST --ex LIST --angle DEG");
+    if (!ReadModel(p, model, error) || !cli::ReadWhole("COLUMNS", p.positional[0], 1, 32767, columns, error) ||
+        !ReadInches("SV", p.positional[1], sv, error) || !ReadInches("SH", p.positional[2], sh, error) ||
+        !ReadList("--n", p.Value("--n"), ns, error, ReadCount) ||
+        !ReadList("--ex", p.Value("--ex"), exs, error, ReadInches) ||
+        !cli::ReadNumber("--angle", p.Value("--angle"), -cli::kSingleMax, cli::kSingleMax, angle, error))
+        return cli::UsageError(error);
     for (double n : ns)
-        if (n != static_cast<int16_t>(n) || n < 1 || n * columns > 32767)
-            return cli::UsageError("--n wants whole numbers of bolts from 1 up, at most 32767 bolts in all");
+        if (n * static_cast<double>(columns) > 32767)
+            return cli::UsageError("--n: at most 32767 bolts in all (" + prim::PlainText(n) + " rows of " +
+                                   std::to_string(columns) + ")");
 
     Table t;
     t.title = std::to_string(columns) + " column" + (columns == 1 ? "" : "s") + " at " + prim::PlainText(sh) +
@@ -210,8 +222,12 @@ int BoltTable(const cli::Args& input) {
     t.csvPicture = "0.0000";
     for (double ex : exs) t.columns.push_back(prim::PlainText(ex));
     t.columns.push_back("C'");
+    cli::Progress progress("bolt-table");
+    size_t done = 0;
+    const std::string cells = std::to_string(ns.size() * exs.size());
     for (double nv : ns) {
         const int16_t m = static_cast<int16_t>(nv);
+        const auto cols = static_cast<int16_t>(columns);
         t.rows.push_back(std::to_string(m));
         auto& row = t.cells.emplace_back();
         auto value = [&](const BoltElementModel::BoltReport& rep) {
@@ -219,58 +235,102 @@ int BoltTable(const cli::Args& input) {
         };
         for (double ex : exs) {
             if (model == SolverModel::AiscElement)
-                row.push_back(value(BoltElementModel::BoltGroup_C(m, columns, sv, sh, ex, angle)));
+                row.push_back(value(BoltElementModel::BoltGroup_C(m, cols, sv, sh, ex, angle)));
             else
-                row.push_back(BoltFunctions::BoltGroup_C(m, columns, sv, sh, ex, angle));
+                row.push_back(BoltFunctions::BoltGroup_C(m, cols, sv, sh, ex, angle, [&] {
+                    progress.Tick("cell " + std::to_string(done + 1) + " of " + cells);
+                }));
+            ++done;
         }
         if (model == SolverModel::AiscElement)
-            row.push_back(value(BoltElementModel::BoltGroup_CPrime(m, columns, sv, sh)));
+            row.push_back(value(BoltElementModel::BoltGroup_CPrime(m, cols, sv, sh)));
         else
-            row.push_back(BoltFunctions::BoltGroup_CPrime(m, columns, sv, sh));
+            row.push_back(BoltFunctions::BoltGroup_CPrime(m, cols, sv, sh));
+        for (size_t i = 0; i < exs.size(); ++i)
+            t.machine.push_back({{"n", cli::Num(nv)},
+                                 {"ex_in", cli::Num(exs[i])},
+                                 {"C", Value(row[i])},
+                                 {"C_prime_in", Value(row.back())}});
     }
-    t.Print(csv);
-    return 0;
+    progress.Clear();
+    return t.Print(p, csv);
 }
 
-const cli::Registrar kWeldTable(
-    {"weld-table",
-     "weld-table CONFIG --k LIST --a LIST --angle DEG [--length L] [--model iterative|aisc] [--strip N] "
-     "[--max-passes N] [--csv]",
-     "table of C for configuration 1-9: rows a, columns k (lists separated by commas; L = 10 unless given); "
-     "NC marks a cell without convergence",
-     WeldTable});
+const cli::Option kCsvGrid{"--csv", "", "the table as a grid in csv, rounded as the text shows it"};
 
-const cli::Registrar kBoltTable(
-    {"bolt-table", "bolt-table COLUMNS SV SH --n LIST --ex LIST --angle DEG [--model iterative|aisc] [--csv]",
-     "table of C for bolt groups of COLUMNS vertical rows at gage SH, bolts at pitch SV: rows n bolts per "
-     "row, columns ex, and C'; NC marks a cell without convergence",
-     BoltTable});
+const cli::Registrar kWeldTable({
+    "weld-table",
+    "CONFIG",
+    "table of C for configuration 1-9: rows a, columns k",
+    cli::Options{{"--k", "LIST", "values of k, 0 or more, separated by commas", false, true},
+                 {"--a", "LIST", "values of a, 0 or more, separated by commas", false, true},
+                 {"--angle", "DEG", "load angle in degrees from vertical", false, true},
+                 {"--length", "INCHES", "base length L (default 10)"},
+                 ModelOption(),
+                 weldcli::RunOptionList()[0],
+                 weldcli::RunOptionList()[1],
+                 kCsvGrid},
+    {"Each cell is C of the configuration with kL = k x L and aL = a x L; NC marks a cell",
+     "without convergence. --format csv and json give one row per cell (a, k, C; C empty",
+     "where there is none) at full precision.", cli::kLengthHelp},
+    {"weld-table 6 --k 0,0.5,1 --a 0.5,0.875 --angle 0 --model aisc",
+     "weld-table 6 --k 0.5 --a 0.5 --angle 0 --strip 16 --format csv"},
+    WeldTable,
+    true});
+
+const cli::Registrar kBoltTable({
+    "bolt-table",
+    "COLUMNS SV SH",
+    "table of C for bolt groups: rows n bolts per row, columns ex, and C'",
+    cli::Options{{"--n", "LIST", "bolts per vertical row, whole numbers from 1, by commas", false, true},
+                 {"--ex", "LIST", "eccentricities (inches), by commas", false, true},
+                 {"--angle", "DEG", "load angle in degrees from vertical", false, true},
+                 ModelOption(),
+                 kCsvGrid},
+    {"COLUMNS vertical rows of bolts at gage SH (inches), bolts at pitch SV (inches).",
+     "NC marks a cell without convergence. --format csv and json give one row per cell",
+     "(n, ex_in, C, C_prime_in) at full precision.", cli::kLengthHelp},
+    {"bolt-table 2 3 5.5 --n 2,4,6 --ex 2,6,16 --angle 0 --model aisc",
+     "bolt-table 2 3 3 --n 4 --ex 6 --angle 0 --format json"},
+    BoltTable,
+    true});
 
 }  // namespace
 
-bool TakeModel(cli::Args& args, shell::SolverModel& model, std::string& error) {
-    std::string value;
-    bool present = false;
-    if (!cli::TakeOption(args, "--model", value, present)) {
-        error = "--model needs iterative or aisc";
-        return false;
-    }
-    if (present && !shell::ParseSolverModel(value, model)) {
-        error = "--model must be iterative or aisc";
+const cli::Option& ModelOption() {
+    static const cli::Option option{"--model", "iterative|aisc",
+                                    "the program's own iteration (default) or the AISC element model"};
+    return option;
+}
+
+bool ReadModel(const cli::Parsed& p, shell::SolverModel& model, std::string& error) {
+    model = shell::SolverModel::Iterative;
+    if (p.Has("--model") && !shell::ParseSolverModel(p.Value("--model"), model)) {
+        error = "--model must be iterative or aisc, not " + cli::Quote(p.Value("--model"));
         return false;
     }
     return true;
 }
 
-int WeldC(int16_t config, const double (&v)[4], int stripIndex, bool verbose) {
+cli::Field ModelField(shell::SolverModel model) { return {"model", cli::Txt(shell::SolverModelName(model))}; }
+
+int WeldC(const cli::Parsed& p, int16_t config, const double (&v)[4], int stripIndex, bool verbose) {
     WeldElementModel::ElementReport rep;
     const double c = WeldElementModel::Config_C(config, v[0], v[1], v[2], v[3], Strip(stripIndex), &rep);
     if (rep.Refused) return cli::Fail("nothing to solve: no weld, or more than 1000000 elements", 1);
-    if (!rep.Converged) return NoEquilibrium();
+    // As the system's run shows it: from the centroid, in the units of L.
+    const double s = WeldFunctions::Config_Scale(v[0], config == 1 ? 0.0 : v[1]);
+    if (!rep.Converged) return NoEquilibrium(p, rep.Motion, rep.CentroidX, rep.CentroidY);
+    if (p.format != cli::Format::Text) {
+        cli::Row row = {ModelField(SolverModel::AiscElement), {"C", cli::Num(c)}, {"converged", cli::Flag(true)},
+                        {"iterations", cli::Num(static_cast<double>(rep.Iterations))}};
+        row.push_back({"center_x_in", rep.Motion.Translation ? cli::Cell{} : cli::Num((rep.Motion.CenterX - rep.CentroidX) / s)});
+        row.push_back({"center_y_in", rep.Motion.Translation ? cli::Cell{} : cli::Num((rep.Motion.CenterY - rep.CentroidY) / s)});
+        cli::WriteRows(p, {row});
+        return 0;
+    }
     std::cout << prim::Trim(prim::Format(c, "0.00000")) << "\n";
     if (verbose) {
-        // As the system's run shows it: from the centroid, in the units of L.
-        const double s = WeldFunctions::Config_Scale(v[0], config == 1 ? 0.0 : v[1]);
         std::cout << "iterations " << rep.Iterations << "\n";
         if (rep.Motion.Translation)
             std::cout << "center at infinity\n";
@@ -281,25 +341,44 @@ int WeldC(int16_t config, const double (&v)[4], int stripIndex, bool verbose) {
     return 0;
 }
 
-int Capacity(const PublicVariables::LayoutDocument& doc, int stripIndex, double fexx, double size, double factor,
-             const std::string& caption) {
+int Capacity(const cli::Parsed& p, const PublicVariables::LayoutDocument& doc, int stripIndex, double fexx,
+             double size, double factor, const std::string& caption, const cli::Row& head) {
     const WeldElementModel::ElementReport rep = WeldFunctions::Weld_ElementCapacity(1.0, 1.0, doc, Strip(stripIndex));
     if (rep.Refused) return cli::Fail("nothing to solve: no weld, or more than 1000000 elements", 1);
-    if (!rep.Converged) return NoEquilibrium();
+    if (!rep.Converged) return NoEquilibrium(p, rep.Motion, rep.CentroidX, rep.CentroidY);
     const double shown = WeldStrength::DisplayedCapacity(fexx, rep.Capacity, size, factor);
+    if (p.format != cli::Format::Text) {
+        cli::WriteRows(p, {head + cli::Row{{"capacity_kips", cli::Num(shown)},
+                                           {"caption", cli::Txt(caption)},
+                                           {"converged", cli::Flag(true)},
+                                           {"iterations", cli::Num(static_cast<double>(rep.Iterations))}}});
+        return 0;
+    }
     std::cout << prim::Trim(WeldStrength::CapacityText(shown)) << "\n" << caption << "\n";
     return 0;
 }
 
-int BoltC(int16_t m, int16_t n, const double (&v)[4]) {
+int BoltC(const cli::Parsed& p, int16_t m, int16_t n, const double (&v)[4]) {
     const BoltElementModel::BoltReport c = BoltElementModel::BoltGroup_C(m, n, v[0], v[1], v[2], v[3]);
     const BoltElementModel::BoltReport cp = BoltElementModel::BoltGroup_CPrime(m, n, v[0], v[1]);
     if (c.Refused || cp.Refused)
         return cli::Fail("a bolt group needs from 1 to 32767 bolts (M x N); got M = " + std::to_string(m) +
                              ", N = " + std::to_string(n),
                          1);
-    if (!c.Converged) return NoEquilibrium();
+    if (!c.Converged) return NoEquilibrium(p, c.Motion, 0.0, 0.0);
     // A group with no couple strength (one bolt, or all at one point) has C' = 0.
+    if (p.format != cli::Format::Text) {
+        cli::WriteRows(p, {{ModelField(SolverModel::AiscElement),
+                            {"M", cli::Num(static_cast<double>(m))},
+                            {"N", cli::Num(static_cast<double>(n))},
+                            {"SV_in", cli::Num(v[0])},
+                            {"SH_in", cli::Num(v[1])},
+                            {"EX_in", cli::Num(v[2])},
+                            {"angle_deg", cli::Num(v[3])},
+                            {"C", cli::Num(c.Value)},
+                            {"C_prime_in", cli::Num(cp.Converged ? cp.Value : 0.0)}}});
+        return 0;
+    }
     std::cout << prim::Format(c.Value, "0.0000") << " " << prim::Format(cp.Converged ? cp.Value : 0.0, "0.0000")
               << "\n";
     return 0;

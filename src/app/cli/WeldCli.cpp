@@ -7,57 +7,60 @@
 
 namespace weldcli {
 
-bool ParseCoords(const std::string& text, double (&v)[4]) {
+const cli::Options& RunOptionList() {
+    static const cli::Options options = {
+        {"--strip", "4|8|16|32|64", "segments per inch of weld (default 32)"},
+        {"--max-passes", "N", "stop after N passes, 0 or more (default 100000); exit 3 when reached"},
+        {"--verbose", "", "also print the passes run and the last center (inches)"},
+    };
+    return options;
+}
+
+bool ReadRunOptions(const cli::Parsed& p, RunOptions& options, std::string& error) {
+    options.verbose = p.Has("--verbose");
+    if (p.Has("--strip")) {
+        long long v = 0;
+        const bool whole = cli::ReadWhole("--strip", p.Value("--strip"), 4, 64, v, error);
+        const int index = whole ? WeldStrength::WeldStripIndexOf(static_cast<int>(v)) : -1;
+        if (index < 0) {
+            error = "--strip must be 4, 8, 16, 32 or 64, not " + cli::Quote(p.Value("--strip"));
+            return false;
+        }
+        options.stripIndex = index;
+    }
+    if (p.Has("--max-passes") &&
+        !cli::ReadWhole("--max-passes", p.Value("--max-passes"), 0, INT64_MAX, options.maxPasses, error))
+        return false;
+    return true;
+}
+
+bool ReadCoords(const std::string& what, const std::string& text, double (&v)[4], std::string& error) {
     size_t start = 0;
     for (int i = 0; i < 4; ++i) {
         const size_t comma = text.find(',', start);
         const bool last = i == 3;
-        if (last != (comma == std::string::npos)) return false;
-        const std::string part = text.substr(start, last ? std::string::npos : comma - start);
-        if (!cli::ParseDouble(prim::Trim(part), v[i])) return false;
+        if (last != (comma == std::string::npos)) {
+            error = what + " wants X1,Y1,X2,Y2: " + cli::Quote(text);
+            return false;
+        }
+        const std::string part = prim::Trim(text.substr(start, last ? std::string::npos : comma - start));
+        if (!cli::ReadLength(what, part, false, -cli::kSingleMax, cli::kSingleMax, v[i], error)) return false;
         start = comma + 1;
     }
     return true;
 }
 
-bool TakeStripIndex(cli::Args& args, int& stripIndex, std::string& error) {
-    std::string value;
-    bool present = false;
-    if (!cli::TakeOption(args, "--strip", value, present)) {
-        error = "--strip needs a value";
-        return false;
-    }
-    if (!present) return true;
-    long v = 0;
-    const int index = cli::ParseInt(value, v) ? WeldStrength::WeldStripIndexOf(static_cast<int>(v)) : -1;
-    if (index < 0) {
-        error = "--strip must be 4, 8, 16, 32 or 64";
-        return false;
-    }
-    stripIndex = index;
-    return true;
+LimitedRun::LimitedRun(int stripIndex, long long passes, const std::string& label)
+    : maxPasses(passes), ownProgress(std::in_place, label), progress(&*ownProgress) {
+    Start(stripIndex);
 }
 
-bool TakeMaxPasses(cli::Args& args, long& maxPasses, std::string& error) {
-    std::string value;
-    bool present = false;
-    if (!cli::TakeOption(args, "--max-passes", value, present)) {
-        error = "--max-passes needs a value";
-        return false;
-    }
-    if (present && (!cli::ParseInt(value, maxPasses) || maxPasses < 0)) {
-        error = "--max-passes must be a whole number, 0 or more";
-        return false;
-    }
-    return true;
+LimitedRun::LimitedRun(int stripIndex, long long passes, cli::Progress& shared)
+    : maxPasses(passes), progress(&shared) {
+    Start(stripIndex);
 }
 
-bool TakeRunOptions(cli::Args& args, RunOptions& options, std::string& error) {
-    options.verbose = cli::TakeFlag(args, "--verbose");
-    return TakeStripIndex(args, options.stripIndex, error) && TakeMaxPasses(args, options.maxPasses, error);
-}
-
-LimitedRun::LimitedRun(int stripIndex, long passes) : maxPasses(passes) {
+void LimitedRun::Start(int stripIndex) {
     WeldStrength::SegmentsPerInchOf(stripIndex, state.SegmentsPerInch);
     state.DisplayTarget = WeldFunctions::kDisplayCapacity;
     state.IterationResume = 0;
@@ -66,22 +69,37 @@ LimitedRun::LimitedRun(int stripIndex, long passes) : maxPasses(passes) {
         shownX = divisor != 0.0 ? x / divisor : x;
         shownY = divisor != 0.0 ? y / divisor : y;
         if (report.Passes >= maxPasses) state.IterationStop = -1;
+        progress->Tick("pass " + std::to_string(report.Passes + 1));
     };
 }
 
-int LimitedRun::Finish(bool verbose) {
-    if (verbose) {
-        std::cout << "passes " << report.Passes << "\n";
-        std::cout << "center " << prim::Format(shownX, "0.000000000") << " " << prim::Format(shownY, "0.000000000")
-                  << "\n";
-    }
+int LimitedRun::Check(const cli::Parsed& p, const cli::Row& head) {
+    progress->Clear();
     if (report.Refused) return cli::Fail("the group has more than 32767 segments", 1);
     // Only a run that the pass limit stopped counts as not converged.
     if (state.IterationStop != 0 && !report.Converged) {
+        if (p.format == cli::Format::Json) std::cout << cli::JsonObject(head + RunFields()) << "\n";
         std::cout.flush();
-        return cli::Fail("no convergence after " + std::to_string(maxPasses) + " passes", 3);
+        return cli::Fail("no convergence after " + std::to_string(maxPasses) + " passes (last center " +
+                             prim::Format(shownX, "0.000000000") + " " + prim::Format(shownY, "0.000000000") +
+                             ")",
+                         3);
     }
     return 0;
+}
+
+cli::Row LimitedRun::RunFields() const {
+    const bool converged = !(state.IterationStop != 0 && !report.Converged);
+    return {{"converged", cli::Flag(converged)},
+            {"passes", cli::Num(static_cast<double>(report.Passes))},
+            {"center_x_in", cli::Num(shownX)},
+            {"center_y_in", cli::Num(shownY)}};
+}
+
+void LimitedRun::PrintVerbose() const {
+    std::cout << "passes " << report.Passes << "\n";
+    std::cout << "center " << prim::Format(shownX, "0.000000000") << " " << prim::Format(shownY, "0.000000000")
+              << "\n";
 }
 
 }  // namespace weldcli

@@ -3,31 +3,31 @@
 // window's stop button.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "Cli.h"
+#include "Output.h"
+#include "Progress.h"
 #include "weld/WeldFunctions.h"
 
 namespace weldcli {
 
-constexpr long kDefaultMaxPasses = 100000;
+constexpr long long kDefaultMaxPasses = 100000;
 
-// "X1,Y1,X2,Y2".
-bool ParseCoords(const std::string& text, double (&v)[4]);
+// --strip, --max-passes and --verbose, as every solver command takes them.
+// (A function: the command tables of other files are built during static initialisation.)
+const cli::Options& RunOptionList();
 
-// --strip 4|8|16|32|64 as its list index; the index is left alone when absent.
-bool TakeStripIndex(cli::Args& args, int& stripIndex, std::string& error);
-
-// --max-passes N, N >= 0 (0 stops before the first pass).
-bool TakeMaxPasses(cli::Args& args, long& maxPasses, std::string& error);
-
-// The options every solver command takes: --strip, --max-passes, --verbose.
 struct RunOptions {
     int stripIndex;
-    long maxPasses = kDefaultMaxPasses;
+    long long maxPasses = kDefaultMaxPasses;
     bool verbose = false;
 };
-bool TakeRunOptions(cli::Args& args, RunOptions& options, std::string& error);
+bool ReadRunOptions(const cli::Parsed& p, RunOptions& options, std::string& error);
+
+// "X1,Y1,X2,Y2", four lengths in inches that fit a single.
+bool ReadCoords(const std::string& what, const std::string& text, double (&v)[4], std::string& error);
 
 // A run without a window. The display callback sets the stop flag once the
 // pass limit is reached, like a click on Stop during a pass.
@@ -35,14 +35,25 @@ struct LimitedRun {
     WeldFunctions::WeldRunState state;
     WeldFunctions::WeldRunHooks hooks;
     WeldFunctions::SolveReport report;
-    long maxPasses = kDefaultMaxPasses;
+    long long maxPasses = kDefaultMaxPasses;
     double shownX = 0.0, shownY = 0.0;  // last center shown, divided by the divisor
+    std::optional<cli::Progress> ownProgress;
+    cli::Progress* progress;  // the run's own line, or one a table shares across its cells
 
-    LimitedRun(int stripIndex, long passes);
+    LimitedRun(int stripIndex, long long passes, const std::string& label);
+    LimitedRun(int stripIndex, long long passes, cli::Progress& shared);
 
-    // After the run: with `verbose` the pass count and last center on stdout.
-    // Gives 0, 1 for a refused group, or 3 when the pass limit ended the run.
-    int Finish(bool verbose);
+    // After the run: 0 when there is a result to print; 1 for a refused
+    // group; 3 when the pass limit ended the run, with one line on stderr and,
+    // for --format json, an object with `head`, "converged": false and the last center.
+    int Check(const cli::Parsed& p, const cli::Row& head = {});
+    // converged, passes and the last center, for csv and json.
+    cli::Row RunFields() const;
+    // The --verbose lines of text output.
+    void PrintVerbose() const;
+
+private:
+    void Start(int stripIndex);
 };
 
 }  // namespace weldcli

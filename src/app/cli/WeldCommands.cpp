@@ -6,6 +6,7 @@
 
 #include "Cli.h"
 #include "ModelCli.h"
+#include "Output.h"
 #include "WeldCli.h"
 #include "shell/Primitives.h"
 #include "weld/WeldFunctions.h"
@@ -15,120 +16,151 @@ namespace {
 
 using namespace WeldFunctions;
 
-bool ParseConfig(const std::string& text, int16_t& config) {
-    long v = 0;
-    if (!cli::ParseInt(text, v) || v < 1 || v > 9) return false;
+bool ReadConfig(const std::string& text, int16_t& config, std::string& error) {
+    long long v = 0;
+    if (!cli::ReadWhole("CONFIG", text, 1, 9, v, error)) return false;
     config = static_cast<int16_t>(v);
     return true;
 }
 
-bool TakeDouble(cli::Args& args, const std::string& name, double& out, bool& present,
-                std::string& error) {
-    std::string value;
-    if (!cli::TakeOption(args, name, value, present)) {
-        error = name + " needs a value";
-        return false;
-    }
-    if (present && !cli::ParseDouble(value, out)) {
-        error = name + ": not a number: " + value;
-        return false;
-    }
+bool ReadLengths(const cli::Args& args, size_t first, const std::vector<const char*>& names, double* out,
+                 std::string& error) {
+    for (size_t i = 0; i < names.size(); ++i)
+        if (!cli::ReadLength(names[i], args[first + i], false, -cli::kSingleMax, cli::kSingleMax, out[i], error))
+            return false;
     return true;
 }
 
-int RunWeldC(const cli::Args& input) {
-    cli::Args args = input;
+int RunWeldC(const cli::Parsed& p) {
     std::string error;
     weldcli::RunOptions opt{WeldStrength::kWeldStripSetting.defaultValue};
     shell::SolverModel model = shell::SolverModel::Iterative;
-    if (!weldcli::TakeRunOptions(args, opt, error) || !modelcli::TakeModel(args, model, error))
+    if (!weldcli::ReadRunOptions(p, opt, error) || !modelcli::ReadModel(p, model, error))
         return cli::UsageError(error);
-    if (args.size() != 5) return cli::UsageError("weld-c needs CONFIG L kL aL ANGLE");
+    const cli::Args& args = p.positional;
+    if (args.size() != 5) return cli::UsageError(p, "weld-c needs CONFIG L kL aL ANGLE");
     int16_t config = 0;
-    if (!ParseConfig(args[0], config)) return cli::UsageError("CONFIG must be 1 to 9");
     double v[4] = {0, 0, 0, 0};
-    for (int i = 0; i < 4; ++i)
-        if (!cli::ParseDouble(args[static_cast<size_t>(i) + 1], v[i]))
-            return cli::UsageError("not a number: " + args[static_cast<size_t>(i) + 1]);
+    if (!ReadConfig(args[0], config, error) || !ReadLengths(args, 1, {"L", "kL", "aL"}, v, error) ||
+        !cli::ReadNumber("ANGLE", args[4], -cli::kSingleMax, cli::kSingleMax, v[3], error))
+        return cli::UsageError(error);
 
-    if (model == shell::SolverModel::AiscElement) return modelcli::WeldC(config, v, opt.stripIndex, opt.verbose);
-    weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses);
-    const double c = Config_ByNumber(config, v[0], v[1], v[2], v[3], kSelectC, run.state,
-                                     run.hooks, &run.report);
+    if (model == shell::SolverModel::AiscElement) return modelcli::WeldC(p, config, v, opt.stripIndex, opt.verbose);
+    weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses, "weld-c");
+    const double c = Config_ByNumber(config, v[0], v[1], v[2], v[3], kSelectC, run.state, run.hooks, &run.report);
+    if (const int rc = run.Check(p, {modelcli::ModelField(model)}); rc != 0) return rc;
+    if (p.format != cli::Format::Text) {
+        cli::WriteRows(p, {cli::Row{modelcli::ModelField(model), {"C", cli::Num(c)}} + run.RunFields()});
+        return 0;
+    }
     std::cout << prim::Trim(prim::Format(c, "0.00000")) << "\n";
-    return run.Finish(opt.verbose);
+    if (opt.verbose) run.PrintVerbose();
+    return 0;
 }
 
-int RunWeldCentroid(const cli::Args& input) {
-    const cli::Args& args = input;
-    if (args.size() != 3) return cli::UsageError("weld-centroid needs CONFIG L kL");
+int RunWeldCentroid(const cli::Parsed& p) {
+    const cli::Args& args = p.positional;
+    if (args.size() != 3) return cli::UsageError(p, "weld-centroid needs CONFIG L kL");
+    std::string error;
     int16_t config = 0;
-    if (!ParseConfig(args[0], config)) return cli::UsageError("CONFIG must be 1 to 9");
-    double L = 0.0, kL = 0.0;
-    if (!cli::ParseDouble(args[1], L)) return cli::UsageError("not a number: " + args[1]);
-    if (!cli::ParseDouble(args[2], kL)) return cli::UsageError("not a number: " + args[2]);
+    double v[2] = {0, 0};
+    if (!ReadConfig(args[0], config, error) || !ReadLengths(args, 1, {"L", "kL"}, v, error))
+        return cli::UsageError(error);
 
     // As the coefficient window shows them: the load plays no part.
     WeldRunState state;
     WeldRunHooks hooks;
-    auto text = [&](bool midpoint, int16_t selector) -> std::string {
-        if (midpoint) return "Midpoint";
-        const double d = Config_ByNumber(config, L, kL, 0.0, 0.0, selector, state, hooks);
-        return prim::Trim(prim::Format(d, "0.000"));
+    auto value = [&](int16_t selector) { return Config_ByNumber(config, v[0], v[1], 0.0, 0.0, selector, state, hooks); };
+    const bool midX = Centroid_IsMidpointX(config), midY = Centroid_IsMidpointY(config);
+    if (p.format != cli::Format::Text) {
+        // The midpoint of the group's extent, where the window writes "Midpoint".
+        auto cell = [&](bool mid, int16_t selector) { return mid ? cli::Txt("Midpoint") : cli::Num(value(selector)); };
+        cli::WriteRows(p, {{{"xL_in", cell(midX, kSelectXL)}, {"yL_in", cell(midY, kSelectYL)}}});
+        return 0;
+    }
+    auto text = [&](bool mid, int16_t selector) -> std::string {
+        return mid ? "Midpoint" : prim::Trim(prim::Format(value(selector), "0.000"));
     };
-    std::cout << text(Centroid_IsMidpointX(config), kSelectXL) << " "
-              << text(Centroid_IsMidpointY(config), kSelectYL) << "\n";
+    std::cout << text(midX, kSelectXL) << " " << text(midY, kSelectYL) << "\n";
     return 0;
 }
 
-int RunWeldUnit(const cli::Args& input) {
-    cli::Args args = input;
+int RunWeldUnit(const cli::Parsed& p) {
     std::string error;
     weldcli::RunOptions opt{WeldStrength::kWeldStripSetting.defaultValue};
-    if (!weldcli::TakeRunOptions(args, opt, error)) return cli::UsageError(error);
-    std::vector<std::string> lineTexts;
-    if (!cli::TakeRepeated(args, "--line", lineTexts)) return cli::UsageError("--line needs a value");
+    if (!weldcli::ReadRunOptions(p, opt, error)) return cli::UsageError(error);
+    if (!p.positional.empty()) return cli::UsageError(p, "unexpected argument: " + cli::Quote(p.positional.front()));
+    if (!p.Has("--line")) return cli::UsageError(p, "weld-unit needs at least one --line");
+    if (!p.Has("--ex") || !p.Has("--angle")) return cli::UsageError(p, "weld-unit needs --ex and --angle");
     double ex = 0.0, angle = 0.0, fexx = 1.0, size = 1.0;
-    bool hasEx = false, hasAngle = false, present = false;
-    if (!TakeDouble(args, "--ex", ex, hasEx, error) ||
-        !TakeDouble(args, "--angle", angle, hasAngle, error) ||
-        !TakeDouble(args, "--fexx", fexx, present, error) ||
-        !TakeDouble(args, "--size", size, present, error))
+    if (!cli::ReadLength("--ex", p.Value("--ex"), false, -cli::kSingleMax, cli::kSingleMax, ex, error) ||
+        !cli::ReadNumber("--angle", p.Value("--angle"), -cli::kSingleMax, cli::kSingleMax, angle, error) ||
+        (p.Has("--fexx") && !cli::ReadNumber("--fexx", p.Value("--fexx"), 1e-9, 1000.0, fexx, error)) ||
+        (p.Has("--size") && !cli::ReadLength("--size", p.Value("--size"), false, 1e-9, 100.0, size, error)))
         return cli::UsageError(error);
-    if (!args.empty()) return cli::UsageError("unexpected argument: " + args.front());
-    if (lineTexts.empty()) return cli::UsageError("weld-unit needs at least one --line");
-    if (!hasEx || !hasAngle) return cli::UsageError("weld-unit needs --ex and --angle");
 
     WeldLineTable lines;
-    for (const std::string& t : lineTexts) {
+    for (const std::string& t : p.All("--line")) {
         double v[4];
-        if (!weldcli::ParseCoords(t, v)) return cli::UsageError("--line wants X1,Y1,X2,Y2: " + t);
+        if (!weldcli::ReadCoords("--line", t, v, error)) return cli::UsageError(error);
         lines.push_back(WeldLineRec{v[0], v[1], v[2], v[3]});
     }
 
-    weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses);
+    weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses, "weld-unit");
     const double capacity =
         Locate_InstantaneousCenter(lines, ex, angle, fexx, size, 1.0, run.state, run.hooks, &run.report);
+    if (const int rc = run.Check(p); rc != 0) return rc;
+    if (p.format != cli::Format::Text) {
+        cli::WriteRows(p, {cli::Row{{"capacity_kips", cli::Num(capacity)}} + run.RunFields()});
+        return 0;
+    }
     std::cout << prim::Format(capacity, "0.00000") << "\n";
-    return run.Finish(opt.verbose);
+    if (opt.verbose) run.PrintVerbose();
+    return 0;
 }
 
-const cli::Registrar weldC({"weld-c",
-                            "weld-c CONFIG L kL aL ANGLE [--strip 4|8|16|32|64] [--max-passes N] "
-                            "[--verbose] [--model iterative|aisc]",
-                            "coefficient C of standard weld configuration 1-9 (--verbose: passes "
-                            "and last center); exit 3 when the pass limit (default 100000) is reached",
-                            RunWeldC});
+const cli::Registrar weldC({
+    "weld-c",
+    "CONFIG L kL aL ANGLE",
+    "coefficient C of standard weld configuration 1-9 under an eccentric load",
+    weldcli::RunOptionList() + cli::Options{modelcli::ModelOption()},
+    {"CONFIG  configuration number 1 to 9, as in the coefficient window",
+     "L       base length (inches); kL the other leg (inches); aL the load's eccentricity (inches)",
+     "ANGLE   load angle in degrees from vertical",
+     "Prints C to five decimals; exit 3 and nothing on stdout when the pass limit ends the run.",
+     cli::kLengthHelp},
+    {"weld-c 1 10 0 0 0", "weld-c 4 10 10 5 45 --verbose", "weld-c 6 10 5 5 0 --strip 16 --format json",
+     "weld-c 6 10 5 8.75 0 --model aisc"},
+    RunWeldC,
+    true});
 
-const cli::Registrar weldCentroid({"weld-centroid", "weld-centroid CONFIG L kL",
-                                   "centroid distances xL and yL of configuration 1-9, or Midpoint",
-                                   RunWeldCentroid});
+const cli::Registrar weldCentroid({
+    "weld-centroid",
+    "CONFIG L kL",
+    "centroid distances xL and yL of configuration 1-9, or Midpoint",
+    {},
+    {"CONFIG  configuration number 1 to 9; L and kL lengths in inches.",
+     "Prints xL and yL to three decimals, or Midpoint where the window shows it.", cli::kLengthHelp},
+    {"weld-centroid 8 10 5", "weld-centroid 8 '10\"' 5 --format csv"},
+    RunWeldCentroid,
+    true});
 
-const cli::Registrar weldUnit({"weld-unit",
-                               "weld-unit --line X1,Y1,X2,Y2 [--line ...] --ex INCHES --angle DEG "
-                               "[--fexx F] [--size D] [--strip N] [--max-passes N] [--verbose]",
-                               "capacity in kips of a group of lines (inches, Y up; Fexx = D = 1 "
-                               "unless given); exit 3 when the pass limit is reached",
-                               RunWeldUnit});
+const cli::Registrar weldUnit({
+    "weld-unit",
+    "",
+    "capacity in kips of a group of weld lines under an eccentric load",
+    cli::Options{{"--line", "X1,Y1,X2,Y2", "a weld line from (X1,Y1) to (X2,Y2), inches, Y up", true, true},
+                 {"--ex", "INCHES", "eccentricity of the load from the group's centroid (inches)", false, true},
+                 {"--angle", "DEG", "load angle in degrees from vertical", false, true},
+                 {"--fexx", "KSI", "electrode strength above 0, at most 1000 (default 1)"},
+                 {"--size", "INCHES", "weld size above 0, at most 100 inches (default 1)"}} +
+        weldcli::RunOptionList(),
+    {"With the defaults Fexx = D = 1 the result is the unit capacity; exit 3 and nothing on",
+     "stdout when the pass limit ends the run.", cli::kLengthHelp},
+    {"weld-unit --line 0,0,0,3 --ex 0 --angle 0",
+     "weld-unit --line 0,0,4,0 --line 0,0,0,8 --line 0,8,4,8 --ex 6 --angle 0 --fexx 70 --size '5/16\"'",
+     "weld-unit --line 0,0,0,8 --ex \"1'-6\\\"\" --angle 0 --format csv"},
+    RunWeldUnit,
+    true});
 
 }  // namespace

@@ -1,97 +1,30 @@
 // ferrolith-cli: the analysis core without windows, for scripting and checks.
-#include "Cli.h"
-
 #include <algorithm>
-#include <charconv>
-#include <cmath>
-#include <cstdlib>
 #include <iostream>
 
-#include "shell/Primitives.h"
+#include "Cli.h"
 
-namespace cli {
-
-namespace {
-std::vector<Command>& Table() {
-    static std::vector<Command> table;
-    return table;
-}
-}  // namespace
-
-Registrar::Registrar(Command c) { Table().push_back(std::move(c)); }
-
-const std::vector<Command>& Commands() { return Table(); }
-
-int UsageError(const std::string& message) { return Fail(message, 2); }
-
-int Fail(const std::string& message, int code) {
-    std::cerr << "ferrolith-cli: " << message << "\n";
-    return code;
-}
-
-bool ParseDouble(const std::string& text, double& out) {
-    if (text.empty()) return false;
-    const char* first = text.data();
-    const char* last = first + text.size();
-    if (*first == '+') ++first;
-    double v = 0.0;
-    auto [ptr, ec] = std::from_chars(first, last, v);
-    if (ec != std::errc() || ptr != last || !std::isfinite(v)) return false;
-    out = v;
-    return true;
-}
-
-bool ParseInt(const std::string& text, long& out) {
-    if (text.empty()) return false;
-    long v = 0;
-    auto [ptr, ec] = std::from_chars(text.data(), text.data() + text.size(), v);
-    if (ec != std::errc() || ptr != text.data() + text.size()) return false;
-    out = v;
-    return true;
-}
-
-bool TakeOption(Args& args, const std::string& name, std::string& value, bool& present) {
-    present = false;
-    for (size_t i = 0; i < args.size(); ++i) {
-        if (args[i] != name) continue;
-        if (i + 1 >= args.size()) return false;
-        value = args[i + 1];
-        present = true;
-        args.erase(args.begin() + static_cast<long>(i), args.begin() + static_cast<long>(i) + 2);
-        return true;
-    }
-    return true;
-}
-
-bool TakeFlag(Args& args, const std::string& name) {
-    auto it = std::find(args.begin(), args.end(), name);
-    if (it == args.end()) return false;
-    args.erase(it);
-    return true;
-}
-
-bool TakeRepeated(Args& args, const std::string& name, std::vector<std::string>& values) {
-    for (;;) {
-        std::string v;
-        bool present = false;
-        if (!TakeOption(args, name, v, present)) return false;
-        if (!present) return true;
-        values.push_back(v);
-    }
-}
-
-}  // namespace cli
+#ifndef FERROLITH_VERSION
+#define FERROLITH_VERSION "unknown"
+#endif
 
 namespace {
 
 void PrintHelp(std::ostream& out) {
-    out << "usage: ferrolith-cli COMMAND [ARGS]\n\ncommands:\n";
+    out << "usage: ferrolith-cli COMMAND [ARGS]\n"
+           "       ferrolith-cli help COMMAND     (or COMMAND --help): synopsis, options, units, examples\n"
+           "       ferrolith-cli --version\n\ncommands:\n";
     auto cmds = cli::Commands();
     std::sort(cmds.begin(), cmds.end(),
               [](const cli::Command& a, const cli::Command& b) { return a.name < b.name; });
-    for (const auto& c : cmds) {
-        out << "  " << c.usage << "\n      " << c.summary << "\n";
-    }
+    for (const auto& c : cmds) out << "  " << c.name << std::string(c.name.size() < 15 ? 15 - c.name.size() : 1, ' ')
+                                   << c.summary << "\n";
+    out << "\n" << cli::kLengthHelp << "\n"
+        << "\nOutput: commands with --format print text by default, exactly as before; csv and json give\n"
+           "  labelled fields, the unit in each field name (_in inches, _ft feet, _kips, _deg degrees,\n"
+           "  _ksi), numbers at full precision.\n"
+           "Exit codes: 0 done, 1 the input cannot be used (file, group), 2 bad arguments,\n"
+           "  3 no convergence within --max-passes (nothing on stdout except with --format json).\n";
 }
 
 }  // namespace
@@ -102,21 +35,33 @@ int main(int argc, char** argv) {
         PrintHelp(std::cerr);
         return 2;
     }
-    std::string name = argv[1];
-    if (name == "--help" || name == "-h" || name == "help") {
+    const std::string name = argv[1];
+    if (name == "--help" || name == "-h" || (name == "help" && argc == 2)) {
         PrintHelp(std::cout);
         return 0;
     }
-    for (const auto& c : cli::Commands()) {
-        if (c.name != name) continue;
-        cli::Args args(argv + 2, argv + argc);
-        if (std::find(args.begin(), args.end(), "--help") != args.end()) {
-            std::cout << "usage: ferrolith-cli " << c.usage << "\n" << c.summary << "\n";
-            return 0;
-        }
-        int rc = c.run(args);
-        std::cout.flush();
-        return rc;
+    if (name == "--version") {
+        std::cout << "ferrolith-cli " << FERROLITH_VERSION << "\n";
+        return 0;
     }
-    return cli::UsageError("unknown command '" + name + "' (see ferrolith-cli --help)");
+    if (name == "help") {
+        if (argc > 3) return cli::UsageError("help takes one COMMAND");
+        const cli::Command* c = cli::FindCommand(argv[2]);
+        if (c == nullptr) return cli::UsageError("no command " + cli::Quote(argv[2]) + " (see ferrolith-cli --help)");
+        std::cout << cli::HelpText(*c);
+        return 0;
+    }
+    const cli::Command* c = cli::FindCommand(name);
+    if (c == nullptr) return cli::UsageError("unknown command " + cli::Quote(name) + " (see ferrolith-cli --help)");
+    const cli::Args args(argv + 2, argv + argc);
+    if (std::find(args.begin(), args.end(), "--help") != args.end()) {
+        std::cout << cli::HelpText(*c);
+        return 0;
+    }
+    cli::Parsed parsed;
+    std::string error;
+    if (!cli::Parse(*c, args, parsed, error)) return cli::UsageError(parsed, error);
+    const int rc = c->run(parsed);
+    std::cout.flush();
+    return rc;
 }

@@ -1,0 +1,280 @@
+// ferrolith-cli as a scripting tool: every command's help is its own and its
+// examples run as shown; errors are one line (a wrong shape adds the usage
+// line, naming every option); the progress line and the calculator's key list.
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "CalcKeyList.h"
+#include "Progress.h"
+#include "calc/CalcKeys.h"
+#include "calc/CalcProcs.h"
+
+extern char** environ;
+
+namespace {
+
+const std::string kRoot = FERROLITH_GOLDEN_DIR "/../..";
+
+struct Result {
+    int code = -1;
+    std::string out, err;
+};
+
+// Runs ferrolith-cli in `dir` with stdout through a pipe and stderr into a file.
+Result RunCliTool(const std::vector<std::string>& args, const std::string& dir = kRoot) {
+    Result r;
+    char errPath[] = "/tmp/ferrolith-cli-stderr-XXXXXX";
+    const int errFd = mkstemp(errPath);
+    int fds[2];
+    if (errFd < 0 || pipe(fds) != 0) return r;
+    posix_spawn_file_actions_t fa;
+    posix_spawn_file_actions_init(&fa);
+    posix_spawn_file_actions_adddup2(&fa, fds[1], 1);
+    posix_spawn_file_actions_adddup2(&fa, errFd, 2);
+    posix_spawn_file_actions_addclose(&fa, fds[0]);
+    posix_spawn_file_actions_addchdir_np(&fa, dir.c_str());
+    std::vector<std::string> argv = {FERROLITH_CLI};
+    argv.insert(argv.end(), args.begin(), args.end());
+    std::vector<char*> cargv;
+    for (auto& a : argv) cargv.push_back(a.data());
+    cargv.push_back(nullptr);
+    pid_t pid = 0;
+    const int spawned = posix_spawn(&pid, FERROLITH_CLI, &fa, nullptr, cargv.data(), environ);
+    posix_spawn_file_actions_destroy(&fa);
+    close(fds[1]);
+    char buf[4096];
+    ssize_t n;
+    while (spawned == 0 && (n = read(fds[0], buf, sizeof buf)) > 0) r.out.append(buf, static_cast<size_t>(n));
+    close(fds[0]);
+    int status = 0;
+    if (spawned == 0 && waitpid(pid, &status, 0) == pid && WIFEXITED(status)) r.code = WEXITSTATUS(status);
+    std::ifstream e(errPath);
+    std::stringstream ss;
+    ss << e.rdbuf();
+    r.err = ss.str();
+    close(errFd);
+    unlink(errPath);
+    return r;
+}
+
+// The words of a command line as a POSIX shell splits them: blanks separate,
+// '...' is literal, "..." keeps blanks and takes \" and \\, \ escapes outside.
+std::vector<std::string> ShellWords(const std::string& line) {
+    std::vector<std::string> words;
+    std::string cur;
+    bool inWord = false;
+    for (size_t i = 0; i < line.size(); ++i) {
+        const char ch = line[i];
+        if (ch == ' ') {
+            if (inWord) words.push_back(cur);
+            cur.clear();
+            inWord = false;
+            continue;
+        }
+        inWord = true;
+        if (ch == '\'') {
+            while (++i < line.size() && line[i] != '\'') cur += line[i];
+        } else if (ch == '"') {
+            while (++i < line.size() && line[i] != '"') {
+                if (line[i] == '\\' && i + 1 < line.size() && (line[i + 1] == '"' || line[i + 1] == '\\')) ++i;
+                cur += line[i];
+            }
+        } else if (ch == '\\' && i + 1 < line.size()) {
+            cur += line[++i];
+        } else {
+            cur += ch;
+        }
+    }
+    if (inWord) words.push_back(cur);
+    return words;
+}
+
+std::vector<std::string> CommandNames() {
+    std::vector<std::string> names;
+    std::istringstream in(RunCliTool({"--help"}).out);
+    std::string line;
+    bool listing = false;
+    while (std::getline(in, line)) {
+        if (line == "commands:") listing = true;
+        else if (listing && line.empty()) break;
+        else if (listing) names.push_back(ShellWords(line).front());
+    }
+    return names;
+}
+
+size_t Lines(const std::string& s) { return static_cast<size_t>(std::count(s.begin(), s.end(), '\n')); }
+
+TEST(CliHelp, EveryCommandPrintsItsOwnHelp) {
+    const std::vector<std::string> names = CommandNames();
+    ASSERT_GE(names.size(), 9u);
+    const std::string general = RunCliTool({"--help"}).out;
+    for (const std::string& name : names) {
+        const Result help = RunCliTool({"help", name});
+        EXPECT_EQ(help.code, 0) << name;
+        EXPECT_EQ(help.out.rfind("usage: ferrolith-cli " + name + " ", 0), 0u) << help.out;
+        EXPECT_NE(help.out.find("\nexamples:\n"), std::string::npos) << name;
+        EXPECT_NE(help.out, general);
+        EXPECT_EQ(RunCliTool({name, "--help"}).out, help.out) << name;
+    }
+    EXPECT_EQ(RunCliTool({"help", "nosuch"}).code, 2);
+    const Result version = RunCliTool({"--version"});
+    EXPECT_EQ(version.code, 0);
+    EXPECT_EQ(version.out.rfind("ferrolith-cli ", 0), 0u);
+}
+
+TEST(CliHelp, ExamplesRunAsShown) {
+    int examples = 0;
+    for (const std::string& name : CommandNames()) {
+        std::istringstream in(RunCliTool({"help", name}).out);
+        std::string line;
+        const std::string prompt = "  $ ferrolith-cli ";
+        while (std::getline(in, line)) {
+            if (line.rfind(prompt, 0) != 0) continue;
+            ++examples;
+            const Result r = RunCliTool(ShellWords(line.substr(prompt.size())));
+            EXPECT_EQ(r.code, 0) << line << "\n" << r.err;
+            EXPECT_TRUE(r.err.empty()) << line << "\n" << r.err;
+            if (name != "wld-new") {
+                EXPECT_FALSE(r.out.empty()) << line;
+            }
+        }
+    }
+    EXPECT_GE(examples, 20);
+}
+
+TEST(CliHelp, ShellWordsSplitLikeTheShell) {
+    EXPECT_EQ(ShellWords("a  'b c' \"5'-3 1/2\\\"\" 6\\\" x"),
+              (std::vector<std::string>{"a", "b c", "5'-3 1/2\"", "6\"", "x"}));
+}
+
+// A bad value is one line on stderr and nothing on stdout, even when the
+// argument holds a newline; a wrong shape adds the usage line with every option.
+TEST(CliErrors, OneLinePerBadValue) {
+    const std::vector<std::vector<std::string>> cases = {
+        {"weld-c", "1", "a\nb", "0", "0", "0"},
+        {"bolt-c", "4\n", "2", "3", "3", "6", "0"},
+        {"capacity", "examples/angle-left.wld", "--method", "x\ny"},
+        {"calc", "1\n2"},
+        {"wld-new", "/tmp/ferrolith-cli-help-test.wld", "--line", "0,0,1e39,0"},
+        {"weld-c", "1", "10", "0", "0", "0", "--strip", "4294967300"},
+        {"arch-text", "32768", "--words"},
+        {"arch-value", "1e308'"},
+        {"words", "1e308"},
+        {"weld-unit", "--line", "0,0,0,3", "--ex", "0", "--angle", "0", "--fexx", "-1"},
+    };
+    for (const auto& args : cases) {
+        const Result r = RunCliTool(args);
+        EXPECT_EQ(r.code, 2) << args[0] << " " << args[1];
+        EXPECT_EQ(r.out, "");
+        EXPECT_EQ(Lines(r.err), 1u) << r.err;
+        EXPECT_EQ(r.err.rfind("ferrolith-cli: ", 0), 0u) << r.err;
+    }
+    const Result shape = RunCliTool({"capacity"});
+    EXPECT_EQ(shape.code, 2);
+    EXPECT_EQ(Lines(shape.err), 2u) << shape.err;
+    for (const char* option : {"--electrode", "--size", "--method", "--strip", "--max-passes", "--verbose", "--format"})
+        EXPECT_NE(shape.err.find(option), std::string::npos) << option;
+}
+
+TEST(CliErrors, NoConvergenceIsOneLineAndNoResult) {
+    const Result r = RunCliTool({"weld-c", "3", "5", "0", "0.5", "0", "--strip", "16", "--max-passes", "50", "--verbose"});
+    EXPECT_EQ(r.code, 3);
+    EXPECT_EQ(r.out, "");
+    EXPECT_EQ(r.err, "ferrolith-cli: no convergence after 50 passes (last center -2.153016466 0.000000000)\n");
+}
+
+TEST(CliErrors, RefusedLengthTextSaysWhy) {
+    const Result r = RunCliTool({"arch-value", "5' 3.5\""});
+    EXPECT_EQ(r.code, 1);
+    EXPECT_EQ(r.out, "*ERROR*\n");
+    EXPECT_EQ(Lines(r.err), 1u);
+    EXPECT_NE(r.err.find("not a feet-and-inch length"), std::string::npos);
+}
+
+// The progress line: nothing in the first second or off a terminal, redrawn
+// at most four times a second, cleared at the end.
+TEST(CliProgress, ShowsLateThrottledAndClears) {
+    double now = 0.0;
+    std::ostringstream term, pipe;
+    {
+        cli::Progress p("bolt-c", term, true, [&] { return now; });
+        cli::Progress quiet("bolt-c", pipe, false, [&] { return now; });
+        for (now = 0.0; now < 0.99; now += 0.01) p.Tick("pass 1");
+        EXPECT_EQ(term.str(), "");
+        now = 1.0;
+        p.Tick("pass 7");
+        quiet.Tick();
+        EXPECT_EQ(term.str(), "\r\x1b[Kbolt-c: running, 1.0 s, pass 7");
+        now = 1.1;
+        p.Tick();
+        EXPECT_EQ(term.str(), "\r\x1b[Kbolt-c: running, 1.0 s, pass 7");
+        now = 1.3;
+        p.Tick();
+    }
+    EXPECT_EQ(term.str(), "\r\x1b[Kbolt-c: running, 1.0 s, pass 7\r\x1b[Kbolt-c: running, 1.3 s\r\x1b[K");
+    EXPECT_EQ(pipe.str(), "");
+}
+
+// The list follows the calculator's key table: every key with a token is
+// listed and described, and every listed token is a key.
+TEST(CalcKeys, ListFollowsTheKeyTable) {
+    std::vector<std::string> listed;
+    for (const auto& k : cli::CalcKeyList()) {
+        EXPECT_FALSE(k.does.empty()) << k.token;
+        if (k.engineKey) {
+            EXPECT_TRUE(CalcProcs::Is_Key_Token(k.token)) << k.token;
+        }
+        listed.push_back(k.token.substr(0, k.token.find(':')));
+    }
+    for (const CalcProcs::KeyDef& k : CalcProcs::Key_Table()) {
+        if (k.kind == CalcProcs::KeyKind::Window || k.kind == CalcProcs::KeyKind::Digit) continue;
+        EXPECT_NE(std::find(listed.begin(), listed.end(), k.token), listed.end()) << k.token;
+        EXPECT_NE(cli::KeyDescription(k.token), "") << k.token;
+    }
+}
+
+TEST(CalcKeys, WholeNumbersBecomeTheirKeys) {
+    struct Case {
+        const char* text;
+        std::vector<std::string> keys;
+    };
+    const Case cases[] = {
+        {"100", {"1", "0", "0"}},
+        {"2.5", {"2", "dot", "5"}},
+        {"-3", {"3", "pm"}},
+        {"1.5e3", {"1", "dot", "5", "exp", "3"}},
+        {"-1.5E-03", {"1", "dot", "5", "pm", "exp", "3", "pm"}},
+        {".5", {"dot", "5"}},
+        {"1e0", {"1", "exp", "0"}},
+    };
+    for (const Case& c : cases) {
+        std::vector<std::string> keys;
+        std::string error;
+        EXPECT_TRUE(cli::NumberKeys(c.text, keys, error)) << c.text;
+        EXPECT_EQ(error, "") << c.text;
+        EXPECT_EQ(keys, c.keys) << c.text;
+    }
+    for (const char* notNumber : {"-", "+", "sqrt", "1e", "1x", "1.2.3", "e5", "."}) {
+        std::vector<std::string> keys;
+        std::string error;
+        EXPECT_FALSE(cli::NumberKeys(notNumber, keys, error)) << notNumber;
+    }
+    for (const char* tooBig : {"1234567890123456", "1e100", "0.0000000000000001"}) {
+        std::vector<std::string> keys;
+        std::string error;
+        EXPECT_TRUE(cli::NumberKeys(tooBig, keys, error));
+        EXPECT_NE(error, "") << tooBig;
+    }
+}
+
+}  // namespace
