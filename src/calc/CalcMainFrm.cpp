@@ -449,8 +449,9 @@ void CalcMainFrm::key_Time_Click() {
     auto scope = guard_.Enter();
     shell::ThrottledPump pump;
     int shownSecond = -1;
-    // Any later key ends the clock (the engine clears TimeShown); so does closing.
-    while (s_.TimeShown && !guard_.ClosePending()) {
+    // Any later key ends the clock (the engine clears TimeShown); so does
+    // closing or hiding the window.
+    while (s_.TimeShown && !guard_.ClosePending() && isVisible()) {
         const QDateTime now = QDateTime::currentDateTime();
         const QDate d = now.date();
         const QTime t = now.time();
@@ -463,6 +464,7 @@ void CalcMainFrm::key_Time_Click() {
         pump();
         QThread::msleep(5);
     }
+    if (s_.TimeShown && !guard_.ClosePending()) CalcProcs::key_Time_Click(s_);  // hidden: the clock goes off
 }
 
 // =====================================================================================

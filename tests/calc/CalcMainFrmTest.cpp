@@ -225,6 +225,14 @@ TEST_F(CalcWindow, ClosingDuringTheClockEndsItCleanly) {
     EXPECT_FALSE(w->isVisible());
 }
 
+TEST_F(CalcWindow, HidingTheWindowEndsTheClock) {
+    Click({"4"});
+    QTimer::singleShot(100, [&] { frm_->hide(); });
+    frm_->Press("time");
+    EXPECT_EQ(state_.TimeShown, 0);
+    EXPECT_EQ(Shown(), "4.|");
+}
+
 TEST_F(CalcWindow, CopyAndPasteThroughTheClipboard) {
     QClipboard* clip = QGuiApplication::clipboard();
     Click({"1", "/", "8", "="});
