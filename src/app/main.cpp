@@ -1,13 +1,55 @@
-// ferrolith: the desktop program. It opens the main window.
+// ferrolith: the desktop program. It opens the main window, or with
+// --calculator the scientific calculator alone.
 #include <QApplication>
+#include <cstdio>
+#include <cstring>
 
 #include "board/MainFrm.h"
+#include "calc/CalcMainFrm.h"
+#include "calc/CalcVariables.h"
+
+namespace {
+
+const char kVersion[] = "1.1";
+
+const char kUsage[] =
+    "Usage: ferrolith [OPTION]\n"
+    "Weld and bolt group design with a drawing board and a scientific calculator.\n"
+    "\n"
+    "  --calculator   start the scientific calculator alone, without the drawing board\n"
+    "  --help         show this help and exit\n"
+    "  --version      show the version and exit\n";
+
+bool HasArg(int argc, char** argv, const char* arg) {
+    for (int i = 1; i < argc; ++i)
+        if (std::strcmp(argv[i], arg) == 0) return true;
+    return false;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
+    if (HasArg(argc, argv, "--help") || HasArg(argc, argv, "-h")) {
+        std::fputs(kUsage, stdout);
+        return 0;
+    }
+    if (HasArg(argc, argv, "--version")) {
+        std::printf("ferrolith %s\n", kVersion);
+        return 0;
+    }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Ferrolith"));
-    QApplication::setApplicationVersion(QStringLiteral("1.1"));
+    QApplication::setApplicationVersion(QString::fromLatin1(kVersion));
     QApplication::setDesktopFileName(QStringLiteral("ferrolith"));
+    if (HasArg(argc, argv, "--calculator")) {
+        // The calculator's state lives as long as the program, as it does
+        // under the main window.
+        QApplication::setDesktopFileName(QStringLiteral("ferrolith-calculator"));
+        CalcVariables state;
+        CalcMainFrm calc(state);
+        calc.show();
+        return app.exec();
+    }
     // One document path, as the shell hands it.
     const QStringList args = QApplication::arguments();
     MainFrm w(nullptr, args.size() > 1 ? args.at(1) : QString());

@@ -24,6 +24,7 @@
 #include "board/CartesianModule.h"
 #include "board/DimensionModule.h"
 #include "bolt/BoltCalcFrm.h"
+#include "calc/CalcMainFrm.h"
 #include "weld/CcalculatorFrm.h"
 #include "shell/AboutFrm.h"
 #include "shell/AppInfo.h"
@@ -85,7 +86,11 @@ MainFrm::MainFrm(QWidget* parent, const QString& commandLine) : QMainWindow(pare
     Startup(commandLine);
 }
 
-MainFrm::~MainFrm() { qApp->removeEventFilter(this); }
+// The calculator window uses CalcState, a member: it goes before the members do.
+MainFrm::~MainFrm() {
+    qApp->removeEventFilter(this);
+    delete findChild<CalcMainFrm*>(QStringLiteral("CalcMainFrm"));
+}
 
 void MainFrm::BuildMenus() {
     QMenu* file = AddMenu(QStringLiteral("mnuFile"), QStringLiteral("&File"));
@@ -189,6 +194,20 @@ void MainFrm::BuildMenus() {
     QAction* weld = action(QStringLiteral("mnuWeldCoefficient"));
     weld->setEnabled(true);
     connect(weld, &QAction::triggered, this, [this] { CcalculatorFrm::ShowFor(this); });
+    // One calculator window at a time; it works on CalcState, so closing and
+    // opening it again within the run finds the calculator as it was left.
+    QAction* sciCal = action(QStringLiteral("mnuSciCal"));
+    sciCal->setEnabled(true);
+    connect(sciCal, &QAction::triggered, this, [this] {
+        CalcMainFrm* w = findChild<CalcMainFrm*>(QStringLiteral("CalcMainFrm"));
+        if (w == nullptr) {
+            w = new CalcMainFrm(CalcState, this);
+            w->setAttribute(Qt::WA_DeleteOnClose);
+        }
+        w->show();
+        w->raise();
+        w->activateWindow();
+    });
 
     QMenu* help = AddMenu(QStringLiteral("mnuHelp"), QStringLiteral("&Help"));
     QAction* about = AddAction(help, QStringLiteral("mnuAbout"), QStringLiteral("&About Ferrolith"), true);
@@ -441,6 +460,7 @@ void MainFrm::changeEvent(QEvent* e) {
     if (e->type() == QEvent::ActivationChange && isActiveWindow()) Board_Changed = false;
     QMainWindow::changeEvent(e);
 }
+
 
 void MainFrm::mnuAbout_Click() {
     AboutFrm box(AboutFrm::Kind::Board, this);

@@ -12,6 +12,7 @@
 #include "board/BoardState.h"
 #include "board/PublicVariables.h"
 #include "bolt/BoltDataHandling.h"
+#include "calc/CalcVariables.h"
 
 class QAction;
 class QCheckBox;
@@ -109,4 +110,6 @@ private:
     QList<QAction*> mnuRecDocs_;
     // Rows of the bolt coefficient window, kept for the whole run.
     std::vector<BoltDataHandling::BoltRecord> BoltRecords;
+    // The calculator's state: it outlives the calculator window for the run.
+    CalcVariables CalcState;
 };

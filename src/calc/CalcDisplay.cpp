@@ -218,6 +218,16 @@ void detail::Engineering_Right_Key(CalcVariables& s, const std::string&) { Engin
 
 std::string Copy_Text(const CalcVariables& s) { return PlainText(X(s)); }
 
+std::string Display_Digits(const CalcVariables& s) {
+    if (s.ErrorLock || s.TimeShown) return "";
+    std::string m = Trim(s.DisplayBox);
+    if (!IsNumeric(m)) return Copy_Text(s);
+    if (!m.empty() && m.back() == '.') m.pop_back();
+    std::string e = Trim(s.ExpoBox);
+    if (e.empty()) return m;
+    return m + "E" + (e[0] == '-' ? e : "+" + e);
+}
+
 // =====================================================================================
 // Clock
 // =====================================================================================

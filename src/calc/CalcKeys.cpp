@@ -88,7 +88,7 @@ const KeyDef kKeys[] = {
     PlainKey("cnst", K::Value, "key_Cnst", "CONST", true, Constant_Key),
     PlainKey("sexa", K::Value, "key_Sexa", "\xC2\xB0 ' \"", true, Sexa_Key),
     PlainKey("asex", K::Value, "key_Asex", "\xE2\x86\x90\xC2\xB0 ' \"", true, Asex_Key),
-    PlainKey("data", K::Memory, "key_Data", "DATA", true, Data_Key),
+    PlainKey("data", K::Memory, "key_Data", "DATA IN", true, Data_Key),
     FunctionKey("sqr", "key_Sqr", "x\xC2\xB2", "squared"),
     FunctionKey("sqrt", "key_Sqrt", "\xE2\x88\x9Ax", "square root"),
     FunctionKey("cube", "key_Cube", "x\xC2\xB3", "cube"),

@@ -115,5 +115,11 @@ std::string Data_Value_Text(double value);
 // ---- Clipboard -----------------------------------------------------------------------------
 // The text the copy command puts on the clipboard: the plain text of X.
 std::string Copy_Text(const CalcVariables& s);
+// The display as a spreadsheet reads it: the digits shown, without the
+// trailing point, with "E+nn"/"E-nn" when the exponent field is in use
+// ("5." gives "5", "1.234" with " 03" gives "1.234E+03"). A display that is
+// no plain number (fraction, angle) gives the value of X; an error or the
+// clock gives "".
+std::string Display_Digits(const CalcVariables& s);
 
 }  // namespace CalcProcs

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <sstream>
 #include <string>
 
 #include "calc/CalcProcs.h"
@@ -49,6 +50,36 @@ TEST(CalcKeyTable, OnlyDispatchedKeysSetTheOperatorMark) {
     EXPECT_EQ(s.OperatorIndicator, "\xC3\xB7");
     CalcProcs::Press_Key(s, "=");
     EXPECT_EQ(s.OperatorIndicator, "");
+}
+
+}  // namespace
+
+namespace {
+
+TEST(CalcCopy, DisplayDigitsForASpreadsheet) {
+    struct Case {
+        const char* keys;
+        const char* digits;
+        const char* value;  // the plain value copy beside it
+    };
+    const Case cases[] = {
+        {"5", "5", "5"},
+        {"1 2 dot 5", "12.5", "12.5"},
+        {"1 exp 1 5", "1E+15", "1E+15"},
+        {"1 exp 2 0 pm", "1E-20", "1E-20"},
+        {"2 pm", "-2", "-2"},
+        {"1 / 3 =", "0.333333333333333", "0.333333333333333"},
+        {"3 frc 4", "3", "3"},  // a fraction being typed: its X, not the fraction text
+        {"1 / 0 =", "", "0"},   // an error: nothing for the spreadsheet
+    };
+    for (const auto& c : cases) {
+        CalcVariables s;
+        CalcProcs::Initial_Routine(s);
+        std::istringstream in(c.keys);
+        for (std::string t; in >> t;) CalcProcs::Press_Key(s, t);
+        EXPECT_EQ(CalcProcs::Display_Digits(s), c.digits) << c.keys;
+        EXPECT_EQ(CalcProcs::Copy_Text(s), c.value) << c.keys;
+    }
 }
 
 }  // namespace
