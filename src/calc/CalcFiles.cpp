@@ -124,8 +124,7 @@ void DeleteDamaged(const fs::path& path, FileStatus& st) {
 // The program's data folder is made on the first save.
 FileStatus WriteFileReplacing(const fs::path& path, const std::string& bytes) {
     std::error_code ec;
-    if (path.has_parent_path() && !fs::exists(path.parent_path(), ec))
-        fs::create_directories(path.parent_path(), ec);
+    if (path.has_parent_path() && !fs::exists(path.parent_path(), ec)) fs::create_directories(path.parent_path(), ec);
     const fileio::IoError e = fileio::WriteReplacing(path.string(), bytes);
     return e.Failed() ? Make(FileStatus::Outcome::Failed, e.Number) : Make(FileStatus::Outcome::Saved);
 }
@@ -175,8 +174,8 @@ FileStatus Load_Registers(const fs::path& path, RegisterArray& registers) {
     if (IsFirstRun(path)) return Make(FileStatus::Outcome::FirstRun);
     std::string bytes;
     int32_t error = 0;
-    FileStatus st = ReadFile(path, kRegisterFileMax, bytes, error) ? Decode_Registers(bytes, registers)
-                                                                    : Bad(error);
+    if (!ReadFile(path, kRegisterFileMax, bytes, error)) return Make(FileStatus::Outcome::Unreadable, error);
+    FileStatus st = Decode_Registers(bytes, registers);
     if (st.outcome == FileStatus::Outcome::Damaged) {
         registers = RegisterArray{};
         DeleteDamaged(path, st);
@@ -273,7 +272,8 @@ FileStatus Load_Data(const fs::path& path, DataList& data) {
     } else {
         std::string bytes;
         int32_t error = 0;
-        st = ReadFile(path, kDataFileMax, bytes, error) ? Decode_Data(bytes, data) : Bad(error);
+        if (!ReadFile(path, kDataFileMax, bytes, error)) return Make(FileStatus::Outcome::Unreadable, error);
+        st = Decode_Data(bytes, data);
     }
     if (st.outcome == FileStatus::Outcome::Damaged) {
         data = DataList{};
@@ -282,8 +282,6 @@ FileStatus Load_Data(const fs::path& path, DataList& data) {
     return st;
 }
 
-FileStatus Save_Data(const fs::path& path, const DataList& data) {
-    return WriteFileReplacing(path, Encode_Data(data));
-}
+FileStatus Save_Data(const fs::path& path, const DataList& data) { return WriteFileReplacing(path, Encode_Data(data)); }
 
 }  // namespace CalcFiles

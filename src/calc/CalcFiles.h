@@ -25,8 +25,8 @@ inline constexpr const char* kDataFileName = "SdfInput.sdf";
 constexpr int kRegisterCount = 100;
 
 struct RegisterRecord {
-    double Value = 0.0;        // the stored number; 0 means free
-    std::string Description;   // what the user typed, may be empty (UTF-8)
+    double Value = 0.0;       // the stored number; 0 means free
+    std::string Description;  // what the user typed, may be empty (UTF-8)
 };
 
 // Registers 0 to 99, shown as "Reg-001" to "Reg-100".
@@ -43,7 +43,7 @@ std::string Register_Name(int index);
 struct DataList {
     enum class Kind : int16_t { Empty, EmptyText, List };
     Kind kind = Kind::Empty;
-    std::vector<double> Values;   // used only when kind == List
+    std::vector<double> Values;  // used only when kind == List
 
     bool IsList() const { return kind == Kind::List; }
 };
@@ -55,21 +55,23 @@ std::string Data_Name(int index);
 
 struct FileStatus {
     enum class Outcome {
-        Loaded,    // the file was read
-        FirstRun,  // no file (or an empty one): registers clear / no data
-        Damaged,   // the file could not be read; it has been deleted
-        Saved,     // the file was written
-        Failed     // the file could not be written; the old one is untouched
+        Loaded,      // the file was read
+        FirstRun,    // no file (or an empty one): registers clear / no data
+        Damaged,     // the file's bytes are malformed; it has been deleted
+        Unreadable,  // the file could not be opened or read; it is kept as it is
+        Saved,       // the file was written
+        Failed       // the file could not be written; the old one is untouched
     };
     Outcome outcome = Outcome::Loaded;
-    int32_t ErrorNumber = 0;         // set for Damaged and Failed
-    std::string ErrorDescription;    // e.g. "Input past end of file"
-    bool FileDeleted = false;        // Damaged: the damaged file is gone
+    int32_t ErrorNumber = 0;       // set for Damaged, Unreadable and Failed
+    std::string ErrorDescription;  // e.g. "Input past end of file"
+    bool FileDeleted = false;      // Damaged: the damaged file is gone
 
     // True when the window must show the warning box (stop icon, MessageTitle).
     // A data file too big to hold (error 7, out of memory) is dropped silently.
     bool ShowMessage() const {
-        return (outcome == Outcome::Damaged && ErrorNumber != 7) || outcome == Outcome::Failed;
+        return (outcome == Outcome::Damaged && ErrorNumber != 7) || outcome == Outcome::Unreadable ||
+               outcome == Outcome::Failed;
     }
     // "Error No. " & number & ":  " & description.
     std::string Message() const;
@@ -95,8 +97,9 @@ FileStatus Decode_Data(std::string_view bytes, DataList& data);
 // ---- Files ----------------------------------------------------------------------
 
 // Clears the registers, then reads them from `path`. A missing or empty file
-// is the first run (all registers clear). A damaged file is deleted and the
-// registers stay clear.
+// is the first run (all registers clear). A file of malformed bytes is
+// deleted and the registers stay clear; a file that cannot be opened or read
+// (permissions, a folder in its place) is left alone.
 FileStatus Load_Registers(const std::filesystem::path& path, RegisterArray& registers);
 // Writes all registers to `path` (folder created if needed).
 FileStatus Save_Registers(const std::filesystem::path& path, const RegisterArray& registers);

@@ -341,7 +341,8 @@ TEST_F(CalcFilesDir, AFolderInPlaceOfTheFileIsReportedAndKept) {
     fs::create_directory(mem);
     RegisterArray regs;
     const FileStatus st = Load_Registers(mem, regs);
-    EXPECT_EQ(st.outcome, Outcome::Damaged);
+    EXPECT_EQ(st.outcome, Outcome::Unreadable);
+    EXPECT_TRUE(st.ShowMessage());
     EXPECT_EQ(st.Message(), "Error No. 75:  Path/File access error");
     EXPECT_FALSE(st.FileDeleted);
     EXPECT_TRUE(fs::is_directory(mem));
