@@ -30,8 +30,7 @@ float Lines_MinY(const WeldLineTable& lines, bool& ok, const WeldRunHooks& hooks
     return LinesMin(lines, ok, hooks, false);
 }
 
-double Weld_UnitCapacity(double Fexx, double D, const PublicVariables::LayoutDocument& doc,
-                         WeldRunState& state, const WeldRunHooks& hooks, SolveReport* report) {
+WeldLineTable Board_WeldLines(const PublicVariables::LayoutDocument& doc, const WeldRunHooks& hooks) {
     using CartesianModule::To_WorldX;
     using CartesianModule::To_WorldY;
 
@@ -70,8 +69,20 @@ double Weld_UnitCapacity(double Fexx, double D, const PublicVariables::LayoutDoc
         }
     }
 
-    return Locate_InstantaneousCenter(lines, doc.Load.LoadEccentricity * 12.0, doc.Load.LoadAngle, Fexx, D, 1.0,
-                                      state, hooks, report);
+    return lines;
+}
+
+double Weld_UnitCapacity(double Fexx, double D, const PublicVariables::LayoutDocument& doc,
+                         WeldRunState& state, const WeldRunHooks& hooks, SolveReport* report) {
+    return Locate_InstantaneousCenter(Board_WeldLines(doc, hooks), doc.Load.LoadEccentricity * 12.0,
+                                      doc.Load.LoadAngle, Fexx, D, 1.0, state, hooks, report);
+}
+
+WeldElementModel::ElementReport Weld_ElementCapacity(double Fexx, double D,
+                                                     const PublicVariables::LayoutDocument& doc,
+                                                     int16_t SegmentsPerInch) {
+    return WeldElementModel::Solve(Board_WeldLines(doc, {}), doc.Load.LoadEccentricity * 12.0,
+                                   doc.Load.LoadAngle, Fexx, D, SegmentsPerInch);
 }
 
 }  // namespace WeldFunctions

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "board/PublicVariables.h"
+#include "weld/WeldElementModel.h"
 #include "weld/WeldFunctions.h"
 
 namespace WeldFunctions {
@@ -15,6 +16,17 @@ namespace WeldFunctions {
 double Weld_UnitCapacity(double Fexx, double D, const PublicVariables::LayoutDocument& doc,
                          WeldRunState& state, const WeldRunHooks& hooks,
                          SolveReport* report = nullptr);
+
+// The board's lines as the solvers take them: world inches, moved into the
+// positive quadrant, mirrored in x when the load stands on the left.
+WeldLineTable Board_WeldLines(const PublicVariables::LayoutDocument& doc, const WeldRunHooks& hooks);
+
+// Capacity of the board's group by the element model, for electrode Fexx and
+// weld size D at the given strip (segments per inch). The same hand-over as
+// Weld_UnitCapacity; the solve has no run control because it always ends.
+WeldElementModel::ElementReport Weld_ElementCapacity(double Fexx, double D,
+                                                     const PublicVariables::LayoutDocument& doc,
+                                                     int16_t SegmentsPerInch);
 
 // Smallest x (or y) of all end points, kept as a single at every step; ok is
 // set true at the end. Lets window events run after each line.

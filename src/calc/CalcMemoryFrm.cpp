@@ -17,13 +17,6 @@
 #include "shell/Primitives.h"
 #include "shell/QtText.h"
 
-namespace {
-
-constexpr int16_t kDelete = 5;
-constexpr int16_t kRecall = 1;
-
-}  // namespace
-
 CalcMemoryFrm::CalcMemoryFrm(CalcVariables& s, QWidget* parent) : QDialog(parent), s_(s) {
     setObjectName("CalcMemoryFrm");
     action_ = s.MemoryAction;
@@ -95,7 +88,7 @@ void CalcMemoryFrm::Form_Load() {
     OKButton->setText(c.OkCaption);
     DescBox->setReadOnly(!c.DescriptionOpen);
     DecFrame->setTitle(c.FrameCaption);
-    DeleteFrame->setVisible(action_ == kDelete);
+    DeleteFrame->setVisible(action_ == RegisterAction::Delete);
     OKButton->setEnabled(false);
 
     // Column widths of 1200 and 2900 twips, in pixels of this font.
@@ -115,7 +108,7 @@ void CalcMemoryFrm::Fill_List() {
         item->setText(0, Q(CalcFiles::Register_Name(i)));
         item->setText(1, Q(CalcProcs::Register_Value_Text(s_.Registers[size_t(i)].Value)));
         item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
-        if (action_ == kDelete) item->setCheckState(0, Qt::Unchecked);
+        if (action_ == RegisterAction::Delete) item->setCheckState(0, Qt::Unchecked);
     }
     current_ = previous_ = 0;
     filling_ = false;
@@ -137,13 +130,13 @@ void CalcMemoryFrm::ItemBox_ItemClick(QTreeWidgetItem* item) {
     current_ = int16_t(row + 1);
 
     filling_ = true;
-    if (action_ != kRecall && action_ != kDelete)
+    if (action_ != RegisterAction::Recall && action_ != RegisterAction::Delete)
         item->setText(1, Q(CalcMemoryList::Register_Preview_Text(s_, action_, row)));
     if (previous_ != 0 && previous_ != current_)
         ItemBox->topLevelItem(previous_ - 1)
             ->setText(1, Q(CalcProcs::Register_Value_Text(s_.Registers[size_t(previous_ - 1)].Value)));
     filling_ = false;
-    if (action_ == kDelete) OKButton->setEnabled(CheckedCount() > 0);
+    if (action_ == RegisterAction::Delete) OKButton->setEnabled(CheckedCount() > 0);
 
     DescBox->setText(Q(CalcMemoryList::Register_Description_Text(s_.Registers[size_t(row)])));
 }
@@ -173,13 +166,13 @@ bool CalcMemoryFrm::Ask(const QString& question) {
 void CalcMemoryFrm::OKButton_Click() {
     const int i = current_ - 1;
     s_.RegisterText.clear();
-    if (action_ == kRecall) {
+    if (action_ == RegisterAction::Recall) {
         if (i < 0) return;
         s_.RegisterChoice = int16_t(i);
         accept();
         return;
     }
-    if (action_ == kDelete) {
+    if (action_ == RegisterAction::Delete) {
         if (!Ask("Are you sure you want to delete Selected Data?")) return;
         OKButton->setEnabled(false);
         std::vector<int> checked;

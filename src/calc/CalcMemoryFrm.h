@@ -7,7 +7,8 @@
 #include <QDialog>
 #include <cstdint>
 
-struct CalcVariables;
+#include "calc/CalcVariables.h"
+
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -40,7 +41,7 @@ private:
     bool Ask(const QString& question);
 
     CalcVariables& s_;
-    int16_t action_ = 0;
+    RegisterAction action_ = RegisterAction::In;
     int16_t current_ = 0;   // list row (from 1) last clicked, 0 for none
     int16_t previous_ = 0;  // the one clicked before it
     bool filling_ = false;

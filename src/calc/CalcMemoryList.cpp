@@ -1,11 +1,11 @@
 #include "calc/CalcMemoryList.h"
 
-#include "calc/CalcProcs.h"
+#include "calc/CalcInternal.h"
 #include "shell/Primitives.h"
 
 namespace CalcMemoryList {
 
-MemoryCaptions Memory_Captions(int16_t action) {
+MemoryCaptions Memory_Captions(RegisterAction action) {
     static const MemoryCaptions kCaptions[] = {
         {"Memory IN", "Choose memory address to SAVE to.", "Save", true, "Specify Description"},
         {"Memory RECALL", "Choose memory address to RECALL value.", "Recall", false, "Description"},
@@ -14,34 +14,29 @@ MemoryCaptions Memory_Captions(int16_t action) {
         {"Memory MINUS", "Choose memory address to SUBTRACT value from.", "Apply", true, "Specify Description"},
         {"Memory DELETE", "Choose memory address to DELETE value.", "Delete", false, "Description"},
     };
-    return kCaptions[action >= 0 && action <= 5 ? action : 1];
+    const auto i = static_cast<int16_t>(action);
+    return kCaptions[i >= 0 && i <= 5 ? i : 1];
 }
 
-double Display_Value(const CalcVariables& s) {
-    if (s.DisplayValue.IsNumber()) return s.DisplayValue.number;
-    if (s.DisplayValue.IsText()) return prim::Val(s.DisplayValue.text);
-    return 0.0;
-}
-
-std::string Register_Preview_Text(const CalcVariables& s, int16_t action, int index) {
+std::string Register_Preview_Text(const CalcVariables& s, RegisterAction action, int index) {
     const double stored = s.Registers[size_t(index)].Value;
-    const double x = Display_Value(s);
+    const double x = CalcProcs::detail::X(s);
     double shown;
     switch (action) {
-        case 0:
-        case 2:
+        case RegisterAction::In:
+        case RegisterAction::Swap:
             shown = x;
             break;
-        case 3:
+        case RegisterAction::Add:
             shown = stored + x;
             break;
-        case 4:
+        case RegisterAction::Minus:
             shown = stored - x;
             break;
         default:
             return CalcProcs::Register_Value_Text(stored);
     }
-    return prim::Format(shown, "0.0" + std::string(100, '#')) + "   ";
+    return prim::Format(shown, "0.0" + CalcProcs::detail::kHashes100) + "   ";
 }
 
 std::string Register_Description_Text(const CalcFiles::RegisterRecord& r) {

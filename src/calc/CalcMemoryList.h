@@ -3,14 +3,13 @@
 // register, the description line and the rows of both lists.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "calc/CalcVariables.h"
 
 namespace CalcMemoryList {
 
-// Captions of the register window for one action (0 IN to 5 DELETE).
+// Captions of the register window for one action.
 struct MemoryCaptions {
     const char* Title;
     const char* Prompt;        // Lab1
@@ -18,15 +17,12 @@ struct MemoryCaptions {
     bool DescriptionOpen;      // DescBox can be typed in
     const char* FrameCaption;  // DecFrame
 };
-MemoryCaptions Memory_Captions(int16_t action);
-
-// The number on the display (X).
-double Display_Value(const CalcVariables& s);
+MemoryCaptions Memory_Captions(RegisterAction action);
 
 // Value column of register `index` as the action would leave it, before
 // anything is stored: X for IN and SWAP, the sum for ADD, the difference for
 // MINUS; the stored value otherwise. Three blanks behind.
-std::string Register_Preview_Text(const CalcVariables& s, int16_t action, int index);
+std::string Register_Preview_Text(const CalcVariables& s, RegisterAction action, int index);
 
 // The description line of a register: its trimmed text, or
 // "No specified description".

@@ -2,31 +2,34 @@
 // keyboard key of the calculator window becomes a short token; Press_Key runs
 // the key's handler (operator mark, Dispatch_Key or the key's own action, then
 // its spoken word). All state is in the CalcVariables passed in.
+//
+// This header declares the whole engine; the code is split by concern:
+// CalcKeys (key table, Press_Key, keyboard, speech), CalcEntry (dispatch and
+// operand entry), CalcOperators (priority evaluation), CalcDisplay (display,
+// modes, clock), CalcFractions (fractions, sexagesimal), CalcValueKeys
+// (functions, conversions, pi, random, paste), CalcMemory (memory, registers,
+// statistics data).
 #pragma once
 
 #include <string>
 #include <vector>
 
+#include "calc/CalcKeys.h"
 #include "calc/CalcVariables.h"
 #include "shell/Variant.h"
 
 namespace CalcProcs {
 
 // ---- Window level -------------------------------------------------------------
-// Runs the handler of the key named by `token`; false when no key has that name.
-// Tokens of Dispatch_Key: "0"-"9", "dot", "+", "-", "*", "/", "=", "xy", "root",
-// "pm", "exp", "frc", "C", "AC", "ers", "x-y", "PI", "rand", "mo", "xtract", "ko",
-// "xk", "cnst", "sexa", "asex", "data", the statistics "dtn", "dts", "ave",
-// "sqr1", "sqr2", "strd0", "strd1" and the functions of CalcFunctions.
-// Keys with actions of their own: "min", "mplus", "mminus", "kin", "kac", "dc",
-// "engl", "engr", "ptor", "rtop".
+// Runs the handler of the key named by `token` (see Key_Table); false when no
+// engine key has that name (the window's own keys "time" and "del" included).
 bool Press_Key(CalcVariables& s, const std::string& token);
 bool Is_Key_Token(const std::string& token);
 
 // Keyboard: a key code (the classic virtual-key numbering: 48-57 digits, 96-105
 // keypad digits, 112-115 F1-F4, ...) and the modifier state (0 none, 1 Shift)
-// to the token of the key it acts as; "tab0" to "tab3" for the key pad pages;
-// "" when the key does nothing.
+// to the token of the key it acts as (the bindings of Key_Table); "tab0" to
+// "tab3" for the key pad pages; "" when the key does nothing.
 std::string Keyboard_Token(int keyCode, int shift);
 
 // The first load of the window (settings and files are the window's part):

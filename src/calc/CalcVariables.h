@@ -13,6 +13,9 @@
 #include "calc/ConstantModule.h"
 #include "shell/Variant.h"
 
+// What the register window is opened for; the value is the window's action index.
+enum class RegisterAction : int16_t { In = 0, Recall = 1, Swap = 2, Add = 3, Minus = 4, Delete = 5 };
+
 struct CalcVariables {
     using Variant = prim::Variant;
 
@@ -61,7 +64,7 @@ struct CalcVariables {
     // ---- Memory, data, angle mode ----------------------------------------------
     double MemoryValue = 0.0;
     CalcFiles::RegisterArray Registers{};
-    int16_t MemoryAction = 0;       // 0 IN, 1 RECALL, 2 SWAP, 3 ADD, 4 MINUS, 5 DELETE
+    RegisterAction MemoryAction = RegisterAction::In;
     int16_t RegisterChoice = -1;    // chosen register index, -1 for none
     std::string RegisterText;       // description given in the register window
     double RegisterWork = 0.0;      // value kept aside by the register swap

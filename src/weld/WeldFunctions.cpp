@@ -85,8 +85,12 @@ double Total_WeldLength(const WeldLineTable& lines) {
     return total;
 }
 
-void Build_Segments(const WeldLineTable& lines, double xo, double yo, WeldSegmentTable& segments,
-                    double D, const WeldRunState& state, const WeldRunHooks& hooks) {
+namespace {
+
+// Build_Segments; without withDeltaM the segments' DeltaM stays 0, for the
+// solver, which takes the largest Dm of a pass from the least angle instead.
+void BuildSegments(const WeldLineTable& lines, double xo, double yo, WeldSegmentTable& segments,
+                   double D, const WeldRunState& state, const WeldRunHooks& hooks, bool withDeltaM) {
     segments.clear();  // keeps the storage of the previous pass
 
     // Locals of one call: a skipped statement leaves the value of the
@@ -161,7 +165,7 @@ void Build_Segments(const WeldLineTable& lines, double xo, double yo, WeldSegmen
             }
             Theta = MinOf({Theta, kPi - Theta});
             thetaDeg = Degrees(Theta);
-            Let(DeltaM, 0.209 * D * std::pow(thetaDeg + 2, -0.32));
+            if (withDeltaM) Let(DeltaM, 0.209 * D * std::pow(thetaDeg + 2, -0.32));
             if (Let(q, 1.087 * std::pow(thetaDeg + 6, -0.65))) Let(DeltaU, MinOf({q, 0.17}) * D);
             Let(DeltaUOverR, DeltaU / r);
 
@@ -184,6 +188,46 @@ void Build_Segments(const WeldLineTable& lines, double xo, double yo, WeldSegmen
     // The table always holds one row: a group without segments keeps one
     // all-zero row.
     if (segments.empty()) segments.emplace_back();
+}
+
+// The largest DeltaM of a pass, 0.209 D (thetaDeg + 2)^-0.32 over the
+// segments, 0 for the all-zero row of a group without segments. The power
+// falls as theta grows, so the largest Dm stands at the least angle (at the
+// greatest for a negative D): only the few segments whose (thetaDeg + 2) lies
+// within a relative 1e-12 of that extreme can hold it. Every other segment's
+// power differs by far more than the power's own rounding, so one power (two
+// for a twin) gives the very value the largest of all the powers would.
+double LargestDeltaM(const WeldSegmentTable& segments, double D) {
+    const bool least = !(D < 0);
+    double extreme = 0.0;
+    bool any = false;
+    for (const WeldSegmentRec& s : segments) {
+        if (s.r == 0.0) continue;  // the all-zero row
+        const double t = Degrees(s.Theta) + 2;
+        if (!any || (least ? t < extreme : t > extreme)) extreme = t;
+        any = true;
+    }
+    double largest = 0.0;
+    if (!any) return largest;
+    const double band = extreme * 1e-12;
+    bool first = true;
+    for (const WeldSegmentRec& s : segments) {
+        const double t = Degrees(s.Theta) + 2;
+        if (s.r == 0.0 || (least ? t > extreme + band : t < extreme - band)) continue;
+        double dm = 0.0;
+        // A value that fails leaves the segment's DeltaM at 0, as the skip rule would.
+        Let(dm, 0.209 * D * std::pow(t, -0.32));
+        largest = first ? dm : MaxOf({largest, dm});
+        first = false;
+    }
+    return largest;
+}
+
+}  // namespace
+
+void Build_Segments(const WeldLineTable& lines, double xo, double yo, WeldSegmentTable& segments,
+                    double D, const WeldRunState& state, const WeldRunHooks& hooks) {
+    BuildSegments(lines, xo, yo, segments, D, state, hooks, true);
 }
 
 double ConcentricCapacity(const WeldLineTable& lines, double Fexx, double D) {
@@ -312,19 +356,17 @@ double Locate_InstantaneousCenter(const WeldLineTable& lines, double ex, double 
             break;
         }
 
-        Build_Segments(work, xo, yo, segs, D, state, hooks);
+        BuildSegments(work, xo, yo, segs, D, state, hooks, false);
         n = static_cast<int16_t>(segs.size());
 
         for (size_t k = 0; k < segs.size(); ++k) {
-            if (k == 0) {
+            if (k == 0)
                 RatioCrit = segs[0].DeltaUOverR;
-                DeltaMMax = segs[0].DeltaM;
-            } else {
+            else
                 RatioCrit = MinOf({RatioCrit, segs[k].DeltaUOverR});
-                DeltaMMax = MaxOf({DeltaMMax, segs[k].DeltaM});
-            }
             YieldNow(hooks);
         }
+        DeltaMMax = LargestDeltaM(segs, D);
 
         SumM = 0.0;
         SumFy = 0.0;
@@ -443,16 +485,7 @@ double Centroid_FromTop(const WeldLineTable& lines) {
     return (highY - lowY) - Centroid_Y(lines);
 }
 
-bool Centroid_IsMidpointX(int16_t config) { return config >= 1 && config <= 5; }
-
-bool Centroid_IsMidpointY(int16_t config) { return config >= 1 && config <= 7; }
-
-namespace {
-
-// One configuration: scale, build the shape, then solve or measure it.
-double Run_Configuration(int16_t config, double L, double kL, double aL, double Angle,
-                         int16_t Selector, WeldRunState& state, const WeldRunHooks& hooks,
-                         SolveReport* report) {
+double Config_Scale(double L, double kL) {
     // Line lengths are rounded to whole inches for the segment count, so the
     // shortest given length is brought to at least one inch.
     double s = 0.0;
@@ -464,6 +497,20 @@ double Run_Configuration(int16_t config, double L, double kL, double aL, double 
     } else {
         Div(1.0, MinOf({L, kL}), s);
     }
+    return s;
+}
+
+bool Centroid_IsMidpointX(int16_t config) { return config >= 1 && config <= 5; }
+
+bool Centroid_IsMidpointY(int16_t config) { return config >= 1 && config <= 7; }
+
+namespace {
+
+// One configuration: scale, build the shape, then solve or measure it.
+double Run_Configuration(int16_t config, double L, double kL, double aL, double Angle,
+                         int16_t Selector, WeldRunState& state, const WeldRunHooks& hooks,
+                         SolveReport* report) {
+    const double s = Config_Scale(L, kL);
     Let(L, s * L);
     Let(kL, s * kL);
     double ex = 0.0;

@@ -230,6 +230,10 @@ double Config_ByNumber(int16_t config, double L, double kL, double aL, double An
 // for other numbers). Used by the procedures above; handy for pictures.
 WeldLineTable Config_Lines(int16_t config, double L, double kL);
 
+// Scale of a configuration: its lengths are multiplied by this so that the
+// shortest given length is at least one inch (0 when L and kL are both 0).
+double Config_Scale(double L, double kL);
+
 // Centroid of a line table by exact line lengths (0 for a table of no length).
 double Centroid_X(const WeldLineTable& lines);
 double Centroid_Y(const WeldLineTable& lines);

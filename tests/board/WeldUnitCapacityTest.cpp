@@ -139,3 +139,28 @@ TEST(HandOver, ExampleLayouts) {
         EXPECT_EQ(WeldStrength::CapacityText(shown), std::string(c.shown) + "  ") << c.file;
     }
 }
+
+TEST(WeldElementCapacity, BoardGroupGoesThroughTheSameHandOver) {
+    // An angle drawn on the board with the load on its right, and the same
+    // angle with the load on the left: mirrored, the two are one group.
+    const std::vector<std::vector<double>> angle = {{1, 1, 1, 9}, {1, 9, 5, 9}};
+    const std::vector<std::vector<double>> mirrored = {{5, 1, 5, 9}, {5, 9, 1, 9}};
+    const auto right = Weld_ElementCapacity(1, 1, Drawn(angle, 1, 15, 0.5), 32);
+    const auto left = Weld_ElementCapacity(1, 1, Drawn(mirrored, 0, 15, 0.5), 32);
+    ASSERT_TRUE(right.Converged && left.Converged);
+    EXPECT_NEAR(left.Capacity, right.Capacity, 1e-6 * right.Capacity);
+
+    // The hand-over gives the element model the lines it gives the system's solver.
+    const LayoutDocument doc = Drawn(angle, 1, 15, 0.5);
+    const auto direct = WeldElementModel::Solve(Board_WeldLines(doc, {}), 6.0, 15, 1, 1, 32);
+    EXPECT_EQ(direct.Capacity, right.Capacity);
+}
+
+TEST(WeldElementCapacity, EmptyBoardIsRefused) {
+    LayoutDocument doc;
+    CartesianModule::Set_Viewport(doc);
+    const auto rep = Weld_ElementCapacity(1, 1, doc, 32);
+    EXPECT_TRUE(rep.Refused);
+    EXPECT_FALSE(rep.Converged);
+    EXPECT_EQ(rep.Capacity, 0.0);
+}

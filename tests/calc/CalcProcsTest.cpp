@@ -457,7 +457,7 @@ TEST(CalcRegisters, ActionsOnTheChosenRegister) {
     CalcVariables s = Fresh();
     int16_t choice = -1;
     std::string text;
-    std::vector<int16_t> actions;
+    std::vector<RegisterAction> actions;
     s.ShowRegisterWindow = [&](CalcVariables& st) {
         actions.push_back(st.MemoryAction);
         st.RegisterChoice = choice;
@@ -485,7 +485,8 @@ TEST(CalcRegisters, ActionsOnTheChosenRegister) {
     EXPECT_EQ(s.Registers[4].Value, 7);
     EXPECT_EQ(Shown(s), "0.|");
     Press(s, "kac");
-    EXPECT_EQ(actions, (std::vector<int16_t>{0, 3, 4, 1, 2, 0, 1, 5}));
+    using A = RegisterAction;
+    EXPECT_EQ(actions, (std::vector<A>{A::In, A::Add, A::Minus, A::Recall, A::Swap, A::In, A::Recall, A::Delete}));
     choice = 4;
     Press(s, "1 / 0 = kin");
     EXPECT_EQ(s.Registers[4].Value, 7);  // nothing while an error shows

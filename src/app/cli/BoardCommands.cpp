@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Cli.h"
+#include "ModelCli.h"
 #include "WeldCli.h"
 #include "board/CartesianModule.h"
 #include "board/DimensionModule.h"
@@ -134,7 +135,9 @@ int Capacity(const cli::Args& argsIn) {
     if (!cli::TakeOption(args, "--electrode", electrodeText, hasElectrode) ||
         !cli::TakeOption(args, "--size", sizeText, hasSize) || !cli::TakeOption(args, "--method", methodText, hasMethod))
         return cli::UsageError("an option needs a value");
-    if (!weldcli::TakeStripIndex(args, stripIndex, error) || !weldcli::TakeMaxPasses(args, maxPasses, error))
+    shell::SolverModel model = shell::SolverModel::Iterative;
+    if (!weldcli::TakeStripIndex(args, stripIndex, error) || !weldcli::TakeMaxPasses(args, maxPasses, error) ||
+        !modelcli::TakeModel(args, model, error))
         return cli::UsageError(error);
     if (args.size() != 1) return cli::UsageError("usage: capacity FILE.wld [--electrode 60|70|80|90|100|110] "
                                                  "[--size SIXTEENTHS] [--method nominal|asd|lrfd] [--strip 4|8|16|32|64]");
@@ -166,6 +169,8 @@ int Capacity(const cli::Args& argsIn) {
     WeldStrength::WeldSizeInchesOf(sizeIndex, size);
     WeldStrength::MethodOf(methodIndex, factor, caption);
 
+    if (model == shell::SolverModel::AiscElement)
+        return modelcli::Capacity(doc, stripIndex, fexx, size, factor, caption);
     weldcli::LimitedRun run(stripIndex, maxPasses);
     const double unit = WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc, run.state, run.hooks, &run.report);
     const double shown = WeldStrength::DisplayedCapacity(fexx, unit, size, factor);
@@ -181,7 +186,7 @@ const cli::Registrar kWldInfo({"wld-info", "wld-info FILE.wld",
                                "prints the viewport, lines, dimensions and load of a layout", WldInfo});
 const cli::Registrar kCapacity({"capacity",
                                 "capacity FILE.wld [--electrode 60|70|80|90|100|110] [--size SIXTEENTHS] "
-                                "[--method nominal|asd|lrfd] [--strip 4|8|16|32|64] [--max-passes N]",
+                                "[--method nominal|asd|lrfd] [--strip 4|8|16|32|64] [--max-passes N] [--model iterative|aisc]",
                                 "prints the capacity of a layout in kips and the caption of its method", Capacity});
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "Cli.h"
+#include "ModelCli.h"
 #include "bolt/BoltFunctions.h"
 #include "shell/Primitives.h"
 
@@ -15,7 +16,11 @@ bool ParseCount(const std::string& text, int16_t& out) {
     return true;
 }
 
-int RunBoltC(const cli::Args& args) {
+int RunBoltC(const cli::Args& input) {
+    cli::Args args = input;
+    std::string error;
+    shell::SolverModel model = shell::SolverModel::Iterative;
+    if (!modelcli::TakeModel(args, model, error)) return cli::UsageError(error);
     if (args.size() != 6) return cli::UsageError("bolt-c needs M N SV SH EX ANGLE");
     int16_t m = 0, n = 0;
     if (!ParseCount(args[0], m)) return cli::UsageError("M is not a whole number: " + args[0]);
@@ -26,6 +31,7 @@ int RunBoltC(const cli::Args& args) {
         if (!cli::ParseDouble(args[2 + i], v[i]))
             return cli::UsageError(std::string(names[i]) + " is not a number: " + args[2 + i]);
 
+    if (model == shell::SolverModel::AiscElement) return modelcli::BoltC(m, n, v);
     const auto cPrime = BoltFunctions::BoltGroup_CPrime(m, n, v[0], v[1]);
     const auto c = BoltFunctions::BoltGroup_C(m, n, v[0], v[1], v[2], v[3]);
     if (!cPrime || !c)
@@ -36,7 +42,7 @@ int RunBoltC(const cli::Args& args) {
     return 0;
 }
 
-const cli::Registrar kBoltC({"bolt-c", "bolt-c M N SV SH EX ANGLE",
+const cli::Registrar kBoltC({"bolt-c", "bolt-c M N SV SH EX ANGLE [--model iterative|aisc]",
                              "C and C' of an M by N bolt group at spacings SV, SH, eccentricity EX "
                              "and load angle ANGLE degrees",
                              RunBoltC});

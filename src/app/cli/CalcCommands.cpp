@@ -49,16 +49,16 @@ int RunCalc(const cli::Args& argsIn) {
     long chosen = 0;
     s.ShowRegisterWindow = [&chosen](CalcVariables& st) {
         st.RegisterChoice = static_cast<int16_t>(chosen - 1);
-        if (st.MemoryAction == 5 && chosen >= 1) {
+        if (st.MemoryAction == RegisterAction::Delete && chosen >= 1) {
             st.Registers[static_cast<size_t>(chosen - 1)] = {};
             st.RegisterChoice = -1;
         }
     };
     for (const std::string& arg : args) {
         bool reg = false;
-        for (const char* key : {"kin", "ko", "xk", "mplus", "mminus", "kac"}) {
-            if (RegisterKey(arg, key, chosen)) {
-                CalcProcs::Press_Key(s, key);
+        for (const auto& key : CalcProcs::Key_Table()) {
+            if (key.registerAction && RegisterKey(arg, key.token, chosen)) {
+                CalcProcs::Press_Key(s, key.token);
                 reg = true;
                 break;
             }

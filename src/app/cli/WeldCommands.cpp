@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Cli.h"
+#include "ModelCli.h"
 #include "WeldCli.h"
 #include "shell/Primitives.h"
 #include "weld/WeldFunctions.h"
@@ -39,7 +40,9 @@ int RunWeldC(const cli::Args& input) {
     cli::Args args = input;
     std::string error;
     weldcli::RunOptions opt{WeldStrength::kWeldStripSetting.defaultValue};
-    if (!weldcli::TakeRunOptions(args, opt, error)) return cli::UsageError(error);
+    shell::SolverModel model = shell::SolverModel::Iterative;
+    if (!weldcli::TakeRunOptions(args, opt, error) || !modelcli::TakeModel(args, model, error))
+        return cli::UsageError(error);
     if (args.size() != 5) return cli::UsageError("weld-c needs CONFIG L kL aL ANGLE");
     int16_t config = 0;
     if (!ParseConfig(args[0], config)) return cli::UsageError("CONFIG must be 1 to 9");
@@ -48,6 +51,7 @@ int RunWeldC(const cli::Args& input) {
         if (!cli::ParseDouble(args[static_cast<size_t>(i) + 1], v[i]))
             return cli::UsageError("not a number: " + args[static_cast<size_t>(i) + 1]);
 
+    if (model == shell::SolverModel::AiscElement) return modelcli::WeldC(config, v, opt.stripIndex, opt.verbose);
     weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses);
     const double c = Config_ByNumber(config, v[0], v[1], v[2], v[3], kSelectC, run.state,
                                      run.hooks, &run.report);
@@ -111,7 +115,7 @@ int RunWeldUnit(const cli::Args& input) {
 
 const cli::Registrar weldC({"weld-c",
                             "weld-c CONFIG L kL aL ANGLE [--strip 4|8|16|32|64] [--max-passes N] "
-                            "[--verbose]",
+                            "[--verbose] [--model iterative|aisc]",
                             "coefficient C of standard weld configuration 1-9 (--verbose: passes "
                             "and last center); exit 3 when the pass limit (default 100000) is reached",
                             RunWeldC});
