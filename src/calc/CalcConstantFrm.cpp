@@ -8,6 +8,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "calc/CalcListView.h"
 #include "calc/CalcVariables.h"
 #include "calc/ConstantModule.h"
 #include "shell/Primitives.h"
@@ -23,11 +24,7 @@ CalcConstantFrm::CalcConstantFrm(CalcVariables& s, QWidget* parent) : QDialog(pa
     setObjectName("CalcConstantFrm");
     setWindowTitle("Constants");
 
-    ItemBox = new QTreeWidget(this);
-    ItemBox->setObjectName("ItemBox");
-    ItemBox->setRootIsDecorated(false);
-    ItemBox->setAllColumnsShowFocus(true);
-    ItemBox->setUniformRowHeights(true);
+    ItemBox = CalcListView::New_ItemBox(this);
 
     ValueFrame = new QGroupBox("Constant No.", this);
     ValueFrame->setObjectName("ValueFrame");
@@ -52,8 +49,11 @@ CalcConstantFrm::CalcConstantFrm(CalcVariables& s, QWidget* parent) : QDialog(pa
     layout->addWidget(ItemBox, 1);
     layout->addLayout(bottom);
 
-    connect(ItemBox, &QTreeWidget::currentItemChanged, this,
-            [this](QTreeWidgetItem* item) { ItemBox_ItemClick(item); });
+    // A row picked by click or arrow key is selected; the list's own choice of
+    // a current row when it takes the focus is not, and picks nothing.
+    connect(ItemBox, &QTreeWidget::itemSelectionChanged, this, [this] {
+        if (!ItemBox->selectedItems().isEmpty()) ItemBox_ItemClick(ItemBox->currentItem());
+    });
     // A double click takes the row at once.
     connect(ItemBox, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
         ItemBox_ItemClick(item);
@@ -84,9 +84,7 @@ void CalcConstantFrm::Form_Load() {
     }
     for (int c = 0; c < ItemBox->columnCount(); ++c) ItemBox->resizeColumnToContents(c);
     ItemBox->setColumnWidth(2, std::min(ItemBox->columnWidth(2), fontMetrics().averageCharWidth() * 34));
-    int width = 0;
-    for (int c = 0; c < ItemBox->columnCount(); ++c) width += ItemBox->columnWidth(c);
-    resize(width + 60, 460);
+    resize(CalcListView::Columns_Width(ItemBox) + 60, 460);
 }
 
 void CalcConstantFrm::ItemBox_ItemClick(QTreeWidgetItem* item) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "calc/CalcFiles.h"
+#include "calc/CalcListView.h"
 #include "calc/CalcProcs.h"
 #include "calc/CalcVariables.h"
 #include "shell/QtText.h"
@@ -16,11 +17,7 @@ CalcDataFrm::CalcDataFrm(CalcVariables& s, QWidget* parent) : QDialog(parent), s
     setObjectName("CalcDataFrm");
     setWindowTitle("Statistics Data");
 
-    ItemBox = new QTreeWidget(this);
-    ItemBox->setObjectName("ItemBox");
-    ItemBox->setRootIsDecorated(false);
-    ItemBox->setAllColumnsShowFocus(true);
-    ItemBox->setUniformRowHeights(true);
+    ItemBox = CalcListView::New_ItemBox(this);
 
     AllButton = new QPushButton("Select All", this);
     AllButton->setObjectName("AllButton");
@@ -59,12 +56,10 @@ void CalcDataFrm::Open(CalcVariables& s, QWidget* parent) {
 }
 
 void CalcDataFrm::Form_Load() {
-    const int twip = fontMetrics().averageCharWidth();
     ItemBox->setHeaderLabels({"   Data", "              Value"});
-    ItemBox->setColumnWidth(0, twip * 1200 / 105);
-    ItemBox->setColumnWidth(1, twip * 2900 / 105);
     Fill_List();
-    resize(ItemBox->columnWidth(0) + ItemBox->columnWidth(1) + 60, 400);
+    CalcListView::Size_Columns(ItemBox, {1200, 2900});
+    resize(CalcListView::Columns_Width(ItemBox) + 60, 400);
 }
 
 void CalcDataFrm::Fill_List() {

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "calc/CalcFiles.h"
+#include "calc/CalcListView.h"
 #include "calc/CalcMemoryList.h"
 #include "calc/CalcProcs.h"
 #include "calc/CalcVariables.h"
@@ -24,11 +25,7 @@ CalcMemoryFrm::CalcMemoryFrm(CalcVariables& s, QWidget* parent) : QDialog(parent
     Lab1 = new QLabel(this);
     Lab1->setObjectName("Lab1");
 
-    ItemBox = new QTreeWidget(this);
-    ItemBox->setObjectName("ItemBox");
-    ItemBox->setRootIsDecorated(false);
-    ItemBox->setAllColumnsShowFocus(true);
-    ItemBox->setUniformRowHeights(true);
+    ItemBox = CalcListView::New_ItemBox(this);
 
     DecFrame = new QGroupBox(this);
     DecFrame->setObjectName("DecFrame");
@@ -64,8 +61,11 @@ CalcMemoryFrm::CalcMemoryFrm(CalcVariables& s, QWidget* parent) : QDialog(parent
     layout->addWidget(DecFrame);
     layout->addLayout(buttons);
 
-    connect(ItemBox, &QTreeWidget::currentItemChanged, this,
-            [this](QTreeWidgetItem* item) { ItemBox_ItemClick(item); });
+    // A row picked by click or arrow key is selected; the list's own choice of
+    // a current row when it takes the focus is not, and picks nothing.
+    connect(ItemBox, &QTreeWidget::itemSelectionChanged, this, [this] {
+        if (!ItemBox->selectedItems().isEmpty()) ItemBox_ItemClick(ItemBox->currentItem());
+    });
     connect(ItemBox, &QTreeWidget::itemChanged, this, [this] {
         if (!filling_) ItemBox_ItemCheck();
     });
@@ -91,13 +91,10 @@ void CalcMemoryFrm::Form_Load() {
     DeleteFrame->setVisible(action_ == RegisterAction::Delete);
     OKButton->setEnabled(false);
 
-    // Column widths of 1200 and 2900 twips, in pixels of this font.
-    const int twip = fontMetrics().averageCharWidth();
     ItemBox->setHeaderLabels({"   Address", "              Value"});
-    ItemBox->setColumnWidth(0, twip * 1200 / 105);
-    ItemBox->setColumnWidth(1, twip * 2900 / 105);
     Fill_List();
-    resize(ItemBox->columnWidth(0) + ItemBox->columnWidth(1) + 60, 440);
+    CalcListView::Size_Columns(ItemBox, {1200, 2900});
+    resize(CalcListView::Columns_Width(ItemBox) + 60, 440);
 }
 
 void CalcMemoryFrm::Fill_List() {

@@ -95,6 +95,10 @@ TEST_F(RegisterWindow, CaptionsFollowTheAction) {
             EXPECT_EQ(list_->topLevelItem(0)->text(0), "Reg-001");
             EXPECT_EQ(list_->topLevelItem(99)->text(0), "Reg-100");
             EXPECT_EQ(Value(1), "0.0   ");
+            // Taking the focus picks no row.
+            list_->setFocus();
+            EXPECT_FALSE(Ok()->isEnabled());
+            EXPECT_EQ(Desc()->text(), "");
             Click("ExitButton");
         };
         Keys({c.key});
