@@ -98,6 +98,7 @@ TEST(CalcVoice, NewSpeechCutsOffTheOldAndEmptyTextStops) {
 class HelpWindow : public testing::Test {
 protected:
     void SetUp() override {
+        MemoryVoice();  // before the window makes its voice
         frm_ = new CalcHelpFrm(s_);
         frm_->show();
         menu_ = frm_->findChild<QListWidget*>("MenuBox");
