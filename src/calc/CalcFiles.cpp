@@ -120,8 +120,7 @@ FileStatus LoadFile(const fs::path& path, uintmax_t cap, Decode decode) {
 // The program's data folder is made on the first save.
 FileStatus WriteFileReplacing(const fs::path& path, const std::string& bytes) {
     std::error_code ec;
-    if (path.has_parent_path() && !fs::exists(path.parent_path(), ec))
-        fs::create_directories(path.parent_path(), ec);
+    if (path.has_parent_path() && !fs::exists(path.parent_path(), ec)) fs::create_directories(path.parent_path(), ec);
     const fileio::IoError e = fileio::WriteReplacing(path.string(), bytes);
     return e.Failed() ? Make(FileStatus::Outcome::Failed, e.Number) : Make(FileStatus::Outcome::Saved);
 }

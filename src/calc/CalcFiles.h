@@ -27,8 +27,8 @@ inline constexpr const char* kDataFileName = "SdfInput.sdf";
 constexpr int kRegisterCount = 100;
 
 struct RegisterRecord {
-    double Value = 0.0;        // the stored number; 0 means free
-    std::string Description;   // what the user typed, may be empty (UTF-8)
+    double Value = 0.0;       // the stored number; 0 means free
+    std::string Description;  // what the user typed, may be empty (UTF-8)
 };
 
 // Registers 0 to 99, shown as "Reg-001" to "Reg-100".
@@ -45,7 +45,7 @@ std::string Register_Name(int index);
 struct DataList {
     enum class Kind : int16_t { Empty, EmptyText, List };
     Kind kind = Kind::Empty;
-    std::vector<double> Values;   // used only when kind == List
+    std::vector<double> Values;  // used only when kind == List
 
     bool IsList() const { return kind == Kind::List; }
 };

@@ -69,6 +69,9 @@ struct CalcVariables {
     std::string RegisterText;       // description given in the register window
     double RegisterWork = 0.0;      // value kept aside by the register swap
     CalcFiles::DataList DataValues;
+    // CalcMem.mem / SdfInput.sdf could not be opened at the start: it is kept
+    // as it is, never overwritten at the close.
+    int16_t RegisterFileUnread = 0, DataFileUnread = 0;
     ConstantModule::ConstantTable Constants;  // row texts and records of the constant window
     Variant ConstantChoice;         // value text chosen in the constant window
     int16_t IsRadian = 0, IsGradian = 0, IsDegree = -1;
