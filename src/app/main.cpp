@@ -7,6 +7,7 @@
 #include "board/MainFrm.h"
 #include "calc/CalcMainFrm.h"
 #include "calc/CalcVariables.h"
+#include "shell/SingleInstance.h"
 
 namespace {
 
@@ -45,8 +46,17 @@ int main(int argc, char** argv) {
         // The calculator's state lives as long as the program, as it does
         // under the main window.
         QApplication::setDesktopFileName(QStringLiteral("ferrolith-calculator"));
+        // One calculator per user: a second start hands over to the first,
+        // which restores and raises its window, and ends.
+        SingleInstance calcGuard;
+        calcGuard.Claim();
+        if (!calcGuard.IsFirst() && calcGuard.HandOver()) return 0;
         CalcVariables state;
         CalcMainFrm calc(state);
+        QObject::connect(&calcGuard, &SingleInstance::ShowRequested, &calc, [&calc] {
+            calc.show();
+            SingleInstance::Raise(&calc);
+        });
         calc.show();
         return app.exec();
     }

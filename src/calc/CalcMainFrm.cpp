@@ -23,7 +23,13 @@
 #include <QThread>
 #include <QVBoxLayout>
 
+#include "calc/CalcConstantFrm.h"
+#include "calc/CalcDataFrm.h"
+#include "calc/CalcHelpFrm.h"
+#include "calc/CalcMemoryFrm.h"
 #include "calc/CalcProcs.h"
+#include "calc/CalcSettings.h"
+#include "calc/Voice.h"
 #include "shell/AboutFrm.h"
 #include "shell/QtText.h"
 #include "shell/SettingsStore.h"
@@ -103,7 +109,13 @@ CalcMainFrm::CalcMainFrm(CalcVariables& state, QWidget* parent)
     s_.ShowRegisterWindow = [this](CalcVariables& st) { Show_Register_Window(st); };
     s_.ShowConstantWindow = [this](CalcVariables& st) { Show_Constant_Window(st); };
 
-    s_.ReadOutOn = settings::GetSettingInt(settings::ProgramTitle(), kSection, kReadOutKey, 0) != 0 ? -1 : 0;
+    s_.ReadOutOn = CalcSettings::ReadOutLoud() ? -1 : 0;
+    // The files are read at the first opening in a run; later openings find
+    // the state as the last close left it.
+    if (!s_.FilesLoaded) {
+        s_.FilesLoaded = true;
+        CalcSettings::Load_CalcFiles(s_, this);
+    }
     CalcProcs::Initial_Routine(s_);
     Refresh();
     Frame1_->setFocus();
@@ -348,14 +360,13 @@ void CalcMainFrm::Build_Menus() {
 
     QMenu* windows = menuBar()->addMenu(QStringLiteral("&Windows"));
     windows->setObjectName(QStringLiteral("mnuWindows"));
-    // Disabled until the windows behind them are connected (see the stubs).
-    add(windows, "mnuRegisters", QStringLiteral("&Registers..."), [this] { mnuRegisters_Click(); })->setEnabled(false);
-    add(windows, "mnuData", QStringLiteral("Statistics &Data..."), [this] { mnuData_Click(); })->setEnabled(false);
-    add(windows, "mnuConstants", QStringLiteral("&Constants..."), [this] { mnuConstants_Click(); })->setEnabled(false);
+    add(windows, "mnuRegisters", QStringLiteral("&Registers..."), [this] { mnuRegisters_Click(); });
+    add(windows, "mnuData", QStringLiteral("Statistics &Data..."), [this] { mnuData_Click(); });
+    add(windows, "mnuConstants", QStringLiteral("&Constants..."), [this] { mnuConstants_Click(); });
 
     QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
     help->setObjectName(QStringLiteral("mnuHelp"));
-    add(help, "mnuHelpTopics", QStringLiteral("Help &Topics"), [this] { mnuHelpTopics_Click(); })->setEnabled(false);
+    add(help, "mnuHelpTopics", QStringLiteral("Help &Topics"), [this] { mnuHelpTopics_Click(); });
     add(help, "mnuAbout", QStringLiteral("&About Calculator"), [this] {
         AboutFrm box(AboutFrm::Kind::Calculator, this);
         box.exec();
@@ -555,25 +566,36 @@ void CalcMainFrm::Stay_On_Top(bool on) {
 void CalcMainFrm::closeEvent(QCloseEvent* event) {
     s_.TimeShown = 0;  // a running clock ends with the window
     if (guard_.DeferClose(event)) return;
+    if (voice_) voice_->Speak(QString());
+    CalcSettings::Save_CalcFiles(s_, this);
     event->accept();
 }
 
 // =====================================================================================
-// STUBS: windows and voice connected when they exist
+// The register, data, constant and help windows, and the voice
 // =====================================================================================
 
 // Register window for the keys K IN, K OUT, X<->K, M+, M- and K AC: reads
 // s.MemoryAction, sets s.RegisterChoice (-1 for Exit) and s.RegisterText.
 // Opens nothing yet, so the keys leave the registers alone.
-void CalcMainFrm::Show_Register_Window(CalcVariables&) {}
+void CalcMainFrm::Show_Register_Window(CalcVariables& s) { CalcMemoryFrm::Open(s, this); }
 
-// Constant window of the key CONST: sets s.ConstantChoice (empty at Exit).
-// Opens nothing yet.
-void CalcMainFrm::Show_Constant_Window(CalcVariables&) {}
+void CalcMainFrm::Show_Constant_Window(CalcVariables& s) { CalcConstantFrm::Open(s, this); }
 
-void CalcMainFrm::mnuRegisters_Click() {}
-void CalcMainFrm::mnuData_Click() {}
-void CalcMainFrm::mnuConstants_Click() {}
-void CalcMainFrm::mnuHelpTopics_Click() {}
+// The menu entries work as the keys do: through the engine, so the results
+// reach the display.
+void CalcMainFrm::mnuRegisters_Click() {
+    CalcProcs::Press_Key(s_, "kin");
+    Refresh();
+}
+void CalcMainFrm::mnuData_Click() { CalcDataFrm::Open(s_, this); }
+void CalcMainFrm::mnuConstants_Click() {
+    CalcProcs::Press_Key(s_, "cnst");
+    Refresh();
+}
+void CalcMainFrm::mnuHelpTopics_Click() { CalcHelpFrm::Open(s_, this); }
 
-void CalcMainFrm::Say(const std::string&) {}
+void CalcMainFrm::Say(const std::string& words) {
+    if (!voice_) voice_ = new Voice(this);
+    voice_->Speak(Q(words));
+}

@@ -22,6 +22,8 @@ namespace CalcProcs {
 struct KeyDef;
 }
 
+class Voice;
+
 class CalcMainFrm : public QMainWindow {
     Q_OBJECT
 public:
@@ -79,6 +81,7 @@ private:
 
     CalcVariables& s_;
     shell::RunGuard guard_;
+    Voice* voice_ = nullptr;  // made at the first word spoken
     QFrame* Frame1_ = nullptr;
     QLabel *DisplayBox_ = nullptr, *ExpoBox_ = nullptr, *DateBox_ = nullptr;
     QLabel *OperatorIndicator_ = nullptr, *CCalc_Indicator_ = nullptr, *Mem_Indicator_ = nullptr;

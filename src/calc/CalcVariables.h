@@ -72,6 +72,8 @@ struct CalcVariables {
     // CalcMem.mem / SdfInput.sdf could not be opened at the start: it is kept
     // as it is, never overwritten at the close.
     int16_t RegisterFileUnread = 0, DataFileUnread = 0;
+    // The registers, data and M memory have been read from their files in this run.
+    bool FilesLoaded = false;
     ConstantModule::ConstantTable Constants;  // row texts and records of the constant window
     Variant ConstantChoice;         // value text chosen in the constant window
     int16_t IsRadian = 0, IsGradian = 0, IsDegree = -1;

@@ -178,6 +178,19 @@ TEST_F(CalcWindow, StateSurvivesClosingAndReopening) {
     EXPECT_EQ(Shown(), "0.|");  // a locked calculator comes back cleared
 }
 
+TEST_F(CalcWindow, MenusOpenTheRegisterDataConstantAndHelpWindows) {
+    for (const char* name : {"mnuRegisters", "mnuData", "mnuConstants", "mnuHelpTopics"}) {
+        QAction* entry = Menu(name);
+        ASSERT_NE(entry, nullptr) << name;
+        ASSERT_TRUE(entry->isEnabled()) << name;
+        entry->trigger();
+    }
+    // Each window came up as a modal dialog, which the watchdog closed.
+    ASSERT_EQ(watchdog_.Seen().size(), 4);
+    for (const auto& seen : watchdog_.Seen()) EXPECT_FALSE(seen.title.isEmpty());
+    EXPECT_EQ(watchdog_.Seen()[3].title, "Calculator Help");
+}
+
 TEST(CalcFromMainWindow, MenuOpensOneWindowOnStateThatOutlivesIt) {
     MainFrm main;
     main.show();
