@@ -42,14 +42,15 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Ferrolith"));
     QApplication::setApplicationVersion(QString::fromLatin1(kVersion));
     QApplication::setDesktopFileName(QStringLiteral("ferrolith"));
+    // The first copy of the program answers for the user's one calculator.
+    SingleInstance calcGuard;
+    calcGuard.Claim();
     if (HasArg(argc, argv, "--calculator")) {
         // The calculator's state lives as long as the program, as it does
         // under the main window.
         QApplication::setDesktopFileName(QStringLiteral("ferrolith-calculator"));
         // One calculator per user: a second start hands over to the first,
         // which restores and raises its window, and ends.
-        SingleInstance calcGuard;
-        calcGuard.Claim();
         if (!calcGuard.IsFirst() && calcGuard.HandOver()) return 0;
         CalcVariables state;
         CalcMainFrm calc(state);
@@ -63,6 +64,11 @@ int main(int argc, char** argv) {
     // One document path, as the shell hands it.
     const QStringList args = QApplication::arguments();
     MainFrm w(nullptr, args.size() > 1 ? args.at(1) : QString());
+    w.SetCalculatorGuard(&calcGuard);
+    QObject::connect(&calcGuard, &SingleInstance::ShowRequested, &w, [&w] {
+        w.action(QStringLiteral("mnuSciCal"))->trigger();
+        if (QWidget* calc = w.findChild<QWidget*>(QStringLiteral("CalcMainFrm"))) SingleInstance::Raise(calc);
+    });
     w.show();
     return app.exec();
 }

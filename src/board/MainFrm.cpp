@@ -30,6 +30,7 @@
 #include "shell/AppInfo.h"
 #include "shell/QtText.h"
 #include "shell/RecentFiles.h"
+#include "shell/SingleInstance.h"
 
 using BoardState::Button;
 
@@ -200,6 +201,7 @@ void MainFrm::BuildMenus() {
     sciCal->setEnabled(true);
     connect(sciCal, &QAction::triggered, this, [this] {
         CalcMainFrm* w = findChild<CalcMainFrm*>(QStringLiteral("CalcMainFrm"));
+        if (w == nullptr && calcGuard_ && !calcGuard_->IsFirst() && calcGuard_->HandOver()) return;
         if (w == nullptr) {
             w = new CalcMainFrm(CalcState, this);
             w->setAttribute(Qt::WA_DeleteOnClose);

@@ -15,6 +15,7 @@
 #include "calc/CalcVariables.h"
 
 class QAction;
+class SingleInstance;
 class QCheckBox;
 class QGroupBox;
 class QLabel;
@@ -36,6 +37,9 @@ public:
 
     // ---- What later tools build on ----------------------------------------------
     PublicVariables::LayoutDocument& Document() { return doc_; }
+    // The program's claim on the one calculator per user; a copy that does
+    // not hold it hands the calculator over to the copy that does.
+    void SetCalculatorGuard(SingleInstance* guard) { calcGuard_ = guard; }
     BoardState::Board& Board() { return *board_; }
     BoardSurface& Surface() { return *DrawingBoard; }
     const QString& FileName() const { return FileName_; }
@@ -112,4 +116,5 @@ private:
     std::vector<BoltDataHandling::BoltRecord> BoltRecords;
     // The calculator's state: it outlives the calculator window for the run.
     CalcVariables CalcState;
+    SingleInstance* calcGuard_ = nullptr;
 };
