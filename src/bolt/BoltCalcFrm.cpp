@@ -596,38 +596,15 @@ void BoltCalcFrm::CloseEdit() {
 }
 
 bool BoltCalcFrm::EdiTxt_KeyPress(QKeyEvent* event) {
-    const int16_t code = FlexProcedures::KeyCodeOf(event->key());
     const int shift = static_cast<int>(event->modifiers());
     auto leave = [&](int16_t how) {
         FlexProcedures::Flex_LeaveEditor(cFlex, EdiTxt, how, shift, [this] { CloseEdit(); });
     };
-    switch (code) {
-        case Tab:
-        case Enter:
-            if (editCol_ >= 3 && editCol_ <= 6) ModifyTextC(EdiTxt);
-            leave(code);
-            return true;
-        case Left:
-            if (EdiTxt->cursorPosition() != 0) return false;
-            leave(Left);
-            return true;
-        case Right:
-            if (EdiTxt->cursorPosition() < EdiTxt->text().size()) return false;
-            leave(Right);
-            return true;
-        case Up:
-        case Down:
-        case Esc:
-            leave(code);
-            return true;
-        default:
-            break;
-    }
-    const QString text = event->text();
-    if (text.isEmpty()) return false;  // navigation and modifier keys
-    const int ch = text.at(0).unicode();
-    if (ch >= 256) return true;
-    return FilterKey(editCol_, static_cast<int16_t>(ch), false) == 0;
+    auto commit = [this] {
+        if (editCol_ >= 3 && editCol_ <= 6) ModifyTextC(EdiTxt);
+    };
+    return FlexProcedures::Editor_KeyDown(event, EdiTxt, commit, leave,
+                                          [this](int16_t ch) { return FilterKey(editCol_, ch, false); });
 }
 
 bool BoltCalcFrm::eventFilter(QObject* watched, QEvent* event) {

@@ -315,4 +315,37 @@ int16_t Key_Architectural(int16_t key, const QLineEdit* box) {
 
 bool Box_HasMinus(const QLineEdit* box) { return KeyFilters::Box_HasMinus(StateOf(box)); }
 
+bool Editor_KeyDown(QKeyEvent* event, QLineEdit* box, const std::function<void()>& commit,
+                    const std::function<void(int16_t)>& leave, const std::function<int16_t(int16_t)>& filter) {
+    using namespace KeyFilters::KeyCode;
+    const int16_t code = KeyCodeOf(event->key());
+    switch (code) {
+        case Tab:
+        case Enter:
+            if (commit) commit();
+            leave(code);
+            return true;
+        case Left:
+            if (box->cursorPosition() != 0) return false;
+            leave(Left);
+            return true;
+        case Right:
+            if (box->cursorPosition() < box->text().size()) return false;
+            leave(Right);
+            return true;
+        case Up:
+        case Down:
+        case Esc:
+            leave(code);
+            return true;
+        default:
+            break;
+    }
+    const QString text = event->text();
+    if (text.isEmpty()) return false;  // navigation and modifier keys
+    const int ch = text.at(0).unicode();
+    if (ch >= 256) return true;
+    return filter(static_cast<int16_t>(ch)) == 0;
+}
+
 }  // namespace FlexProcedures

@@ -76,6 +76,8 @@ private:
     int fixedCols_;
 };
 
+class QKeyEvent;
+
 namespace FlexProcedures {
 
 // The key code of a Qt key as the editors know it (Enter, arrows, Esc, Tab,
@@ -103,5 +105,12 @@ int16_t Key_SignedDecimal(int16_t key, const QLineEdit* box);
 int16_t Key_UnsignedDecimal(int16_t key, const QLineEdit* box);
 int16_t Key_Architectural(int16_t key, const QLineEdit* box);
 bool Box_HasMinus(const QLineEdit* box);
+
+// A key in a grid's floating editor: Tab and Enter commit the text (commit
+// runs first) and leave the cell, the arrows leave it at the text's ends, Up,
+// Down and Esc leave at once; a typed character goes through filter, which
+// gives 0 to refuse it. True when the key is taken from the edit box.
+bool Editor_KeyDown(QKeyEvent* event, QLineEdit* box, const std::function<void()>& commit,
+                    const std::function<void(int16_t)>& leave, const std::function<int16_t(int16_t)>& filter);
 
 }  // namespace FlexProcedures

@@ -472,41 +472,16 @@ void CcalculatorFrm::WeldFlex_Scroll() {
 }
 
 bool CcalculatorFrm::EdiTxtA_KeyDown(QKeyEvent* event) {
-    const int16_t code = FlexProcedures::KeyCodeOf(event->key());
     const int shift = static_cast<int>(event->modifiers());
     const bool changed = wc::ChangedAtThreeDecimals(S(EdiTxtA->text()), S(WeldFlex->TextMatrix(editRow_, 1)));
     auto leave = [&](int16_t how) {
         FlexProcedures::Flex_LeaveEditor(WeldFlex, EdiTxtA, how, shift, [this] { WeldFlex_LeaveCell(); });
         if (changed && how != Esc) WipeResult();
+        if (how == Tab || how == Enter) WeldFlex_LeaveCell();
     };
-    switch (code) {
-        case Tab:
-        case Enter:
-            ModifyTextWeld(EdiTxtA);
-            leave(code);
-            WeldFlex_LeaveCell();
-            return true;
-        case Left:
-            if (EdiTxtA->cursorPosition() != 0) return false;
-            leave(Left);
-            return true;
-        case Right:
-            if (EdiTxtA->cursorPosition() < EdiTxtA->text().size()) return false;
-            leave(Right);
-            return true;
-        case Up:
-        case Down:
-        case Esc:
-            leave(code);
-            return true;
-        default:
-            break;
-    }
-    const QString text = event->text();
-    if (text.isEmpty()) return false;
-    const int ch = text.at(0).unicode();
-    if (ch >= 256) return true;
-    return FlexProcedures::Key_SignedDecimal(static_cast<int16_t>(ch), EdiTxtA) == 0;
+    return FlexProcedures::Editor_KeyDown(
+        event, EdiTxtA, [this] { ModifyTextWeld(EdiTxtA); }, leave,
+        [this](int16_t ch) { return FlexProcedures::Key_SignedDecimal(ch, EdiTxtA); });
 }
 
 bool CcalculatorFrm::eventFilter(QObject* watched, QEvent* event) {
