@@ -3,7 +3,7 @@ BUILD_DIR ?= build
 JOBS ?= $(shell nproc)
 CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
 
-.PHONY: all bootstrap configure build run test test-asan fuzz bench clean
+.PHONY: all bootstrap configure build run test test-asan coverage fuzz bench clean
 
 all: build
 
@@ -38,6 +38,21 @@ test-asan: bootstrap
 	cd $(ASAN_DIR) && QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 \
 		UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 ctest --output-on-failure -j $(JOBS)
 
+# Line coverage of the core library by the whole core suite (no windows),
+# with gcov and lcov, in its own build folder. Prints the summary and
+# leaves the per-file report in $(COV_DIR)/core.info.
+COV_DIR ?= build-cov
+coverage: bootstrap
+	@command -v lcov >/dev/null || scripts/bootstrap --with lcov
+	cmake -S . -B $(COV_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DFERROLITH_BUILD_GUI=OFF \
+		-DFERROLITH_BUILD_BENCH=OFF -DCMAKE_CXX_FLAGS="--coverage" -DCMAKE_EXE_LINKER_FLAGS="--coverage"
+	cmake --build $(COV_DIR) -j $(JOBS)
+	lcov -q --zerocounters -d $(COV_DIR)
+	cd $(COV_DIR) && ctest -j $(JOBS) --output-on-failure
+	lcov -q -c -d $(COV_DIR)/src/CMakeFiles/ferrolith_core.dir -o $(COV_DIR)/raw.info --ignore-errors mismatch
+	lcov -q --extract $(COV_DIR)/raw.info '*/src/*' -o $(COV_DIR)/core.info
+	lcov --summary $(COV_DIR)/core.info
+
 # libFuzzer on each file reader for FUZZ_SECONDS each (needs clang and
 # libclang-rt-dev; the ordinary build replays the committed seeds instead).
 FUZZ_DIR ?= build-fuzz
@@ -58,4 +73,4 @@ bench: build
 	cmake --build $(BUILD_DIR) --target run_bench
 
 clean:
-	rm -rf $(BUILD_DIR) $(ASAN_DIR) $(FUZZ_DIR)
+	rm -rf $(BUILD_DIR) $(ASAN_DIR) $(COV_DIR) $(FUZZ_DIR)
