@@ -127,7 +127,10 @@ void BoardSurface::Circle(double x, double y, double radius, uint32_t color) {
 }
 
 QFont BoardSurface::CurrentFont() const {
-    QFont f(Q(FontName));
+    QFont f;
+    // Without the requested face, a condensed sans keeps texts placed for its
+    // narrow letters from running into each other.
+    f.setFamilies({Q(FontName), QStringLiteral("DejaVu Sans Condensed")});
     // The size in points, on the image's device pixels, so text keeps its size at any scale.
     f.setPixelSize(qMax(1, qRound(FontSize / 72.0 * logicalDpiY() * devicePixelRatioF())));
     f.setBold(FontBold);

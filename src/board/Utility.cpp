@@ -19,10 +19,10 @@ namespace {
 
 // Board units (inches) of the symbol.
 constexpr double kShaft = 0.6;          // arrow length, anchor to head
-constexpr double kBarb = 0.11;          // length of each barb of the head
+constexpr double kBarb = 0.14;          // length of each barb of the head
 constexpr double kBarbAngle = 0.4363;   // 25 degrees between barb and shaft
 constexpr double kAnchorRadius = 0.035;
-constexpr double kDimBelow = 0.12;      // dimension line below the group's lowest point
+constexpr double kDimBelow = 0.17;      // dimension line below the group, clear of its labels
 constexpr double kExtGap = 0.05;        // extension lines stop short of what they measure
 constexpr double kExtOverrun = 0.075;   // and run past the dimension line
 constexpr double kTextGap = 0.03;       // between the dimension line and its text

@@ -161,6 +161,10 @@ TEST_F(MainFrmCalc, Screenshots) {
                                      .arg(out, right ? "right" : "left", angle)
                                      .arg(w->devicePixelRatioF());
             EXPECT_TRUE(w->grab().save(file));
+            // The symbol's corner of the board at full size.
+            const QPointF at = w->Surface().ToDevice(w->Document().Load.LoadPoint.X, w->Document().Load.LoadPoint.Y);
+            const QRect box(at.toPoint() - QPoint(300, 200), QSize(600, 700));
+            EXPECT_TRUE(w->Surface().Image().copy(box).save(QString(file).replace(".png", "_symbol.png")));
         }
     }
 }
