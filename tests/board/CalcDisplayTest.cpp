@@ -7,6 +7,7 @@
 
 #include "BoardTestDoc.h"
 #include "RecordingSurface.h"
+#include "board/FileHandling.h"
 #include "board/Utility.h"
 
 using namespace CalcDisplay;
@@ -297,6 +298,12 @@ TEST(CalcDisplay, TypedLoadInputsAreCheckedAndRewritten) {
         EXPECT_NEAR(c.ecc ? load.LoadEccentricity : load.LoadAngle, c.ok ? c.value : 7.0, 1e-12);
         EXPECT_EQ(c.ecc ? s.EcInput : s.RotInput, c.shown);
     }
+    // A new load alone is no change of the layout: closing asks for no save.
+    LayoutDocument doc = CShape();
+    doc.LinesSaved = doc.Lines;
+    CalcState s;
+    ASSERT_TRUE(Apply_Eccentricity("2'", doc.Load, s) && Apply_Rotation("30", doc.Load, s));
+    EXPECT_FALSE(FileHandling::Layout_Changed(doc));
 }
 
 }  // namespace
