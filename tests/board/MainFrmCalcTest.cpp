@@ -13,6 +13,7 @@
 
 #include "GuiTestSupport.h"
 #include "board/BoardSurface.h"
+#include "board/CartesianModule.h"
 #include "board/FileHandling.h"
 #include "board/MainFrm.h"
 #include "shell/SettingsStore.h"
@@ -38,9 +39,12 @@ protected:
     }
     template <class T> T* W(const char* name) { return w->findChild<T*>(name); }
     void EnterCalculation() { QTest::mouseClick(W<QWidget>("ModeBarButton_14"), Qt::LeftButton); }
+    // Just right of the center of gravity, or near the left edge: both stay
+    // inside the small offscreen screen at any scale.
     void ClickBoard(bool right) {
         BoardSurface& s = w->Surface();
-        const QPoint at(right ? s.width() - 20 : 20, s.height() / 2);
+        const double cx = CartesianModule::Centroid_X(w->Document().Lines);
+        const QPoint at(right ? qRound(cx * s.logicalDpiX()) + 40 : 20, s.height() / 2);
         QTest::mouseMove(&s, at);
         QTest::mouseClick(&s, Qt::LeftButton, {}, at);
     }
