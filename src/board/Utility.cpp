@@ -1,5 +1,6 @@
 #include "board/Utility.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "board/CartesianModule.h"
