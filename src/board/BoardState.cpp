@@ -418,6 +418,9 @@ PopUp Board::DrawingBoard_MouseUp(Button button, bool shift, double x, double y)
     case DRAW:
         if (button == Button::Right && shift) popup = PopUp::Osnap;
         break;
+    case CALCULATION:
+        if (LastButton == Button::Left && hooks.Calculation_Click) hooks.Calculation_Click();
+        break;
     case PAN:
         if (left && Something_On_Board(doc_)) {
             LayoutRender::Pan_Ghost(surface_, Ghost, x, y, PanFrom.X, PanFrom.Y, true);

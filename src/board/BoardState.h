@@ -66,6 +66,7 @@ public:
     // in here; an empty hook does nothing.
     struct Hooks {
         std::function<void()> Enter_Calculation;    // builds the calculation display
+        std::function<void()> Calculation_Click;    // left click in CALCULATION: places the load
         std::function<void()> DeleteButton_Click;   // Delete in SELECTION
         std::function<void()> Delete_Hover;         // Delete in EDIT
         std::function<void()> Escape_Selection;     // Esc in SELECTION

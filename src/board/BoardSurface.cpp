@@ -126,13 +126,28 @@ void BoardSurface::Circle(double x, double y, double radius, uint32_t color) {
     p.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void BoardSurface::Print(const std::string& text) {
-    QPainter& p = Painter();
-    QFont f(Q(FontName));
-    // Point sizes on a device-pixel image: scale by the ratio so text keeps its size.
-    // The size in points, on the image's device pixels.
+QFont BoardSurface::CurrentFont() const {
+    QFont f;
+    // Without the requested face, a condensed sans keeps texts placed for its
+    // narrow letters from running into each other.
+    f.setFamilies({Q(FontName), QStringLiteral("DejaVu Sans Condensed")});
+    // The size in points, on the image's device pixels, so text keeps its size at any scale.
     f.setPixelSize(qMax(1, qRound(FontSize / 72.0 * logicalDpiY() * devicePixelRatioF())));
     f.setBold(FontBold);
+    return f;
+}
+
+double BoardSurface::TextWidth(const std::string& text) const {
+    return QFontMetricsF(CurrentFont()).horizontalAdvance(Q(text)) / UnitPx();
+}
+
+double BoardSurface::TextHeight() const {
+    return QFontMetricsF(CurrentFont()).height() / (logicalDpiY() * devicePixelRatioF());
+}
+
+void BoardSurface::Print(const std::string& text) {
+    QPainter& p = Painter();
+    const QFont f = CurrentFont();
     p.setFont(f);
     p.setPen(FromBgr(ForeColor));
     p.setCompositionMode(QPainter::CompositionMode_SourceOver);

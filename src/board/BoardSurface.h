@@ -21,6 +21,8 @@ public:
     void Line(double x1, double y1, double x2, double y2, uint32_t color) override;
     void Circle(double x, double y, double radius, uint32_t color) override;
     void Print(const std::string& text) override;
+    double TextWidth(const std::string& text) const override;
+    double TextHeight() const override;
     void Refresh() override;
     void SetMousePointer(board::Pointer p) override;
     void SetToolTipText(const std::string& text) override;
@@ -57,6 +59,7 @@ private:
     QPainter& Painter();
     void EndPainting() const;
     double UnitPx() const;  // device pixels per inch
+    QFont CurrentFont() const;  // the text font, sized for the image's device pixels
     QImage image_;
     mutable std::unique_ptr<QPainter> painter_;
     board::Pointer pointer_ = board::Pointer::Default;

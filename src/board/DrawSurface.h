@@ -50,6 +50,14 @@ public:
     // Text at CurrentX, CurrentY (its top left) in ForeColor and the font;
     // then the position moves to the start of the next text line.
     virtual void Print(const std::string& text) = 0;
+    // Size of a text in the present font, in board units. This estimate from
+    // the character count serves surfaces that cannot measure text.
+    virtual double TextWidth(const std::string& text) const {
+        size_t chars = 0;
+        for (unsigned char c : text) chars += (c & 0xC0) != 0x80;  // UTF-8 lead bytes
+        return static_cast<double>(chars) * FontSize * 0.0075;
+    }
+    virtual double TextHeight() const { return FontSize / 72.0 * 1.2; }
     // Shows what was drawn since the last refresh.
     virtual void Refresh() {}
 

@@ -310,6 +310,7 @@ void MainFrm::BuildBoardArea() {
     LoadParamBox = new QGroupBox(QStringLiteral("Load Parameters"), central);
     LoadParamBox->setObjectName(QStringLiteral("LoadParamBox"));
     LoadParamBox->hide();
+    BuildLoadParamBox();
     side->addWidget(LoadParamBox);
     side->addStretch(1);
 
@@ -408,6 +409,7 @@ void MainFrm::SyncUi() {
     StatusPanel1->setText(Q(ui.StatusPanel1));
     StatusPanel2->setText(Q(ui.StatusPanel2));
     LoadParamBox->setVisible(ui.LoadParamBoxVisible);
+    SyncLoadPanel();
     for (const ModeDef& m : kModeDefs) {
         action(QString::fromLatin1(m.menu))->setChecked(ui.CheckedMode == m.index);
         ModeBar->findChild<QAction*>(QStringLiteral("ModeBar_%1").arg(m.index))

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "board/BoardState.h"
+#include "board/CalcDisplay.h"
 #include "board/PublicVariables.h"
 #include "bolt/BoltDataHandling.h"
 #include "calc/CalcVariables.h"
@@ -21,6 +22,7 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QMenu;
+class QPushButton;
 class QRadioButton;
 class QToolBar;
 class BoardSurface;
@@ -92,6 +94,18 @@ private:
     void Set_Caption_From_File();
     void Warn(const QString& text, bool stopIcon = true);
 
+    // ---- The load panel of CALCULATION (MainFrmCalc.cpp) -------------------------
+    void BuildLoadParamBox();
+    // Copies the texts the calculation display wrote for the two boxes.
+    void SyncLoadPanel();
+    // Each applies its box to the load and redraws the symbol; false, after
+    // a warning, when the box holds no valid value.
+    bool EcButton_Click();
+    bool RotButton_Click();
+    void CalcWeldCapButton_Click();
+    void Refuse_LoadInput(QLineEdit* box, const QString& text);
+    void Redraw_Load();
+
     PublicVariables::LayoutDocument doc_;
     BoardSurface* DrawingBoard = nullptr;
     std::unique_ptr<BoardState::Board> board_;
@@ -108,6 +122,14 @@ private:
     QCheckBox* PolyBox = nullptr;
     QGroupBox* LoadParamBox = nullptr;
     QList<QRadioButton*> SnapButton;
+    QLineEdit* EcInput = nullptr;
+    QLineEdit* RotInput = nullptr;
+    QPushButton* EcButton = nullptr;
+    QPushButton* RotButton = nullptr;
+    QPushButton* CalcWeldCapButton = nullptr;
+    CalcDisplay::CalcState Calc;
+    int syncedEcSerial_ = -1;
+    int syncedRotSerial_ = -1;
 
     QMenu* recentAnchor_ = nullptr;
     QAction* recentSeparator_ = nullptr;

@@ -1,0 +1,163 @@
+// CALCULATION on the main window, driven as a user drives it: the mode bar,
+// a click for the load's side, the load panel's boxes and buttons, and the
+// capacity window it opens.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "GuiTestSupport.h"
+#include "board/BoardSurface.h"
+#include "board/CartesianModule.h"
+#include "board/FileHandling.h"
+#include "board/MainFrm.h"
+#include "shell/SettingsStore.h"
+#include "weld/CalculateFrm.h"
+
+namespace {
+
+const QString kExamples = QStringLiteral(FERROLITH_SOURCE_DIR "/examples/");
+
+class MainFrmCalc : public testing::Test {
+protected:
+    void SetUp() override {
+        // The capacity window at its first-start settings, as the command line runs.
+        for (const char* key : {"WeldStrip", "WeldSize", "WeldClass", "DesignMethod"})
+            settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", key, "");
+        settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", "SolverModel", "iterative");
+        ASSERT_TRUE(dir.isValid());
+    }
+    void Open(const QString& file) {
+        w = std::make_unique<MainFrm>(nullptr, kExamples + file);
+        w->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(w.get()));
+    }
+    template <class T> T* W(const char* name) { return w->findChild<T*>(name); }
+    void EnterCalculation() { QTest::mouseClick(W<QWidget>("ModeBarButton_14"), Qt::LeftButton); }
+    // Just right of the center of gravity, or near the left edge: both stay
+    // inside the small offscreen screen at any scale.
+    void ClickBoard(bool right) {
+        BoardSurface& s = w->Surface();
+        const double cx = CartesianModule::Centroid_X(w->Document().Lines);
+        const QPoint at(right ? qRound(cx * s.logicalDpiX()) + 40 : 20, s.height() / 2);
+        QTest::mouseMove(&s, at);
+        QTest::mouseClick(&s, Qt::LeftButton, {}, at);
+    }
+    void Type(const char* box, const QString& text, bool enter = false) {
+        auto* e = W<QLineEdit>(box);
+        e->setFocus();
+        QTest::keyClick(e, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(e, text);
+        if (enter) QTest::keyClick(e, Qt::Key_Return);
+    }
+    // Clicks the calculate button and reads CBox once the capacity window's run ended.
+    QString RunCapacity() {
+        QString result;
+        dog.SetDialogHandler([&](QDialog* d) {
+            auto* frm = qobject_cast<CalculateFrm*>(d);
+            if (frm == nullptr) return false;
+            const QString cbox = frm->findChild<QLineEdit*>("CBox")->text();
+            if (frm->RunActive() || cbox.isEmpty()) return true;
+            result = cbox.trimmed();
+            d->close();
+            return true;
+        });
+        QTest::mouseClick(W<QPushButton>("CalcWeldCapButton"), Qt::LeftButton);
+        dog.SetDialogHandler({});
+        return result;
+    }
+    // What the command line prints for the document with its present load.
+    QString CliCapacity() {
+        const QString path = dir.filePath("load.wld");
+        EXPECT_FALSE(FileHandling::Write_Layout(w->Document(), path.toStdString()).Failed());
+        QProcess cli;
+        cli.start(QStringLiteral(FERROLITH_CLI), {"capacity", path});
+        EXPECT_TRUE(cli.waitForFinished(120000));
+        return QString::fromUtf8(cli.readAllStandardOutput()).section('\n', 0, 0);
+    }
+
+    guitest::ModalWatchdog dog;
+    QTemporaryDir dir;
+    std::unique_ptr<MainFrm> w;
+};
+
+TEST_F(MainFrmCalc, PlacedLoadRunsToTheCommandLinesCapacity) {
+    Open("c-shape-right.wld");
+    EnterCalculation();
+    ASSERT_TRUE(W<QGroupBox>("LoadParamBox")->isVisible());
+    EXPECT_EQ(W<QLineEdit>("EcInput")->text(), "9\"");
+    EXPECT_EQ(W<QLineEdit>("RotInput")->text(), QString::fromUtf8("0\u00B0"));
+
+    QString previous;
+    for (const char* angle : {"0", "45"}) {
+        SCOPED_TRACE(angle);
+        const bool right = previous.isEmpty();  // on the right at 0 degrees, then on the left at 45
+        ClickBoard(right);
+        Type("EcInput", "0'-6\"");
+        Type("RotInput", angle);
+        const QString shown = RunCapacity();
+        const auto& load = w->Document().Load;
+        EXPECT_EQ(load.LoadSide, right ? 1 : 0);
+        EXPECT_EQ(load.LoadEccentricity, 0.5);
+        EXPECT_EQ(load.LoadAngle, QString(angle).toDouble());
+        EXPECT_EQ(W<QLineEdit>("EcInput")->text(), "6\"");
+        ASSERT_FALSE(shown.isEmpty());
+        EXPECT_EQ(shown, CliCapacity());
+        EXPECT_NE(shown, previous);
+        previous = shown;
+    }
+}
+
+TEST_F(MainFrmCalc, BoxesFilterKeysAndRefuseWhatIsNoValue) {
+    Open("angle-left.wld");
+    EnterCalculation();
+    auto* ec = W<QLineEdit>("EcInput");
+    Type("EcInput", "1a'b-3x");
+    EXPECT_EQ(ec->text(), "1'-3");
+    Type("RotInput", "-1-2.5.0e");
+    EXPECT_EQ(W<QLineEdit>("RotInput")->text(), "-12.50");
+    Type("RotInput", "-10.5", true);  // Enter applies
+    EXPECT_EQ(W<QLineEdit>("RotInput")->text(), QString::fromUtf8("350.5\u00B0"));
+    EXPECT_EQ(w->Document().Load.LoadAngle, 350.5);
+
+    const double ecc = w->Document().Load.LoadEccentricity;
+    Type("EcInput", "5-3");
+    QTest::mouseClick(W<QPushButton>("CalcWeldCapButton"), Qt::LeftButton);
+    ASSERT_EQ(dog.Seen().size(), 1);
+    EXPECT_EQ(dog.Seen()[0].text, "Invalid Length Input !  ");
+    EXPECT_EQ(dog.Seen()[0].title, "Warning:");
+    EXPECT_EQ(dog.Seen()[0].icon, QMessageBox::Critical);
+    EXPECT_EQ(w->Document().Load.LoadEccentricity, ecc);
+    EXPECT_EQ(ec->selectedText(), "5-3");
+}
+
+// Pictures of the calculation display with the load on either side at 0 and
+// 30 degrees, when FERROLITH_SHOTS names a folder.
+TEST_F(MainFrmCalc, Screenshots) {
+    const QString out = qEnvironmentVariable("FERROLITH_SHOTS");
+    if (out.isEmpty()) GTEST_SKIP() << "set FERROLITH_SHOTS to a folder to take pictures";
+    QDir().mkpath(out);
+    Open("c-shape-right.wld");
+    EnterCalculation();
+    for (bool right : {false, true}) {
+        for (const char* angle : {"0", "30"}) {
+            ClickBoard(right);
+            Type("RotInput", angle, true);
+            const QString file = QStringLiteral("%1/calc_%2_%3_x%4.png")
+                                     .arg(out, right ? "right" : "left", angle)
+                                     .arg(w->devicePixelRatioF());
+            EXPECT_TRUE(w->grab().save(file));
+            // The symbol's corner of the board at full size.
+            const QPointF at = w->Surface().ToDevice(w->Document().Load.LoadPoint.X, w->Document().Load.LoadPoint.Y);
+            const QRect box(at.toPoint() - QPoint(300, 200), QSize(600, 700));
+            EXPECT_TRUE(w->Surface().Image().copy(box).save(QString(file).replace(".png", "_symbol.png")));
+        }
+    }
+}
+
+}  // namespace
