@@ -93,10 +93,15 @@ TEST(RunControl, WindowsDifferOnlyInStartCaptionAndLockedBoxes) {
     EXPECT_FALSE(c.State().SizesLocked);
 }
 
-// The closing words themselves are read back from both windows' displays.
-TEST(RunControl, ResultTextMarksAnAbortedValue) {
+TEST(RunControl, ClosingWordsAndResultText) {
+    EXPECT_EQ(ClosingText(true),
+              "\r\r ** Instantaneous Center LOCATED !\r\r Reference: AISC Steel Construction\r\n"
+              "            Manual, 13th Edition");
+    EXPECT_EQ(ClosingText(false),
+              "\r\r ** Iteration ABORTED !\r\r Reference: AISC Construction Manual\r\n            13th Edition");
     EXPECT_EQ(ResultText(50.401567, true), "50.40157  ");
     EXPECT_EQ(ResultText(1.5, false), "** 1.50000  ");
+    EXPECT_NE(ElementClosingText(ElementOutcome::Found).find("AISC element model"), std::string::npos);
     EXPECT_EQ(ForWidget("a\r\rb\r\nc"), "a\n\nb\nc");
 }
 

@@ -17,6 +17,7 @@ TEST(WeldCoefficient, CellTextRules) {
     EXPECT_FALSE(ChangedAtThreeDecimals("10.0004", "10.000     "));
     EXPECT_TRUE(ChangedAtThreeDecimals("10.001", "10.000     "));
     EXPECT_TRUE(ChangedAtThreeDecimals("", "1.000"));
+    EXPECT_EQ(WindowCaption(ItemText(3)), "Weld Group Coefficient Calculator    -    [Weld Configuration 3]");
 }
 
 TEST(WeldCoefficient, CentroidRowsByConfiguration) {
