@@ -10,9 +10,9 @@
 
 namespace boardtest {
 
+using PublicVariables::DimensionRec;
 using PublicVariables::LayoutDocument;
 using PublicVariables::LineRec;
-using PublicVariables::DimensionRec;
 using PublicVariables::PointRec;
 
 inline PointRec P(float x, float y) {
@@ -49,8 +49,9 @@ inline LayoutDocument Drawn(const std::vector<std::vector<double>>& lines) {
     LayoutDocument doc;
     CartesianModule::Set_Viewport(doc);
     for (const auto& v : lines)
-        CartesianModule::Add_Drawn_Line(doc, P(CartesianModule::To_BoardX(doc, v[0]), CartesianModule::To_BoardY(doc, v[1])),
-                                        P(CartesianModule::To_BoardX(doc, v[2]), CartesianModule::To_BoardY(doc, v[3])));
+        CartesianModule::Add_Drawn_Line(
+            doc, P(CartesianModule::To_BoardX(doc, v[0]), CartesianModule::To_BoardY(doc, v[1])),
+            P(CartesianModule::To_BoardX(doc, v[2]), CartesianModule::To_BoardY(doc, v[3])));
     return doc;
 }
 

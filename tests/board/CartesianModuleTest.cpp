@@ -1,5 +1,3 @@
-#include "board/CartesianModule.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -8,6 +6,7 @@
 #include <vector>
 
 #include "BoardTestDoc.h"
+#include "board/CartesianModule.h"
 #include "board/DimensionModule.h"
 
 using namespace PublicVariables;

@@ -35,14 +35,22 @@ TEST(CommandLine, PointRepliesReadIntoBoardUnits) {
         bool absolute;  // world inches, shown at (x, H - y) by the start viewport; else board units
         double ex, ey;
     } cases[] = {
-        {"3'-6,2'", 0, 0, true, 42, 24}, {" 1.5 , 2.25 ", 0, 0, true, 1.5, 2.25},
-        {"0'-6\",1/2\"", 1, 0, true, 6, 0.5}, {"-3,-4", 0, 0, true, -3, -4},
+        {"3'-6,2'", 0, 0, true, 42, 24},
+        {" 1.5 , 2.25 ", 0, 0, true, 1.5, 2.25},
+        {"0'-6\",1/2\"", 1, 0, true, 6, 0.5},
+        {"-3,-4", 0, 0, true, -3, -4},
         // polar, relative to LastPt (1, 2); positive angles run counterclockwise on the screen
-        {"5<0", 1, 0, false, 6, 2}, {"5<90", 1, 0, false, 1, -3}, {"0'-6\"<180", 1, 0, false, -5, 2},
-        {"1'<270", 1, 0, false, 1, 14}, {"2<30", 1, 0, false, 1 + c30, 2 - s30},
+        {"5<0", 1, 0, false, 6, 2},
+        {"5<90", 1, 0, false, 1, -3},
+        {"0'-6\"<180", 1, 0, false, -5, 2},
+        {"1'<270", 1, 0, false, 1, 14},
+        {"2<30", 1, 0, false, 1 + c30, 2 - s30},
         // distance, along the last echoed direction
-        {"5", 1, 0, false, 6, 2}, {"5", 1, 90, false, 1, -3}, {"5", 1, 180, false, -4, 2},
-        {"5", 1, 270, false, 1, 7}, {"5", 0, 0, false, 6, 2},
+        {"5", 1, 0, false, 6, 2},
+        {"5", 1, 90, false, 1, -3},
+        {"5", 1, 180, false, -4, 2},
+        {"5", 1, 270, false, 1, 7},
+        {"5", 0, 0, false, 6, 2},
         {"2", 1, 45, false, 1 + std::sqrt(2.0), 2 - std::sqrt(2.0)},
     };
     const LayoutDocument doc;

@@ -1,8 +1,7 @@
-#include "board/DimensionModule.h"
-
 #include <gtest/gtest.h>
 
 #include "BoardTestDoc.h"
+#include "board/DimensionModule.h"
 
 using namespace DimensionModule;
 using namespace PublicVariables;

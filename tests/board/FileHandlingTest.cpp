@@ -1,5 +1,3 @@
-#include "board/FileHandling.h"
-
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -13,6 +11,7 @@
 
 #include "BoardTestDoc.h"
 #include "board/DimensionModule.h"
+#include "board/FileHandling.h"
 
 using namespace PublicVariables;
 using namespace FileHandling;
@@ -78,11 +77,11 @@ TEST(WldFormat, OneLineDocumentLayout) {
     const size_t nameLen = std::string("Line Number 1").size();
     ASSERT_EQ(b.size(), 84 + (44 + nameLen) + 56);
 
-    EXPECT_EQ(At<double>(b, 0), 1.0);                               // ZoomBase
-    EXPECT_EQ(At<double>(b, 8), 1.0);                               // ZoomScale
+    EXPECT_EQ(At<double>(b, 0), 1.0);                                // ZoomBase
+    EXPECT_EQ(At<double>(b, 8), 1.0);                                // ZoomScale
     EXPECT_EQ(At<double>(b, 16), static_cast<double>(doc.OriginY));  // Y before X
     EXPECT_EQ(At<double>(b, 24), 0.0);
-    EXPECT_EQ(At<uint16_t>(b, 32), 1);  // one dimension of the array
+    EXPECT_EQ(At<uint16_t>(b, 32), 1);   // one dimension of the array
     EXPECT_EQ(At<uint32_t>(b, 34), 1u);  // N
     EXPECT_EQ(At<int32_t>(b, 38), 0);    // lower bound
     EXPECT_EQ(At<float>(b, 42), 3.0f);   // EndPt comes first
@@ -256,8 +255,8 @@ TEST(WldFile, TitlesAndCommandLine) {
     struct Case {
         const char* in;
         const char* title;
-    } titles[] = {{"C:\\work\\a.wld", "a.wld"}, {"/home/u/box.wld", "box.wld"}, {"plain.wld", "plain.wld"},
-                  {"dir\\", ""}};
+    } titles[] = {
+        {"C:\\work\\a.wld", "a.wld"}, {"/home/u/box.wld", "box.wld"}, {"plain.wld", "plain.wld"}, {"dir\\", ""}};
     for (const auto& c : titles) EXPECT_EQ(File_Title(c.in), c.title);
 
     EXPECT_EQ(Command_File("\"C:\\a.wld\""), "C:\\a.wld");

@@ -1,10 +1,9 @@
-#include "board/LayoutRender.h"
-
 #include <gtest/gtest.h>
 
 #include "BoardTestDoc.h"
 #include "RecordingSurface.h"
 #include "board/CartesianModule.h"
+#include "board/LayoutRender.h"
 
 using namespace PublicVariables;
 using namespace boardtest;

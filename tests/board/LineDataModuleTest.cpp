@@ -21,15 +21,20 @@ TEST(LineData, ApplyMovesTheEndsAboutTheBasePoint) {
         float sx, sy, ex, ey;
     } cases[] = {
         // length alone, on each base point
-        {"60", "", BasePoint::Start, 1, 3, 61, 3}, {"60", "", BasePoint::Mid, -28, 3, 32, 3},
-        {"60", "", BasePoint::End, -57, 3, 3, 3}, {"5'", "", BasePoint::Start, 1, 3, 61, 3},
+        {"60", "", BasePoint::Start, 1, 3, 61, 3},
+        {"60", "", BasePoint::Mid, -28, 3, 32, 3},
+        {"60", "", BasePoint::End, -57, 3, 3, 3},
+        {"5'", "", BasePoint::Start, 1, 3, 61, 3},
         {"5'-3 1/2\"", "", BasePoint::Start, 1, 3, 64.5f, 3},
         // angle alone: 90 puts the moving point above the fixed one on the board
-        {"", "90", BasePoint::Start, 1, 3, 1, 1}, {"", "90", BasePoint::Mid, 2, 4, 2, 2},
-        {"", "90", BasePoint::End, 3, 1, 3, 3}, {"", "-90", BasePoint::Start, 1, 3, 1, 5},
+        {"", "90", BasePoint::Start, 1, 3, 1, 1},
+        {"", "90", BasePoint::Mid, 2, 4, 2, 2},
+        {"", "90", BasePoint::End, 3, 1, 3, 3},
+        {"", "-90", BasePoint::Start, 1, 3, 1, 5},
         {"", "180", BasePoint::Start, 1, 3, -1, 3},
         // length first, then the angle on the result
-        {"4", "90", BasePoint::Start, 1, 3, 1, -1}, {"0'-4\"", "270", BasePoint::End, 3, 7, 3, 3},
+        {"4", "90", BasePoint::Start, 1, 3, 1, -1},
+        {"0'-4\"", "270", BasePoint::End, 3, 7, 3, 3},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message() << c.len << " " << c.rot << " base " << c.base);

@@ -1,5 +1,3 @@
-#include "board/WeldUnitCapacity.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -7,6 +5,7 @@
 
 #include "BoardTestDoc.h"
 #include "board/FileHandling.h"
+#include "board/WeldUnitCapacity.h"
 
 using namespace PublicVariables;
 using namespace WeldFunctions;

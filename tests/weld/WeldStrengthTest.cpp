@@ -1,6 +1,6 @@
-#include "weld/WeldStrength.h"
-
 #include <gtest/gtest.h>
+
+#include "weld/WeldStrength.h"
 
 using namespace WeldStrength;
 
