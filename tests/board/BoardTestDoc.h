@@ -4,11 +4,13 @@
 #include <cmath>
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "board/CartesianModule.h"
 
 namespace boardtest {
 
+using PublicVariables::DimensionRec;
 using PublicVariables::LayoutDocument;
 using PublicVariables::LineRec;
 using PublicVariables::PointRec;
@@ -27,6 +29,30 @@ inline LineRec L(float x1, float y1, float x2, float y2) {
     l.MidPt = P((x1 + x2) / 2, (y1 + y2) / 2);
     l.Exists = -1;
     return l;
+}
+
+// A finished dimension from p1 to p2 with its line through (px, py).
+inline DimensionRec Dim(float x1, float y1, float x2, float y2, float px, float py, bool exists = true) {
+    DimensionRec d;
+    d.DimP1 = P(x1, y1);
+    d.DimP2 = P(x2, y2);
+    d.DimMid = P((x1 + x2) / 2, (y1 + y2) / 2);
+    d.DimPos = P(px, py);
+    d.Exists = exists ? -1 : 0;
+    d.DimDone = -1;
+    return d;
+}
+
+// A document drawn as the board draws, from world-inch lines {x1, y1, x2, y2}
+// at the start viewport.
+inline LayoutDocument Drawn(const std::vector<std::vector<double>>& lines) {
+    LayoutDocument doc;
+    CartesianModule::Set_Viewport(doc);
+    for (const auto& v : lines)
+        CartesianModule::Add_Drawn_Line(
+            doc, P(CartesianModule::To_BoardX(doc, v[0]), CartesianModule::To_BoardY(doc, v[1])),
+            P(CartesianModule::To_BoardX(doc, v[2]), CartesianModule::To_BoardY(doc, v[3])));
+    return doc;
 }
 
 // A document at the start viewport holding the lines, numbered 1, 2, ... and

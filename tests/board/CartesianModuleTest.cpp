@@ -1,60 +1,19 @@
-#include "board/CartesianModule.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "BoardTestDoc.h"
+#include "board/CartesianModule.h"
 #include "board/DimensionModule.h"
 
 using namespace PublicVariables;
 using namespace CartesianModule;
+using namespace boardtest;
 
-namespace {
-
-PointRec P(float x, float y) {
-    PointRec p;
-    p.X = x;
-    p.Y = y;
-    return p;
-}
-
-LineRec L(float x1, float y1, float x2, float y2) {
-    LineRec l;
-    l.StartPt = P(x1, y1);
-    l.EndPt = P(x2, y2);
-    l.MidPt = P((x1 + x2) / 2, (y1 + y2) / 2);
-    l.Exists = -1;
-    return l;
-}
-
-DimensionRec D(float x1, float y1, float x2, float y2, float px, float py) {
-    DimensionRec d;
-    d.DimP1 = P(x1, y1);
-    d.DimP2 = P(x2, y2);
-    d.DimMid = P((x1 + x2) / 2, (y1 + y2) / 2);
-    d.DimPos = P(px, py);
-    d.Exists = -1;
-    d.DimDone = -1;
-    return d;
-}
-
-// A document drawn from world-inch lines at the start viewport.
-LayoutDocument Drawn(const std::vector<std::vector<double>>& lines) {
-    LayoutDocument doc;
-    Set_Viewport(doc);
-    for (const auto& v : lines) {
-        PointRec a = P(To_BoardX(doc, v[0]), To_BoardY(doc, v[1]));
-        PointRec b = P(To_BoardX(doc, v[2]), To_BoardY(doc, v[3]));
-        EXPECT_TRUE(Add_Drawn_Line(doc, a, b));
-    }
-    return doc;
-}
-
-}  // namespace
-
-TEST(Viewport, NewDocumentPutsWorldOriginAtLowerLeft) {
+TEST(Viewport, WorldOriginAtLowerLeftAndZeroScaleFailsToZero) {
     LayoutDocument doc;
     Set_Viewport(doc);
     EXPECT_EQ(To_WorldY(doc, doc.ScaleHeight), 0.0f);
@@ -62,10 +21,6 @@ TEST(Viewport, NewDocumentPutsWorldOriginAtLowerLeft) {
     EXPECT_EQ(To_BoardX(doc, 2.5), 2.5f);
     EXPECT_FLOAT_EQ(To_BoardY(doc, 1.0), static_cast<float>(doc.ScaleHeight - 1.0));
     EXPECT_EQ(doc.OriginY, static_cast<float>(-doc.ScaleHeight));
-}
-
-TEST(Viewport, ZeroScaleConversionsFailQuietlyToZero) {
-    LayoutDocument doc;
     doc.ZoomScale = 0.0f;
     EXPECT_EQ(To_WorldX(doc, 3.0), 0.0f);
     EXPECT_EQ(To_WorldY(doc, 3.0), 0.0f);
@@ -76,23 +31,17 @@ TEST(Tables, CountsSlotsAndDeletion) {
     EXPECT_EQ(Line_Count(t), 0);
     EXPECT_TRUE(Lines_Empty(t));
     EXPECT_FALSE(Has_Line(t));
-    EXPECT_EQ(Selected_Count(t), 0);
     EXPECT_EQ(Unselected_Count(t), 0);
 
     // The first slot is the blank row itself.
-    ASSERT_TRUE(Add_Line_Slot(t));
-    EXPECT_EQ(t.size(), 1u);
-    t[0] = L(0, 0, 1, 0);
-    t[0].LineName = "a";
-    ASSERT_TRUE(Add_Line_Slot(t));
-    t[1] = L(0, 0, 0, 1);
-    t[1].LineName = "b";
-    ASSERT_TRUE(Add_Line_Slot(t));
-    t[2] = L(1, 1, 2, 2);
-    t[2].LineName = "c";
+    for (const char* name : {"a", "b", "c"}) {
+        ASSERT_TRUE(Add_Line_Slot(t));
+        t.back() = L(0, 0, 1, 1);
+        t.back().LineName = name;
+    }
+    ASSERT_EQ(t.size(), 3u);
     EXPECT_EQ(Line_Count(t), 3);
     EXPECT_TRUE(Has_Line(t));
-
     t[1].Selected = -1;
     EXPECT_EQ(Selected_Count(t), 1);
     EXPECT_EQ(Unselected_Count(t), 2);
@@ -100,40 +49,31 @@ TEST(Tables, CountsSlotsAndDeletion) {
     Delete_Line(t, 0);
     ASSERT_EQ(t.size(), 2u);
     EXPECT_EQ(t[0].LineName, "b");
-    EXPECT_EQ(t[1].LineName, "c");
     Delete_Line(t, 7);  // outside the table: nothing happens
     EXPECT_EQ(t.size(), 2u);
-
     Delete_Selected(t);
     ASSERT_EQ(t.size(), 1u);
     EXPECT_EQ(t[0].LineName, "c");
-
     Delete_Line(t, 0);
     EXPECT_TRUE(Lines_Empty(t));
     EXPECT_EQ(t.size(), 1u);
-}
 
-TEST(Tables, DeleteSelectedOfAllRowsLeavesBlankTable) {
-    LineTable t = {L(0, 0, 1, 1), L(1, 1, 2, 2), L(2, 2, 3, 3)};
+    // Deleting every row as a selection leaves the blank table too.
+    t = {L(0, 0, 1, 1), L(1, 1, 2, 2)};
     for (auto& r : t) r.Selected = -1;
     Delete_Selected(t);
     ASSERT_EQ(t.size(), 1u);
     EXPECT_EQ(t[0].Exists, 0);
-    EXPECT_TRUE(Lines_Empty(t));
-}
 
-TEST(Tables, SlotsStopAtTheIndexLimit) {
-    LineTable t(kMaxTableRows);
-    for (auto& r : t) r.Exists = -1;
+    // Slots stop at the 16-bit index limit.
+    t.assign(kMaxTableRows, L(0, 0, 1, 1));
     EXPECT_FALSE(Add_Line_Slot(t));
-    EXPECT_EQ(t.size(), kMaxTableRows);
     EXPECT_EQ(Line_Count(t), 32767);
 }
 
 TEST(Tables, DrawnLinesAreNumberedFromTheCounter) {
     LayoutDocument doc = Drawn({{0, 0, 3, 4}, {0, 0, 0, 10}});
     EXPECT_EQ(doc.LineCounter, 2);
-    EXPECT_EQ(doc.Lines[0].LineName, "Line Number 1");
     EXPECT_EQ(doc.Lines[1].LineName, "Line Number 2");
     EXPECT_DOUBLE_EQ(doc.Lines[0].Length, 5.0);
     // A deleted line's number is not used again.
@@ -142,35 +82,25 @@ TEST(Tables, DrawnLinesAreNumberedFromTheCounter) {
     EXPECT_EQ(doc.Lines[1].LineName, "Line Number 3");
 }
 
-TEST(Geometry, LineKind) {
+TEST(Geometry, LineKindAndPerpendicularFoot) {
     struct Case {
         LineRec l;
         int16_t kind;
+        PointRec p, foot;
     } cases[] = {
-        {L(1, 0, 1, 5), 1},
-        {L(0, 2, 5, 2), 2},
-        {L(0, 0, 1, 1), 4},
-        {L(3, 3, 3, 3), 1},  // a point is vertical
-    };
-    for (const auto& c : cases) EXPECT_EQ(Line_Kind(c.l), c.kind);
-}
-
-TEST(Geometry, PerpendicularFoot) {
-    struct Case {
-        LineRec l;
-        PointRec p, want;
-    } cases[] = {
-        {L(1, 0, 1, 5), P(4, 2), P(1, 2)},
-        {L(0, 2, 5, 2), P(3, 7), P(3, 2)},
-        {L(0, 0, 2, 2), P(2, 0), P(1, 1)},
-        {L(0, 4, 4, 0), P(0, 0), P(2, 2)},
+        {L(1, 0, 1, 5), 1, P(4, 2), P(1, 2)},
+        {L(0, 2, 5, 2), 2, P(3, 7), P(3, 2)},
+        {L(0, 0, 2, 2), 4, P(2, 0), P(1, 1)},
+        {L(0, 4, 4, 0), 4, P(0, 0), P(2, 2)},
     };
     for (const auto& c : cases) {
+        EXPECT_EQ(Line_Kind(c.l), c.kind);
         PointRec out;
         EXPECT_TRUE(Perpendicular_Foot(c.l, c.p, out));
-        EXPECT_FLOAT_EQ(out.X, c.want.X);
-        EXPECT_FLOAT_EQ(out.Y, c.want.Y);
+        EXPECT_FLOAT_EQ(out.X, c.foot.X);
+        EXPECT_FLOAT_EQ(out.Y, c.foot.Y);
     }
+    EXPECT_EQ(Line_Kind(L(3, 3, 3, 3)), 1);  // a point is vertical
 }
 
 TEST(Geometry, LinesCross) {
@@ -194,26 +124,22 @@ TEST(Geometry, LinesCross) {
         // runs on a's point at x = 0, which here lies on both.
         {"parallel sloped through x = 0", L(-1, -1, 1, 1), L(-1, 0, 1, 2), true, P(0, 0)},
         {"parallel sloped elsewhere", L(1, 1, 2, 2), L(1, 2, 2, 3), false, P(0, 0)},
+        // Collinear lines along an axis never cross, even when they touch.
+        {"vertical overlap", L(0, 0, 0, 2), L(0, 1, 0, 3), false, P(9, 9)},
+        {"horizontal overlap", L(0, 0, 2, 0), L(1, 0, 3, 0), false, P(9, 9)},
+        {"horizontal end to end", L(0, 0, 2, 0), L(2, 0, 3, 0), false, P(9, 9)},
     };
     for (const auto& c : cases) {
-        PointRec out;
+        PointRec out = P(9, 9);
         EXPECT_EQ(Lines_Cross(c.a, c.b, out), c.cross) << c.what;
-        if (c.cross) {
+        if (c.cross || c.at.X == 9) {
             EXPECT_FLOAT_EQ(out.X, c.at.X) << c.what;
             EXPECT_FLOAT_EQ(out.Y, c.at.Y) << c.what;
         }
     }
 }
 
-TEST(Geometry, CollinearAxisLinesNeverCross) {
-    PointRec out = P(9, 9);
-    EXPECT_FALSE(Lines_Cross(L(0, 0, 0, 2), L(0, 1, 0, 3), out));
-    EXPECT_FALSE(Lines_Cross(L(0, 0, 2, 0), L(1, 0, 3, 0), out));
-    EXPECT_FALSE(Lines_Cross(L(0, 0, 2, 0), L(2, 0, 3, 0), out));
-    EXPECT_EQ(out.X, 9.0f);
-}
-
-TEST(Geometry, BuildIntersectionsOfABox) {
+TEST(Geometry, IntersectionsOfABoxAndFindingThem) {
     LineTable box = {L(0, 0, 2, 0), L(2, 0, 2, 2), L(2, 2, 0, 2), L(0, 2, 0, 0)};
     PointTable result;
     int16_t flag = 0;
@@ -225,8 +151,7 @@ TEST(Geometry, BuildIntersectionsOfABox) {
     EXPECT_EQ(yields, 6);
 
     // No crossing: a blank table comes back, the flag is left as it was.
-    LineTable apart = {L(0, 0, 1, 0), L(0, 5, 1, 5)};
-    Build_Intersections(apart, result, flag);
+    Build_Intersections({L(0, 0, 1, 0), L(0, 5, 1, 5)}, result, flag);
     ASSERT_EQ(result.size(), 1u);
     EXPECT_EQ(result[0].Flag, 0);
     EXPECT_EQ(flag, -1);
@@ -243,20 +168,17 @@ TEST(Geometry, BuildIntersectionsOfABox) {
 
 TEST(Geometry, FindLineUsesPathSlack) {
     EXPECT_FALSE(Find_Line(BlankLines(), 0, 0, 1.0f).Found);
-
     LineTable t = {L(0, 0, 4, 0), L(0, 0, 4, 0), L(0, 1, 4, 1)};
     HoverRec h = Find_Line(t, 2.0f, 0.1f, 0.01f);
     EXPECT_TRUE(h.Found);
     EXPECT_EQ(h.Index, 0);  // of two overlapping lines the earlier row wins
     h = Find_Line(t, 2.0f, 0.95f, 0.01f);
-    EXPECT_TRUE(h.Found);
     EXPECT_EQ(h.Index, 2);
     EXPECT_EQ(h.Line.StartPt.Y, 1.0f);
     // The zone is narrow beyond the ends: 0.1 past the end is 0.2 of slack.
     EXPECT_FALSE(Find_Line(t, 4.1f, 0.0f, 0.1f).Found);
     // Rows that do not exist are not tested.
-    t[0].Exists = 0;
-    t[1].Exists = 0;
+    t[0].Exists = t[1].Exists = 0;
     EXPECT_FALSE(Find_Line(t, 2.0f, 0.0f, 0.01f).Found);
 }
 
@@ -275,7 +197,7 @@ TEST(Measures, BoundsTotalsAndCentroids) {
     EXPECT_TRUE(found);
 
     // Dimensions widen the bounds; alone they still give one.
-    doc.Dims = {D(0.5f, 2, 3, 2, 2, 7)};
+    doc.Dims = {Dim(0.5f, 2, 3, 2, 2, 7)};
     Bound_MinX(doc, found, v);
     EXPECT_TRUE(found);
     EXPECT_EQ(v, 0.5f);
@@ -294,13 +216,18 @@ TEST(Measures, BoundsTotalsAndCentroids) {
     EXPECT_DOUBLE_EQ(Line_Total(doc, doc.Lines), 6.0);
 }
 
-TEST(Zoom, FactorThenInverseReturnsPoints) {
-    LayoutDocument doc = Drawn({{0.5, 0.5, 4, 3}, {1, 1, 1, 4.5}});
-    doc.Dims = {D(1, 1, 2, 1, 1.5f, 0.5f)};
+TEST(Zoom, FactorMovesWorldPositionsKeepsLengthsAndItsInverseReturns) {
+    LayoutDocument doc = Drawn({{0.5, 0.5, 4, 3}, {1, 1, 4, 5}});
+    doc.Dims = {Dim(1, 1, 2, 1, 1.5f, 0.5f)};
     const LayoutDocument before = doc;
-    Zoom_Factor(doc, 1.05f);
-    EXPECT_NE(doc.Lines[0].StartPt.X, before.Lines[0].StartPt.X);
-    Zoom_Factor(doc, 1.0f / 1.05f);
+    Zoom_Factor(doc, 0.95f);
+    const LineRec& l = doc.Lines[1];
+    const double len = std::hypot(To_WorldX(doc, l.EndPt.X) - To_WorldX(doc, l.StartPt.X),
+                                  To_WorldY(doc, l.EndPt.Y) - To_WorldY(doc, l.StartPt.Y));
+    EXPECT_NEAR(len, 5.0, 1e-5);
+    // The origin is not rescaled, so positions in the world move.
+    EXPECT_GT(std::fabs(To_WorldY(doc, l.StartPt.Y) - To_WorldY(before, before.Lines[1].StartPt.Y)), 1e-3);
+    Zoom_Factor(doc, 1.0f / 0.95f);
     for (size_t i = 0; i < doc.Lines.size(); ++i) {
         EXPECT_NEAR(doc.Lines[i].StartPt.X, before.Lines[i].StartPt.X, 1e-5);
         EXPECT_NEAR(doc.Lines[i].EndPt.Y, before.Lines[i].EndPt.Y, 1e-5);
@@ -310,33 +237,20 @@ TEST(Zoom, FactorThenInverseReturnsPoints) {
     EXPECT_NEAR(doc.ZoomScale, 1.0f, 1e-6);
 }
 
-TEST(Zoom, ZoomMovesWorldPositionsButKeepsLengths) {
-    LayoutDocument doc = Drawn({{1, 1, 4, 5}});
-    const float wy = To_WorldY(doc, doc.Lines[0].StartPt.Y);
-    Zoom_Factor(doc, 0.95f);
-    const LineRec& l = doc.Lines[0];
-    const double len = std::hypot(To_WorldX(doc, l.EndPt.X) - To_WorldX(doc, l.StartPt.X),
-                                  To_WorldY(doc, l.EndPt.Y) - To_WorldY(doc, l.StartPt.Y));
-    EXPECT_NEAR(len, 5.0, 1e-5);
-    EXPECT_NEAR(Line_Total(doc, doc.Lines), 5.0, 1e-5);
-    EXPECT_GT(std::fabs(To_WorldY(doc, l.StartPt.Y) - wy), 1e-3);  // the origin is not rescaled
-}
-
 TEST(Zoom, PanKeepsWorldCoordinates) {
     LayoutDocument doc = Drawn({{0.25, 0.5, 3, 2}, {2, 0, 2, 4}});
-    doc.Dims = {D(1, 1, 2, 1, 1.5f, 0.5f)};
+    doc.Dims = {Dim(1, 1, 2, 1, 1.5f, 0.5f)};
     std::vector<float> world;
-    for (const auto& l : doc.Lines)
-        world.insert(world.end(), {To_WorldX(doc, l.StartPt.X), To_WorldY(doc, l.StartPt.Y),
-                                   To_WorldX(doc, l.EndPt.X), To_WorldY(doc, l.EndPt.Y)});
+    auto record = [&](const LayoutDocument& d) {
+        std::vector<float> w;
+        for (const auto& l : d.Lines)
+            w.insert(w.end(), {To_WorldX(d, l.StartPt.X), To_WorldY(d, l.StartPt.Y), To_WorldX(d, l.EndPt.X),
+                               To_WorldY(d, l.EndPt.Y)});
+        return w;
+    };
+    world = record(doc);
     Pan_Board(doc, 0.5, -0.25);
-    size_t k = 0;
-    for (const auto& l : doc.Lines) {
-        EXPECT_EQ(To_WorldX(doc, l.StartPt.X), world[k++]);
-        EXPECT_EQ(To_WorldY(doc, l.StartPt.Y), world[k++]);
-        EXPECT_EQ(To_WorldX(doc, l.EndPt.X), world[k++]);
-        EXPECT_EQ(To_WorldY(doc, l.EndPt.Y), world[k++]);
-    }
+    EXPECT_EQ(record(doc), world);
     EXPECT_EQ(doc.Dims[0].DimPos.X, 2.0f);
 }
 
@@ -350,9 +264,7 @@ TEST(Zoom, WindowCentersTheBoxAndRepaintsInOrder) {
     hooks.Clear_Board = [&] { calls.push_back("clear"); };
     hooks.Set_AutoRedraw = [&](bool on) {
         calls.push_back(on ? "auto on" : "auto off");
-        bool old = autoRedraw;
-        autoRedraw = on;
-        return old;
+        return std::exchange(autoRedraw, on);
     };
     const LineRec l = doc.Lines[0];
     Zoom_Window(doc, P(l.StartPt.X, 0), P(l.EndPt.X, 0), hooks);  // h = 0: fit the width
@@ -373,8 +285,7 @@ TEST(Zoom, FitToExtents) {
     LayoutDocument doc = Drawn({{0, 0, 10, 0}, {0, 0, 0, 4}});
     ASSERT_TRUE(Zoom_Fit(doc, 0.925f));
     bool found = false;
-    const float w = Max_X(doc.Lines, found) - Min_X(doc.Lines, found);
-    EXPECT_NEAR(w, doc.ScaleWidth * 0.925, 1e-4);
+    EXPECT_NEAR(Max_X(doc.Lines, found) - Min_X(doc.Lines, found), doc.ScaleWidth * 0.925, 1e-4);
     EXPECT_NEAR((Max_Y(doc.Lines, found) + Min_Y(doc.Lines, found)) / 2, doc.ScaleHeight / 2, 1e-4);
     EXPECT_NEAR(Line_Total(doc, doc.Lines), 14.0, 1e-4);
 

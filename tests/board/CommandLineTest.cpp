@@ -26,44 +26,45 @@ PointReplyState At(int16_t click, float x, float y, double echoDeg = 0.0) {
     return st;
 }
 
-// ---- Point replies -----------------------------------------------------------------
-
-struct PointCase {
-    const char* text;
-    int16_t click;
-    double echoDeg;
-    bool absolute;  // world inches, shown at (x, H - y) by the start viewport; else board units
-    double ex, ey;
-};
-
-class PointReplies : public testing::TestWithParam<PointCase> {};
-
-TEST_P(PointReplies, ReadIntoBoardUnits) {
-    const PointCase c = GetParam();
+TEST(CommandLine, PointRepliesReadIntoBoardUnits) {
+    const double c30 = 2 * std::cos(shell::Radians(30)), s30 = 2 * std::sin(shell::Radians(30));
+    struct Case {
+        const char* text;
+        int16_t click;
+        double echoDeg;
+        bool absolute;  // world inches, shown at (x, H - y) by the start viewport; else board units
+        double ex, ey;
+    } cases[] = {
+        {"3'-6,2'", 0, 0, true, 42, 24},
+        {" 1.5 , 2.25 ", 0, 0, true, 1.5, 2.25},
+        {"0'-6\",1/2\"", 1, 0, true, 6, 0.5},
+        {"-3,-4", 0, 0, true, -3, -4},
+        // polar, relative to LastPt (1, 2); positive angles run counterclockwise on the screen
+        {"5<0", 1, 0, false, 6, 2},
+        {"5<90", 1, 0, false, 1, -3},
+        {"0'-6\"<180", 1, 0, false, -5, 2},
+        {"1'<270", 1, 0, false, 1, 14},
+        {"2<30", 1, 0, false, 1 + c30, 2 - s30},
+        // distance, along the last echoed direction
+        {"5", 1, 0, false, 6, 2},
+        {"5", 1, 90, false, 1, -3},
+        {"5", 1, 180, false, -4, 2},
+        {"5", 1, 270, false, 1, 7},
+        {"5", 0, 0, false, 6, 2},
+        {"2", 1, 45, false, 1 + std::sqrt(2.0), 2 - std::sqrt(2.0)},
+    };
     const LayoutDocument doc;
-    const ReplyResult r = Reply_Draw(doc, c.text, At(c.click, 1.0f, 2.0f, c.echoDeg));
-    ASSERT_EQ(r.Status, ReplyStatus::Point) << c.text;
-    EXPECT_EQ(r.BoxText, "");
-    EXPECT_NEAR(r.TypedX, c.ex, kEps) << c.text;
-    EXPECT_NEAR(r.TypedY, c.absolute ? doc.ScaleHeight - c.ey : c.ey, kEps) << c.text;
+    for (const Case& c : cases) {
+        // Move reads its replies exactly as Draw does.
+        for (auto reply : {&Reply_Draw, &Reply_Move}) {
+            const ReplyResult r = reply(doc, c.text, At(c.click, 1.0f, 2.0f, c.echoDeg));
+            ASSERT_EQ(r.Status, ReplyStatus::Point) << c.text;
+            EXPECT_EQ(r.BoxText, "");
+            EXPECT_NEAR(r.TypedX, c.ex, kEps) << c.text;
+            EXPECT_NEAR(r.TypedY, c.absolute ? doc.ScaleHeight - c.ey : c.ey, kEps) << c.text;
+        }
+    }
 }
-
-const double kC30 = 2 * std::cos(shell::Radians(30));
-const double kS30 = 2 * std::sin(shell::Radians(30));
-
-INSTANTIATE_TEST_SUITE_P(
-    CommandLine, PointReplies,
-    testing::Values(PointCase{"3'-6,2'", 0, 0, true, 42, 24}, PointCase{" 1.5 , 2.25 ", 0, 0, true, 1.5, 2.25},
-                    PointCase{"0'-6\",1/2\"", 1, 0, true, 6, 0.5}, PointCase{"-3,-4", 0, 0, true, -3, -4},
-                    // polar, relative to LastPt (1, 2); positive angles run counterclockwise on the screen
-                    PointCase{"5<0", 1, 0, false, 6, 2}, PointCase{"5<90", 1, 0, false, 1, -3},
-                    PointCase{"0'-6\"<180", 1, 0, false, -5, 2}, PointCase{"1'<270", 1, 0, false, 1, 14},
-                    PointCase{"2<30", 1, 0, false, 1 + kC30, 2 - kS30},
-                    // distance, along the last echoed direction
-                    PointCase{"5", 1, 0, false, 6, 2}, PointCase{"5", 1, 90, false, 1, -3},
-                    PointCase{"5", 1, 180, false, -4, 2}, PointCase{"5", 1, 270, false, 1, 7},
-                    PointCase{"5", 0, 0, false, 6, 2},
-                    PointCase{"2", 1, 45, false, 1 + std::sqrt(2.0), 2 - std::sqrt(2.0)}));
 
 TEST(CommandLine, InvalidRepliesChangeNothingAndTurnTheBoxRed) {
     const LayoutDocument doc;
@@ -101,16 +102,6 @@ TEST(CommandLine, RelativeRepliesFollowTheZoomButAbsoluteOnesTheViewport) {
     EXPECT_NEAR(CartesianModule::To_WorldX(doc, r.TypedX), 1.0, kEps);
     EXPECT_NEAR(CartesianModule::To_WorldY(doc, r.TypedY), 1.0, kEps);
 }
-
-TEST(CommandLine, MoveRepliesReadLikeDrawReplies) {
-    const LayoutDocument doc;
-    const ReplyResult r = Reply_Move(doc, "0'-6\"<90", At(1, 3, 4));
-    ASSERT_EQ(r.Status, ReplyStatus::Point);
-    EXPECT_NEAR(r.TypedX, 3, kEps);
-    EXPECT_NEAR(r.TypedY, -2, kEps);
-}
-
-// ---- Rotate and select -------------------------------------------------------------
 
 TEST(CommandLine, RotateBasePointTakesPlainNumbersOnly) {
     LayoutDocument doc = DocWith({L(1, 1, 3, 1)});
@@ -182,19 +173,6 @@ TEST(CommandLine, SelectRepliesSetTheKind) {
     EXPECT_EQ(st.SelectKind, 2);
 }
 
-// ---- Echoes ------------------------------------------------------------------------
-
-TEST(CommandLine, EchoBeforeTheFirstPointIsTheWorldPosition) {
-    const LayoutDocument doc;
-    EchoState es;
-    const EchoResult e = Echo_Draw(doc, true, 0, 1.5, doc.ScaleHeight - 2.25, P(7, 8), es);
-    EXPECT_TRUE(e.SetText);
-    EXPECT_EQ(e.Text, "1.5,2.25");
-    EXPECT_TRUE(e.Focus);
-    EXPECT_TRUE(e.SelectAll);
-    EXPECT_FLOAT_EQ(es.LastPt.X, 7.0f);
-}
-
 TEST(CommandLine, EchoAfterTheFirstPointIsDistanceAndDirection) {
     const LayoutDocument doc;
     const float h = doc.ScaleHeight;
@@ -219,18 +197,6 @@ TEST(CommandLine, EchoAfterTheFirstPointIsDistanceAndDirection) {
     }
 }
 
-TEST(CommandLine, EchoOnTheAnchorIsEmptyWithoutFocus) {
-    const LayoutDocument doc;
-    EchoState es;
-    es.EchoDistanceDeg = 45;
-    const EchoResult e = Echo_Draw(doc, true, 1, 2, 3, P(2, 3), es);
-    EXPECT_TRUE(e.SetText);
-    EXPECT_EQ(e.Text, "");
-    EXPECT_FALSE(e.Focus);
-    EXPECT_EQ(es.EchoDistanceDeg, 45);  // the last direction stands
-    EXPECT_FALSE(Echo_Draw(doc, false, 1, 2, 4, P(2, 3), es).SetText);
-}
-
 TEST(CommandLine, EchoedDirectionFeedsTheDistanceReply) {
     const LayoutDocument doc;
     const float h = doc.ScaleHeight;
@@ -242,9 +208,24 @@ TEST(CommandLine, EchoedDirectionFeedsTheDistanceReply) {
     EXPECT_NEAR(CartesianModule::To_WorldY(doc, r.TypedY), 3, kEps);
 }
 
-TEST(CommandLine, CornerAndRotateBaseEchoes) {
+TEST(CommandLine, EchoBeforeTheFirstPointOnTheAnchorAndOfCorners) {
     const LayoutDocument doc;
     const float h = doc.ScaleHeight;
+    EchoState es;
+    // Before the first point: the world position, focused and selected.
+    EchoResult e = Echo_Draw(doc, true, 0, 1.5, h - 2.25, P(7, 8), es);
+    EXPECT_TRUE(e.SetText && e.Focus && e.SelectAll);
+    EXPECT_EQ(e.Text, "1.5,2.25");
+    EXPECT_FLOAT_EQ(es.LastPt.X, 7.0f);
+    // On the anchor: empty, without focus, and the last direction stands.
+    es.EchoDistanceDeg = 45;
+    e = Echo_Draw(doc, true, 1, 2, 3, P(2, 3), es);
+    EXPECT_TRUE(e.SetText);
+    EXPECT_EQ(e.Text, "");
+    EXPECT_FALSE(e.Focus);
+    EXPECT_EQ(es.EchoDistanceDeg, 45);
+    EXPECT_FALSE(Echo_Draw(doc, false, 1, 2, 4, P(2, 3), es).SetText);
+
     EXPECT_EQ(Echo_Corner(doc, 1, 2, h - 1).Text, "2.0,1.0");
     EXPECT_TRUE(Echo_Corner(doc, 3, 2, h - 1).SetText);
     EXPECT_FALSE(Echo_Corner(doc, 0, 2, h - 1).SetText);
@@ -252,10 +233,6 @@ TEST(CommandLine, CornerAndRotateBaseEchoes) {
     EXPECT_EQ(Echo_RotateBase(doc, 0, 2, h - 1).Text, "2.0,1.0");
     EXPECT_FALSE(Echo_RotateBase(doc, 1, 2, h - 1).SetText);
 }
-
-}  // namespace
-
-namespace {
 
 // A C-shaped group, drawn once by typed replies and once by picks with
 // EndPoint and Perpendicular snaps, gives the same file.

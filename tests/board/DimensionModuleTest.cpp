@@ -1,23 +1,13 @@
-#include "board/DimensionModule.h"
-
 #include <gtest/gtest.h>
 
-using namespace PublicVariables;
+#include "BoardTestDoc.h"
+#include "board/DimensionModule.h"
+
 using namespace DimensionModule;
+using namespace PublicVariables;
+using namespace boardtest;
 
-namespace {
-DimensionRec D(float x1, float y1, float x2, float y2, float px, float py, bool exists = true) {
-    DimensionRec d;
-    d.DimP1 = {x1, y1, 0};
-    d.DimP2 = {x2, y2, 0};
-    d.DimMid = {(x1 + x2) / 2, (y1 + y2) / 2, 0};
-    d.DimPos = {px, py, 0};
-    d.Exists = exists ? -1 : 0;
-    return d;
-}
-}  // namespace
-
-TEST(Dims, EmptyTableHasNoExtents) {
+TEST(Dims, ExtentsRunOverAllFourPointsOfExistingRows) {
     DimTable t = BlankDims();
     EXPECT_TRUE(Dims_Empty(t));
     bool found = true;
@@ -25,13 +15,9 @@ TEST(Dims, EmptyTableHasNoExtents) {
     EXPECT_FALSE(found);
     EXPECT_EQ(Dims_MaxY(t, found), 0.0f);
     EXPECT_FALSE(found);
-    t[0].Exists = -1;
-    EXPECT_FALSE(Dims_Empty(t));
-}
 
-TEST(Dims, ExtentsRunOverAllFourPointsOfExistingRows) {
-    DimTable t = {D(1, 2, 3, 2, 2, 0.5f), D(-9, -9, 9, 9, 9, 9, false), D(4, 1, 4, 5, 6, 3)};
-    bool found = false;
+    t = {Dim(1, 2, 3, 2, 2, 0.5f), Dim(-9, -9, 9, 9, 9, 9, false), Dim(4, 1, 4, 5, 6, 3)};
+    EXPECT_FALSE(Dims_Empty(t));
     EXPECT_EQ(Dims_MinX(t, found), 1.0f);
     EXPECT_TRUE(found);
     EXPECT_EQ(Dims_MinY(t, found), 0.5f);  // DimPos counts
@@ -40,7 +26,7 @@ TEST(Dims, ExtentsRunOverAllFourPointsOfExistingRows) {
 }
 
 TEST(Dims, ShiftAndScaleTouchOnlyExistingRows) {
-    DimTable t = {D(1, 1, 3, 1, 2, 0), D(1, 1, 1, 1, 1, 1, false)};
+    DimTable t = {Dim(1, 1, 3, 1, 2, 0), Dim(1, 1, 1, 1, 1, 1, false)};
     bool ok = false;
     int yields = 0;
     Shift_Dims(t, 1.0, 2.0, ok, [&] { ++yields; });

@@ -1,5 +1,3 @@
-#include "board/FileHandling.h"
-
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -11,16 +9,16 @@
 #include <random>
 #include <string>
 
-#include "board/CartesianModule.h"
+#include "BoardTestDoc.h"
 #include "board/DimensionModule.h"
+#include "board/FileHandling.h"
 
 using namespace PublicVariables;
 using namespace FileHandling;
+using boardtest::P;
 namespace fs = std::filesystem;
 
 namespace {
-
-PointRec P(float x, float y) { return {x, y, 0}; }
 
 LayoutDocument OneLine() {
     LayoutDocument doc;
@@ -39,15 +37,8 @@ LayoutDocument Rich() {
     doc.Lines[1].Selected = -1;
     doc.Lines[2].LineName = "Naht \xC3\xA9 \xE2\x82\xAC \xC2\x81 \xC2\x9D";  // é, €, and two undefined code points
     doc.LineCounter = 7;
-    DimensionRec d;
-    d.DimP1 = P(0.5f, 4);
-    d.DimP2 = P(0.5f, 1);
-    d.DimMid = P(0.5f, 2.5f);
-    d.DimPos = P(0.2f, 2.5f);
-    d.DimType = 0;
-    d.DimDone = -1;
+    DimensionRec d = boardtest::Dim(0.5f, 4, 0.5f, 1, 0.2f, 2.5f);
     d.DimLength = 3.0;
-    d.Exists = -1;
     doc.Dims[0] = d;
     d.DimType = 2;
     d.DimSpare = 5;
@@ -86,11 +77,11 @@ TEST(WldFormat, OneLineDocumentLayout) {
     const size_t nameLen = std::string("Line Number 1").size();
     ASSERT_EQ(b.size(), 84 + (44 + nameLen) + 56);
 
-    EXPECT_EQ(At<double>(b, 0), 1.0);                               // ZoomBase
-    EXPECT_EQ(At<double>(b, 8), 1.0);                               // ZoomScale
+    EXPECT_EQ(At<double>(b, 0), 1.0);                                // ZoomBase
+    EXPECT_EQ(At<double>(b, 8), 1.0);                                // ZoomScale
     EXPECT_EQ(At<double>(b, 16), static_cast<double>(doc.OriginY));  // Y before X
     EXPECT_EQ(At<double>(b, 24), 0.0);
-    EXPECT_EQ(At<uint16_t>(b, 32), 1);  // one dimension of the array
+    EXPECT_EQ(At<uint16_t>(b, 32), 1);   // one dimension of the array
     EXPECT_EQ(At<uint32_t>(b, 34), 1u);  // N
     EXPECT_EQ(At<int32_t>(b, 38), 0);    // lower bound
     EXPECT_EQ(At<float>(b, 42), 3.0f);   // EndPt comes first
@@ -108,14 +99,13 @@ TEST(WldFormat, OneLineDocumentLayout) {
     ASSERT_TRUE(Layout_FromBytes(b, back));
     EXPECT_TRUE(DimensionModule::Dims_Empty(back.Dims));
     EXPECT_EQ(CartesianModule::Line_Count(back.Lines), 1);
-}
 
-TEST(WldFormat, NameLengthIsItsByteCount) {
-    LayoutDocument doc;
-    doc.LineCounter = 11;
-    CartesianModule::Add_Drawn_Line(doc, P(0, 0), P(1, 0));
-    const std::string b = Layout_Bytes(doc);
-    EXPECT_EQ(At<uint16_t>(b, 76), 14);  // "Line Number 12"
+    // The name's length is its byte count; the counter survives and numbers the next line.
+    back.LineCounter = 11;
+    ASSERT_TRUE(Layout_FromBytes(Layout_Bytes(back), back));
+    CartesianModule::Add_Drawn_Line(back, P(0, 0), P(0, 1));
+    EXPECT_EQ(back.Lines.back().LineName, "Line Number 12");
+    EXPECT_EQ(At<uint16_t>(Layout_Bytes(back), 76 + 44 + nameLen), 14);
 }
 
 TEST(WldFormat, RoundTripsAreByteIdentical) {
@@ -144,15 +134,6 @@ TEST(WldFormat, RoundTripsAreByteIdentical) {
     EXPECT_EQ(back.Dims[1].DimSpare, 5);
     EXPECT_EQ(back.Load.LoadAngle, 30.0);
     EXPECT_EQ(back.ZoomScale, 1.05f);
-}
-
-TEST(WldFormat, LineCounterSurvivesAndNumbersTheNextLine) {
-    LayoutDocument doc = OneLine();
-    doc.LineCounter = 7;
-    LayoutDocument back;
-    ASSERT_TRUE(Layout_FromBytes(Layout_Bytes(doc), back));
-    CartesianModule::Add_Drawn_Line(back, P(0, 0), P(0, 1));
-    EXPECT_EQ(back.Lines.back().LineName, "Line Number 8");
 }
 
 TEST(WldFormat, ReadReplacesOnlyTheSavedParts) {
@@ -274,8 +255,8 @@ TEST(WldFile, TitlesAndCommandLine) {
     struct Case {
         const char* in;
         const char* title;
-    } titles[] = {{"C:\\work\\a.wld", "a.wld"}, {"/home/u/box.wld", "box.wld"}, {"plain.wld", "plain.wld"},
-                  {"dir\\", ""}};
+    } titles[] = {
+        {"C:\\work\\a.wld", "a.wld"}, {"/home/u/box.wld", "box.wld"}, {"plain.wld", "plain.wld"}, {"dir\\", ""}};
     for (const auto& c : titles) EXPECT_EQ(File_Title(c.in), c.title);
 
     EXPECT_EQ(Command_File("\"C:\\a.wld\""), "C:\\a.wld");
@@ -288,12 +269,7 @@ TEST(ChangeTest, OnlyRowCountsAndTheLastRowCount) {
     LayoutDocument doc;
     CartesianModule::Add_Drawn_Line(doc, P(1, 1), P(2, 1));
     CartesianModule::Add_Drawn_Line(doc, P(1, 1), P(1, 3));
-    DimensionRec d;
-    d.DimP1 = P(1, 1);
-    d.DimP2 = P(2, 1);
-    d.DimPos = P(1.5f, 0.5f);
-    d.Exists = -1;
-    doc.Dims[0] = d;
+    doc.Dims[0] = boardtest::Dim(1, 1, 2, 1, 1.5f, 0.5f);
     doc.LinesSaved = doc.Lines;
     doc.DimsSaved = doc.Dims;
     EXPECT_FALSE(Layout_Changed(doc));

@@ -1,44 +1,27 @@
-#include "board/LayoutRender.h"
-
 #include <gtest/gtest.h>
 
+#include "BoardTestDoc.h"
 #include "RecordingSurface.h"
 #include "board/CartesianModule.h"
+#include "board/LayoutRender.h"
 
 using namespace PublicVariables;
+using namespace boardtest;
 using board::PenMode;
 using board::PenStyle;
-using board::QBColor;
 
 namespace {
 
-LineRec MakeLine(float x1, float y1, float x2, float y2, bool selected = false) {
-    LineRec r;
-    r.StartPt = {x1, y1, 0};
-    r.EndPt = {x2, y2, 0};
-    r.MidPt = {(x1 + x2) / 2, (y1 + y2) / 2, 0};
-    r.Exists = -1;
-    r.Selected = selected ? -1 : 0;
-    return r;
-}
-
-TEST(LayoutRender, ColourTableIsTheSixteenStandardColours) {
-    EXPECT_EQ(QBColor(0), 0x000000u);
-    EXPECT_EQ(QBColor(4), 0x000080u);   // red, blue-green-red order
-    EXPECT_EQ(QBColor(5), 0x800080u);   // magenta
-    EXPECT_EQ(QBColor(11), 0xFFFF00u);  // bright cyan
-    EXPECT_EQ(QBColor(13), 0xFF00FFu);  // bright magenta
-    EXPECT_EQ(QBColor(15), 0xFFFFFFu);
-}
-
 TEST(LayoutRender, DrawLinesClearsThenPaintsEachRowWithItsPen) {
     RecordingSurface s;
-    LineTable t = {MakeLine(1, 1, 2, 1), MakeLine(1, 2, 1, 3, true)};
-    LayoutRender::Draw_Lines(s, t, 5, 13, true);
+    LineTable t = {L(1, 1, 2, 1), L(1, 2, 1, 3)};
+    t[1].Selected = -1;
+    // Pens 4 and 11 are red and bright cyan, stored blue-green-red.
+    LayoutRender::Draw_Lines(s, t, 4, 11, true);
     ASSERT_EQ(s.Ops.size(), 3u);
     EXPECT_EQ(s.Ops[0].Kind, "Cls");
-    EXPECT_EQ(s.Ops[1].Color, QBColor(5));
-    EXPECT_EQ(s.Ops[2].Color, QBColor(13));
+    EXPECT_EQ(s.Ops[1].Color, 0x000080u);
+    EXPECT_EQ(s.Ops[2].Color, 0xFFFF00u);
     for (int i : {1, 2}) {
         EXPECT_EQ(s.Ops[i].Mode, PenMode::Copy);
         EXPECT_EQ(s.Ops[i].Style, PenStyle::Solid);
@@ -49,37 +32,28 @@ TEST(LayoutRender, DrawLinesClearsThenPaintsEachRowWithItsPen) {
     EXPECT_EQ(s.Ops[1].X2, 2);
 
     s.Ops.clear();
-    LayoutRender::Draw_Lines(s, t, 5, 13, false);
-    EXPECT_EQ(s.Ops[2].Color, QBColor(5)) << "selection not shown";
-}
+    LayoutRender::Draw_Lines(s, t, 4, 11, false);
+    EXPECT_EQ(s.Ops[2].Color, 0x000080u) << "selection not shown";
 
-TEST(LayoutRender, BlankTableDrawsNothingButTheClear) {
-    RecordingSurface s;
+    // Selection paint neither clears nor asks whether a row exists.
+    s.Ops.clear();
+    t[0].Exists = 0;
+    LayoutRender::Paint_Selection(s, t, 13, 5);
+    ASSERT_EQ(s.Ops.size(), 2u);
+    EXPECT_EQ(s.Ops[0].Color, board::QBColor(5));
+    EXPECT_EQ(s.Ops[1].Color, board::QBColor(13));
+
+    // A blank table draws nothing but the clear.
+    s.Ops.clear();
     LayoutRender::Draw_Lines(s, BlankLines(), 5, 13, true);
     LayoutRender::Draw_Dims(s, BlankDims());
     ASSERT_EQ(s.Ops.size(), 1u);
     EXPECT_EQ(s.Ops[0].Kind, "Cls");
 }
 
-TEST(LayoutRender, PaintSelectionDoesNotClearOrTestExists) {
-    RecordingSurface s;
-    LineTable t = {MakeLine(0, 0, 1, 1, true), MakeLine(0, 0, 2, 2)};
-    t[1].Exists = 0;
-    LayoutRender::Paint_Selection(s, t, 13, 5);
-    ASSERT_EQ(s.Ops.size(), 2u);
-    EXPECT_EQ(s.Ops[0].Color, QBColor(13));
-    EXPECT_EQ(s.Ops[1].Color, QBColor(5));
-}
-
 DimensionRec VerticalDim() {
-    DimensionRec d;
-    d.DimP1 = {1.0f, 1.0f, 0};
-    d.DimP2 = {1.0f, 3.0f, 0};
-    d.DimMid = {1.0f, 2.0f, 0};
-    d.DimPos = {2.0f, 2.0f, 0};
-    d.DimType = 0;
+    DimensionRec d = Dim(1, 1, 1, 3, 2, 2);
     d.DimLength = 24.0;
-    d.Exists = -1;
     return d;
 }
 
@@ -108,12 +82,19 @@ TEST(LayoutRender, VerticalDimensionHasGapOverrunLineLabelAndTicks) {
     EXPECT_DOUBLE_EQ(prints[0].Y1, 2.0 - 0.075);
     // The tick put the pen back.
     EXPECT_EQ(s.DrawWidth, 1);
+
+    // Positioned on a measured point: no gap.
+    DimensionRec on = VerticalDim();
+    on.DimPos.X = 1.0f;
+    RecordingSurface s2;
+    LayoutRender::Draw_Dim(s2, on);
+    EXPECT_DOUBLE_EQ(s2.OfKind("Line")[0].X1, 1.0);
+    EXPECT_DOUBLE_EQ(s2.OfKind("Line")[0].X2, 1.0);
 }
 
 TEST(LayoutRender, HorizontalDimensionAndTheStraightKind) {
     DimensionRec d = VerticalDim();
-    d.DimP2 = {3.0f, 1.0f, 0};
-    d.DimPos = {2.0f, 2.0f, 0};
+    d.DimP2 = P(3, 1);
     d.DimType = 1;
     RecordingSurface s;
     LayoutRender::Draw_Dim(s, d);
@@ -129,19 +110,9 @@ TEST(LayoutRender, HorizontalDimensionAndTheStraightKind) {
     EXPECT_TRUE(s2.Ops.empty());
 }
 
-TEST(LayoutRender, PositionOnAMeasuredPointLeavesNoGap) {
-    DimensionRec d = VerticalDim();
-    d.DimPos.X = 1.0f;
+TEST(LayoutRender, BandsBoxesAndPanGhostUseTheDottedInvertingPen) {
     RecordingSurface s;
-    LayoutRender::Draw_Dim(s, d);
-    const auto lines = s.OfKind("Line");
-    EXPECT_DOUBLE_EQ(lines[0].X1, 1.0);
-    EXPECT_DOUBLE_EQ(lines[0].X2, 1.0);
-}
-
-TEST(LayoutRender, BandsAndBoxesUseTheDottedInvertingPen) {
-    RecordingSurface s;
-    LayoutRender::Band_Line(s, {0, 0, 0}, {1, 1, 0});
+    LayoutRender::Band_Line(s, P(0, 0), P(1, 1));
     LayoutRender::Band_Box(s, 0, 0, 2, 1);
     ASSERT_EQ(s.Ops.size(), 5u);
     for (const auto& o : s.Ops) {
@@ -149,16 +120,14 @@ TEST(LayoutRender, BandsAndBoxesUseTheDottedInvertingPen) {
         EXPECT_EQ(o.Style, PenStyle::Dot);
         EXPECT_EQ(o.Width, 1);
     }
-}
 
-TEST(LayoutRender, PanGhostErasesTheOldFrameBeforeDrawingTheNew) {
-    RecordingSurface s;
+    // The ghost erases the old frame (by drawing it again) before the new.
+    s.Ops.clear();
     LayoutRender::PanGhost g;
     LayoutRender::Pan_Ghost(s, g, 1.0, 1.0, 0.0f, 0.0f, false);
     EXPECT_EQ(s.Ops.size(), 6u);
     LayoutRender::Pan_Ghost(s, g, 2.0, 1.0, 0.0f, 0.0f, false);
     ASSERT_EQ(s.Ops.size(), 18u);
-    // The second call first repeats the first frame exactly (which removes it).
     for (int i = 0; i < 6; ++i) EXPECT_EQ(s.Ops[6 + i].X1, s.Ops[i].X1);
     EXPECT_DOUBLE_EQ(s.Ops[12].X1, 2.05);
     LayoutRender::Pan_Ghost(s, g, 2.0, 1.0, 0.0f, 0.0f, true);

@@ -49,79 +49,50 @@ INSTANTIATE_TEST_SUITE_P(
                     LineSnapCase{SnapKind::Nearest, SnapTolerance::Nearest, 0, 0, true},
                     LineSnapCase{SnapKind::Perpendicular, SnapTolerance::Perpendicular, 2.5f, 1, false}));
 
-TEST(Snap, FreeSnapNeverFindsAnything) {
-    const LayoutDocument doc = OneLine();
-    PointRec out;
-    EXPECT_FALSE(Snap_Point(doc, 1.0f, 1.0f, SnapKind::Free, out, P(0, 0)));
-    EXPECT_FLOAT_EQ(out.X, 1.0f);
-}
-
-TEST(Snap, EndPointOnALineTakesTheNearerEnd) {
-    const LayoutDocument doc = OneLine();
-    PointRec out;
-    ASSERT_TRUE(Snap_Point(doc, 1.4f, 1.0f, SnapKind::EndPoint, out, P(0, 0)));
-    EXPECT_FLOAT_EQ(out.X, 1.0f);
-    ASSERT_TRUE(Snap_Point(doc, 2.6f, 1.0f, SnapKind::EndPoint, out, P(0, 0)));
-    EXPECT_FLOAT_EQ(out.X, 3.0f);
-}
-
-TEST(Snap, EndPointBesideAllLinesReachesAnEndWithinItsDistance) {
-    const LayoutDocument doc = OneLine();
-    PointRec out;
-    // Straight above the start: far too much slack for the line test.
-    ASSERT_TRUE(Snap_Point(doc, 1.0f, 1.0f - 0.049f, SnapKind::EndPoint, out, P(0, 0)));
-    EXPECT_FLOAT_EQ(out.X, 1.0f);
-    EXPECT_FLOAT_EQ(out.Y, 1.0f);
-    EXPECT_FALSE(Snap_Point(doc, 1.0f, 1.0f - 0.051f, SnapKind::EndPoint, out, P(0, 0)));
-}
-
-TEST(Snap, EndPointTakesTheFirstRowInReachNotTheNearest) {
-    // Row 0 ends at (3, 1); row 1 starts at (3.03, 1.0) beside it.
-    const LayoutDocument doc = DocWith({L(1, 1, 3, 1), L(3.03f, 1.0f, 3.03f, 3.0f)});
-    PointRec out;
-    ASSERT_TRUE(Snap_Point(doc, 3.04f, 0.99f, SnapKind::EndPoint, out, P(0, 0)));
-    EXPECT_FLOAT_EQ(out.X, 3.0f);  // row 0, though row 1's start is nearer
-}
-
-TEST(Snap, EndPointPrefersTheLineUnderThePointerToACloserEnd) {
-    // Row 0 ends at (2, 1); the pointer is on row 1, 0.04 from row 0's end.
-    const LayoutDocument doc = DocWith({L(0, 1, 2, 1), L(2.04f, 0.0f, 2.04f, 4.0f)});
-    PointRec out;
-    ASSERT_TRUE(Snap_Point(doc, 2.04f, 1.0f, SnapKind::EndPoint, out, P(0, 0)));
-    EXPECT_FLOAT_EQ(out.X, 2.04f);
-    EXPECT_FLOAT_EQ(out.Y, 0.0f);  // the nearer end of row 1
-}
-
-TEST(Snap, IntersectionWithinItsDistance) {
-    const LayoutDocument doc = DocWith({L(1, 2, 5, 2), L(3, 0, 3, 4)});
-    PointRec out;
-    ASSERT_TRUE(Snap_Point(doc, 3.0f + 0.099f, 2.0f, SnapKind::Intersection, out, P(0, 0)));
-    EXPECT_FLOAT_EQ(out.X, 3.0f);
-    EXPECT_FLOAT_EQ(out.Y, 2.0f);
-    EXPECT_FALSE(Snap_Point(doc, 3.0f + 0.101f, 2.0f, SnapKind::Intersection, out, P(0, 0)));
-}
-
-TEST(Snap, PerpendicularOnASlopedLine) {
-    const LayoutDocument doc = DocWith({L(0, 0, 4, 4)});
-    PointRec out;
-    ASSERT_TRUE(Snap_Point(doc, 2.0f, 2.0f, SnapKind::Perpendicular, out, P(4, 0)));
-    EXPECT_NEAR(out.X, 2.0f, 1e-5);
-    EXPECT_NEAR(out.Y, 2.0f, 1e-5);
-    ASSERT_TRUE(Snap_Point(doc, 1.0f, 1.0f, SnapKind::Perpendicular, out, P(0, 2)));
-    EXPECT_NEAR(out.X, 1.0f, 1e-5);
-    EXPECT_NEAR(out.Y, 1.0f, 1e-5);
+TEST(Snap, PicksOnOneLayout) {
+    // Row 0 from (1, 1) to (3, 1); row 1 starts at (3.03, 1) beside its end;
+    // row 2 crosses row 0 at (2, 1); row 3 is sloped; row 5 passes 0.04 from
+    // row 4's end at (12, 1).
+    const LayoutDocument doc = DocWith({L(1, 1, 3, 1), L(3.03f, 1, 3.03f, 3), L(2, -1, 2, 2), L(5, 0, 9, 4),
+                                        L(10, 1, 12, 1), L(12.04f, 0, 12.04f, 4)});
+    struct Case {
+        const char* what;
+        float x, y;
+        int16_t mode;
+        PointRec base;
+        bool hit;
+        float ex, ey;  // where a hit lands; a miss leaves the pointer
+    } cases[] = {
+        {"free never snaps", 1, 1, SnapKind::Free, P(0, 0), false, 1, 1},
+        {"end: the nearer end of the line", 1.4f, 1, SnapKind::EndPoint, P(0, 0), true, 1, 1},
+        {"end: the other end", 2.6f, 1, SnapKind::EndPoint, P(0, 0), true, 3, 1},
+        // Straight above the start: far too much slack for the line test, but within an end's reach.
+        {"end: beside all lines", 1, 1 - 0.049f, SnapKind::EndPoint, P(0, 0), true, 1, 1},
+        {"end: just out of reach", 1, 1 - 0.051f, SnapKind::EndPoint, P(0, 0), false, 1, 1 - 0.051f},
+        {"end: the first row in reach, not the nearest", 3.04f, 0.99f, SnapKind::EndPoint, P(0, 0), true, 3, 1},
+        {"end: the line under the pointer wins over a closer end", 12.04f, 1, SnapKind::EndPoint, P(0, 0), true, 12.04f,
+         0},
+        {"intersection within reach", 2.099f, 1, SnapKind::Intersection, P(0, 0), true, 2, 1},
+        {"intersection just beyond", 2.101f, 1.0f, SnapKind::Intersection, P(0, 0), false, 2.101f, 1},
+        {"perpendicular on a sloped line", 7, 2, SnapKind::Perpendicular, P(9, 0), true, 7, 2},
+        {"perpendicular from the other side", 6, 1, SnapKind::Perpendicular, P(5, 2), true, 6, 1},
+    };
+    for (const Case& c : cases) {
+        PointRec out;
+        EXPECT_EQ(Snap_Point(doc, c.x, c.y, c.mode, out, c.base), c.hit) << c.what;
+        EXPECT_NEAR(out.X, c.ex, 1e-5) << c.what;
+        EXPECT_NEAR(out.Y, c.ey, 1e-5) << c.what;
+    }
+    for (int16_t mode = 0; mode <= 5; ++mode) {
+        PointRec out;
+        EXPECT_FALSE(Snap_Point(LayoutDocument{}, 0, 0, mode, out, P(0, 0))) << "empty board, mode " << mode;
+    }
 }
 
 TEST(Snap, PerpendicularRunsFreeWithoutABase) {
     EXPECT_EQ(Effective_SnapMode(SnapKind::Perpendicular, false), SnapKind::Free);
     EXPECT_EQ(Effective_SnapMode(SnapKind::Perpendicular, true), SnapKind::Perpendicular);
     EXPECT_EQ(Effective_SnapMode(SnapKind::EndPoint, false), SnapKind::EndPoint);
-}
-
-TEST(Snap, EmptyBoardFindsNothing) {
-    const LayoutDocument doc;
-    PointRec out;
-    for (int16_t mode = 0; mode <= 5; ++mode) EXPECT_FALSE(Snap_Point(doc, 0, 0, mode, out, P(0, 0))) << mode;
 }
 
 TEST(Ortho, PullsOntoTheNearerAxisAndKeepsTheDiagonal) {

@@ -1,29 +1,20 @@
-#include "board/WeldUnitCapacity.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "board/CartesianModule.h"
+#include "BoardTestDoc.h"
 #include "board/FileHandling.h"
-#include "shell/Primitives.h"
-#include "weld/WeldStrength.h"
+#include "board/WeldUnitCapacity.h"
 
 using namespace PublicVariables;
 using namespace WeldFunctions;
 
 namespace {
 
-// A layout drawn from world-inch lines at the start viewport.
+// A layout drawn from world-inch lines with its load placed.
 LayoutDocument Drawn(const std::vector<std::vector<double>>& lines, int16_t side, double angle, double eccFeet) {
-    LayoutDocument doc;
-    CartesianModule::Set_Viewport(doc);
-    for (const auto& v : lines) {
-        PointRec a{CartesianModule::To_BoardX(doc, v[0]), CartesianModule::To_BoardY(doc, v[1]), 0};
-        PointRec b{CartesianModule::To_BoardX(doc, v[2]), CartesianModule::To_BoardY(doc, v[3]), 0};
-        EXPECT_TRUE(CartesianModule::Add_Drawn_Line(doc, a, b));
-    }
+    LayoutDocument doc = boardtest::Drawn(lines);
     doc.Load.LoadSide = side;
     doc.Load.LoadAngle = angle;
     doc.Load.LoadEccentricity = eccFeet;
@@ -82,6 +73,12 @@ TEST(HandOver, BlankDocumentReachesTheSolverAndGivesZero) {
     doc.Load.LoadSide = 0;
     doc.Load.LoadEccentricity = 1.0;
     EXPECT_EQ(Unit(doc), 0.0);
+    // The element model refuses it.
+    CartesianModule::Set_Viewport(doc);
+    const auto rep = Weld_ElementCapacity(1, 1, doc, 32);
+    EXPECT_TRUE(rep.Refused);
+    EXPECT_FALSE(rep.Converged);
+    EXPECT_EQ(rep.Capacity, 0.0);
 }
 
 TEST(HandOver, MirroredLayoutGivesTheSameCapacity) {
@@ -115,31 +112,6 @@ TEST(HandOver, PositionOnTheBoardAndViewportDoNotMatter) {
     EXPECT_EQ(FileHandling::Layout_Bytes(doc), before);
 }
 
-// The example layouts and the capacity the program reports for them at its
-// first-start settings (E90XX, 1/4", Nominal, 1/32").
-TEST(HandOver, ExampleLayouts) {
-    struct Case {
-        const char* file;
-        double unit;      // Weld_UnitCapacity(1, 1)
-        const char* shown;  // E90XX, 1/4", Nominal
-    } cases[] = {
-        {"c-shape-right.wld", 3.151118584111, "70.90017"},
-        {"angle-left.wld", 2.240069867964, "50.40157"},
-        {"box-inclined.wld", 5.239047903743, "117.87858"},
-        {"single-line-concentric.wld", 2.545584412272, "57.27565"},  // 0.6 x 0.7071 x 6 in
-    };
-    for (const Case& c : cases) {
-        LayoutDocument doc;
-        ASSERT_TRUE(FileHandling::Read_Layout(doc, std::string(FERROLITH_SOURCE_DIR) + "/examples/" + c.file)) << c.file;
-        bool converged = false;
-        const double unit = Unit(doc, &converged);
-        EXPECT_TRUE(converged) << c.file;
-        EXPECT_NEAR(unit, c.unit, 1e-9) << c.file << " " << prim::Format(unit, "0.000000000000");
-        const double shown = WeldStrength::DisplayedCapacity(90.0, unit, 0.25, 1.0);
-        EXPECT_EQ(WeldStrength::CapacityText(shown), std::string(c.shown) + "  ") << c.file;
-    }
-}
-
 TEST(WeldElementCapacity, BoardGroupGoesThroughTheSameHandOver) {
     // An angle drawn on the board with the load on its right, and the same
     // angle with the load on the left: mirrored, the two are one group.
@@ -154,13 +126,4 @@ TEST(WeldElementCapacity, BoardGroupGoesThroughTheSameHandOver) {
     const LayoutDocument doc = Drawn(angle, 1, 15, 0.5);
     const auto direct = WeldElementModel::Solve(Board_WeldLines(doc, {}), 6.0, 15, 1, 1, 32);
     EXPECT_EQ(direct.Capacity, right.Capacity);
-}
-
-TEST(WeldElementCapacity, EmptyBoardIsRefused) {
-    LayoutDocument doc;
-    CartesianModule::Set_Viewport(doc);
-    const auto rep = Weld_ElementCapacity(1, 1, doc, 32);
-    EXPECT_TRUE(rep.Refused);
-    EXPECT_FALSE(rep.Converged);
-    EXPECT_EQ(rep.Capacity, 0.0);
 }
