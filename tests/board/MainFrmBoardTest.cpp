@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QToolBar>
 
+#include "BoardWindow.h"
 #include "GuiTestSupport.h"
 #include "board/BoardSurface.h"
 #include "board/CartesianModule.h"
@@ -42,26 +43,6 @@ QColor PixelAt(BoardSurface& s, double x, double y) {
     return s.Image().pixelColor(qRound(p.x()), qRound(p.y()));
 }
 
-// Dialog answers the tests give; reset after each test.
-struct DialogSeam {
-    QString open, save;
-    int opens = 0, saves = 0;
-    DialogSeam() {
-        filedialogs::SetOpenDialog([this](QWidget*, const QString&) {
-            ++opens;
-            return open;
-        });
-        filedialogs::SetSaveDialog([this](QWidget*, const QString&, bool) {
-            ++saves;
-            return save;
-        });
-    }
-    ~DialogSeam() {
-        filedialogs::SetOpenDialog({});
-        filedialogs::SetSaveDialog({});
-    }
-};
-
 class MainFrmBoard : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -70,7 +51,7 @@ protected:
     }
     QString Path(const QString& name) const { return dir.filePath(name); }
     QTemporaryDir dir;
-    DialogSeam seam;
+    boardwindow::DialogSeam seam;
 };
 
 TEST_F(MainFrmBoard, StartsWithAPathAndShowsItsLines) {
