@@ -140,32 +140,6 @@ TEST(BoardState, TwoClicksDrawALineAndThePolyChainGoesOn) {
     EXPECT_EQ(f.surface.Ops[0].Mode, PenMode::Invert);
 }
 
-TEST(BoardState, EscapeCancelsTheBandByDrawingItAgain) {
-    Fixture f;
-    f.Click(1.0, 1.0);
-    f.board.DrawingBoard_MouseMove(Button::None, false, 2.0, 2.0);
-    const auto bands = f.surface.OfKind("Line");
-    const RecordedOp last = bands.back();
-    f.surface.Ops.clear();
-    f.board.Form_KeyDown(KeyEscape);
-    ASSERT_EQ(f.surface.Ops.size(), 1u);
-    EXPECT_EQ(f.surface.Ops[0].X2, last.X2);
-    EXPECT_EQ(f.surface.Ops[0].Y2, last.Y2);
-    EXPECT_EQ(f.board.DrawClick, 0);
-    EXPECT_EQ(f.board.Ui.CommandName, "[Pick Start Point]      -> Input Format: 'X,Y'");
-}
-
-TEST(BoardState, F8TogglesOrthoAndItsBoxTogether) {
-    Fixture f;
-    f.board.Form_KeyDown(KeyF8);
-    EXPECT_TRUE(f.board.OrthoMode);
-    EXPECT_TRUE(f.board.Ui.OrthoBox);
-    f.board.Form_KeyDown(KeyF8);
-    EXPECT_FALSE(f.board.OrthoMode);
-    EXPECT_FALSE(f.board.Ui.OrthoBox);
-    EXPECT_FALSE(f.board.Form_KeyDown('A'));
-}
-
 TEST(BoardState, DeleteKeyRoutesByMode) {
     Fixture f;
     CartesianModule::Add_Drawn_Line(f.doc, {1, 1, 0}, {2, 1, 0});
@@ -205,21 +179,6 @@ TEST(BoardState, ThreePicksMakeADimensionOfTheRightKind) {
     EXPECT_FLOAT_EQ(d.DimPos.X, 2.0f);
     EXPECT_EQ(f.board.DimClick, 0);
     EXPECT_EQ(f.board.Ui.CommandName, "[Pick First Dimension Point]");
-}
-
-TEST(BoardState, PanMovesTheDrawingAndKeepsWorldCoordinates) {
-    Fixture f;
-    CartesianModule::Add_Drawn_Line(f.doc, {1, 1, 0}, {2, 1, 0});
-    const float wx = CartesianModule::To_WorldX(f.doc, f.doc.Lines[0].StartPt.X);
-    const float wy = CartesianModule::To_WorldY(f.doc, f.doc.Lines[0].StartPt.Y);
-    f.board.Set_Mode(PAN);
-    f.board.DrawingBoard_MouseDown(Button::Left, false, 1.0, 1.0);
-    f.board.DrawingBoard_MouseMove(Button::Left, false, 1.5, 1.25);
-    f.board.DrawingBoard_MouseUp(Button::Left, false, 1.5, 1.25);
-    EXPECT_FLOAT_EQ(f.doc.Lines[0].StartPt.X, 1.5f);
-    EXPECT_FLOAT_EQ(f.doc.Lines[0].StartPt.Y, 1.25f);
-    EXPECT_FLOAT_EQ(CartesianModule::To_WorldX(f.doc, f.doc.Lines[0].StartPt.X), wx);
-    EXPECT_FLOAT_EQ(CartesianModule::To_WorldY(f.doc, f.doc.Lines[0].StartPt.Y), wy);
 }
 
 TEST(BoardState, ZoomWindowFillsTheBoardWithTheBox) {
