@@ -63,6 +63,11 @@ void Board::Renew_Pointer() {
 
 void Board::Set_Mode(int16_t index) {
     Cancel_Band();
+    // A move keeps pending across modes; its band comes back with the next move in SELECTION.
+    if (ActiveMode == SELECTION && index != SELECTION) {
+        Erase_Move_Band();
+        Erase_Select_Box();
+    }
     if (ActiveMode == CALCULATION) Repaint(false);
     if (index != SELECTION) {
         LayoutRender::Paint_Selection(surface_, doc_.Lines, LayoutRender::kLineColor, LayoutRender::kLineColor);
@@ -72,6 +77,8 @@ void Board::Set_Mode(int16_t index) {
     Ui.CheckedMode = index;
     Ui.LoadParamBoxVisible = false;
     Hide_Rotate_Marks();
+    // The snap box and the hover grips belong to the mode being left.
+    Ui.Marks.PickBox.Visible = Ui.Marks.StartBox.Visible = Ui.Marks.MidBox.Visible = Ui.Marks.EndBox.Visible = false;
 
     const char* name = "";
     for (const ModeRow& m : kModes)
@@ -92,7 +99,6 @@ void Board::Set_Mode(int16_t index) {
         ActiveMode = CALCULATION;
         Set_Pointer(Pointer::PickBox);
         surface_.Cls();
-        MoveBandShown = SelectBoxShown = false;
         if (hooks.Enter_Calculation) hooks.Enter_Calculation();
         else Ui.LoadParamBoxVisible = !CartesianModule::Lines_Empty(doc_.Lines);
         surface_.Refresh();
