@@ -543,7 +543,13 @@ PopUp Board::DrawingBoard_MouseUp(Button button, bool shift, double x, double y)
 }
 
 void Board::DrawingBoard_Click() {
-    if (LastButton != Button::Left || ActiveMode != SELECTION) return;
+    if (LastButton != Button::Left) return;
+    if (ActiveMode == SELECTION) Selection_Click();
+}
+
+// A left click, or a typed point, in SELECTION: a step of a pending rotate or
+// move, or else a pick that toggles the line under the pointer.
+void Board::Selection_Click() {
     const bool typed = TypedPoint;
     if (Sel.RotatePending != 0) {
         if (Sel.RotateClick == 0)

@@ -153,6 +153,7 @@ private:
     void Renew_Pointer();
     void Status_Coordinates(double x, double y);
     void Add_Dimension(double x, double y);
+    void Selection_Click();
     void Set_CommandText(const std::string& text);
     void Show_Echo(const CommandLine::EchoResult& e);
     bool Snap(int mode, const PointRec& base, double& x, double& y);

@@ -128,6 +128,9 @@ TEST_F(BoardEditing, WindowTakesLinesWhollyInsideCrossingAlsoThoseCut) {
         b.MoveTo(b.Px(1, 4), Qt::LeftButton);
         EXPECT_NE(b.s.Image(), before) << "the box is drawn while it is dragged";
         QTest::mouseRelease(&b.s, Qt::LeftButton, {}, b.Px(1, 4));
+        const QImage after = b.s.Image();
+        b.Board().Repaint(true);
+        EXPECT_EQ(b.s.Image(), after) << "no trace of the box is left";
         std::vector<int16_t> got;
         for (const auto& l : b.Doc().Lines) got.push_back(l.Selected);
         EXPECT_EQ(got, c.selected) << c.reply;
