@@ -180,6 +180,14 @@ TEST_F(BoardEditing, MoveAndRotateByTypedAndPickedPoints) {
         {"move typed", [](BoardWindow& b) { b.Press("MoveButton"); b.Type("2,2"); b.Type("2,0'-6\""); }, {2, 6, 3, 7}},
         {"move picked", [](BoardWindow& b) { b.Press("MoveButton"); b.ClickAt(b.Px(2, 2)); b.ClickAt(b.Px(1, 2)); },
          {1, 2, 2, 3}},
+        {"move picked in ortho",
+         [](BoardWindow& b) {
+             b.Key(Qt::Key_F8);
+             b.Press("MoveButton");
+             b.ClickAt(b.Px(2, 2));
+             b.ClickAt(b.Px(1, 2.25));  // pulled onto the horizontal through the base
+         },
+         {1, 2, 2, 3}},
         {"rotate typed", [](BoardWindow& b) { b.Press("RotateButton"); b.Type("2,2"); b.Type("90"); }, {2, 2, 1, 3}},
         {"rotate picked", [](BoardWindow& b) { b.Press("RotateButton"); b.ClickAt(b.Px(3, 3)); b.Type("-90"); },
          {2, 4, 3, 3}},
