@@ -2,7 +2,6 @@
 // same click procedures a pointer pick uses, and the buttons of the
 // selection commands, with what they show routed back to the board.
 #include "board/BoardState.h"
-
 #include "board/CartesianModule.h"
 
 namespace BoardState {
@@ -52,37 +51,49 @@ SelectionModule::EditHooks Board::Edit_Hooks() {
 
 void Board::CommandBox_KeyDown(int key, const std::string& text) {
     using CommandLine::CommandRoute;
-    switch (CommandLine::CommandBox_Route(ActiveMode == DRAW, ActiveMode == SELECTION, static_cast<int16_t>(key),
-                                          Sel)) {
-    case CommandRoute::ReplyDraw: Reply_Draw(text); break;
-    case CommandRoute::CancelSelection:
-        Sel.SelectKind = 0;
-        Set_Mode(SELECTION);
-        break;
-    case CommandRoute::ReplyRotate: Reply_Rotate(text); break;
-    case CommandRoute::ReplySelect:
-        Reply_Select(text);
-        Renew_Pointer();
-        break;
-    case CommandRoute::ReplyMove: Reply_Move(text); break;
-    default: break;
+    switch (
+        CommandLine::CommandBox_Route(ActiveMode == DRAW, ActiveMode == SELECTION, static_cast<int16_t>(key), Sel)) {
+        case CommandRoute::ReplyDraw:
+            Reply_Draw(text);
+            break;
+        case CommandRoute::CancelSelection:
+            Sel.SelectKind = 0;
+            Set_Mode(SELECTION);
+            break;
+        case CommandRoute::ReplyRotate:
+            Reply_Rotate(text);
+            break;
+        case CommandRoute::ReplySelect:
+            Reply_Select(text);
+            Renew_Pointer();
+            break;
+        case CommandRoute::ReplyMove:
+            Reply_Move(text);
+            break;
+        default:
+            break;
     }
 }
 
 void Board::Apply_Reply(const CommandLine::ReplyResult& r, const std::function<void()>& click) {
     switch (r.Status) {
-    case ReplyStatus::Point:
-        Set_CommandText("");
-        TypedX = r.TypedX;
-        TypedY = r.TypedY;
-        TypedPoint = true;
-        click();
-        TypedPoint = false;
-        break;
-    case ReplyStatus::Invalid: Set_CommandText(r.BoxText); break;
-    case ReplyStatus::Failed:
-    case ReplyStatus::Done: Set_CommandText(""); break;
-    case ReplyStatus::Ignored: break;
+        case ReplyStatus::Point:
+            Set_CommandText("");
+            TypedX = r.TypedX;
+            TypedY = r.TypedY;
+            TypedPoint = true;
+            click();
+            TypedPoint = false;
+            break;
+        case ReplyStatus::Invalid:
+            Set_CommandText(r.BoxText);
+            break;
+        case ReplyStatus::Failed:
+        case ReplyStatus::Done:
+            Set_CommandText("");
+            break;
+        case ReplyStatus::Ignored:
+            break;
     }
 }
 

@@ -21,10 +21,14 @@ namespace {
 
 Button ToButton(int code) {
     switch (code) {
-    case 1: return Button::Left;
-    case 2: return Button::Right;
-    case 4: return Button::Middle;
-    default: return Button::None;
+        case 1:
+            return Button::Left;
+        case 2:
+            return Button::Right;
+        case 4:
+            return Button::Middle;
+        default:
+            return Button::None;
     }
 }
 
@@ -132,13 +136,24 @@ bool MainFrm::eventFilter(QObject* watched, QEvent* event) {
     if (!mine) return QMainWindow::eventFilter(watched, event);
     int code = 0;
     switch (static_cast<QKeyEvent*>(event)->key()) {
-    case Qt::Key_Escape: code = BoardState::KeyEscape; break;
-    case Qt::Key_Delete: code = BoardState::KeyDelete; break;
-    case Qt::Key_F8: code = BoardState::KeyF8; break;
-    case Qt::Key_F9: code = BoardState::KeyF9; break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter: code = BoardState::KeyEnter; break;
-    default: break;
+        case Qt::Key_Escape:
+            code = BoardState::KeyEscape;
+            break;
+        case Qt::Key_Delete:
+            code = BoardState::KeyDelete;
+            break;
+        case Qt::Key_F8:
+            code = BoardState::KeyF8;
+            break;
+        case Qt::Key_F9:
+            code = BoardState::KeyF9;
+            break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            code = BoardState::KeyEnter;
+            break;
+        default:
+            break;
     }
     if (code == 0) return QMainWindow::eventFilter(watched, event);
     board_->Form_KeyDown(code);
