@@ -25,14 +25,8 @@ struct DialogSeam {
     QString open, save;
     int opens = 0, saves = 0;
     DialogSeam() {
-        filedialogs::SetOpenDialog([this](QWidget*, const QString&) {
-            ++opens;
-            return open;
-        });
-        filedialogs::SetSaveDialog([this](QWidget*, const QString&, bool) {
-            ++saves;
-            return save;
-        });
+        filedialogs::SetOpenDialog([this](QWidget*, const QString&) { return ++opens, open; });
+        filedialogs::SetSaveDialog([this](QWidget*, const QString&, bool) { return ++saves, save; });
     }
     ~DialogSeam() {
         filedialogs::SetOpenDialog({});

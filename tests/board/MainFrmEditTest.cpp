@@ -142,6 +142,14 @@ TEST_F(BoardEditing, WindowTakesLinesWhollyInsideCrossingAlsoThoseCut) {
 TEST_F(BoardEditing, PicksToggleAndThePopUpMenuTypesTheKind) {
     BoardWindow b(Scene());
     b.Mode(4);
+    {
+        guitest::ModalWatchdog dog;
+        b.Press("RotateButton");  // nothing selected yet
+        ASSERT_EQ(dog.Seen().size(), 1);
+        EXPECT_EQ(dog.Seen()[0].text, "No Line(s) selected !   ");
+        EXPECT_EQ(dog.Seen()[0].icon, QMessageBox::Critical);
+        EXPECT_EQ(b.Board().Sel.RotatePending, 0);
+    }
     b.ClickAt(b.Px(5.5, 4));
     EXPECT_EQ(b.Doc().Lines[2].Selected, -1);
     b.ClickAt(b.Px(2.5, 2.5));
@@ -204,18 +212,6 @@ TEST_F(BoardEditing, MoveAndRotateByTypedAndPickedPoints) {
         EXPECT_EQ(b.w.findChild<QLabel*>("CommandName")->text(),
                   "[Pick Object or Type 'W' <Window> or 'C' <Crossing> or 'A' <All> or 'R' <Remove>]");
     }
-}
-
-TEST_F(BoardEditing, NoSelectionRefusesTheCommandsWithAMessage) {
-    guitest::ModalWatchdog dog;
-    BoardWindow b(Scene());
-    b.Mode(4);
-    b.Press("MoveButton");
-    b.Press("RotateButton");
-    ASSERT_EQ(dog.Seen().size(), 2);
-    EXPECT_EQ(dog.Seen()[0].text, "No Line(s) selected !   ");
-    EXPECT_EQ(dog.Seen()[0].icon, QMessageBox::Critical);
-    EXPECT_EQ(b.Board().Sel.MovePending, 0);
 }
 
 TEST_F(BoardEditing, EditHoverDeleteAndTheLineDataDialog) {
