@@ -4,11 +4,13 @@
 
 #include "board/CartesianModule.h"
 #include "board/DimensionModule.h"
+#include "board/SnapModule.h"
 #include "shell/Primitives.h"
 
 namespace BoardState {
 
 using board::Pointer;
+using CartesianModule::Ortho_Point;
 using CartesianModule::To_WorldX;
 using CartesianModule::To_WorldY;
 
@@ -29,24 +31,23 @@ PointRec Pt(double x, double y) {
     return p;
 }
 
+PointRec Ortho(const PointRec& base, double x, double y, bool ortho) {
+    PointRec p;
+    Ortho_Point(base, x, y, ortho, p);
+    return p;
+}
+
 bool Something_On_Board(const LayoutDocument& doc) {
     return CartesianModule::Has_Line(doc.Lines) || CartesianModule::Has_Dim(doc.Dims);
 }
 
-void Clear_Selection(PublicVariables::LineTable& t) {
-    if (CartesianModule::Lines_Empty(t)) return;
-    for (auto& r : t) r.Selected = 0;
+void Place(board::BoardMarks::Box& box, const PointRec& p) {
+    box.Visible = true;
+    box.X = p.X;
+    box.Y = p.Y;
 }
 
 }  // namespace
-
-PointRec Ortho_Point(const PointRec& base, double x, double y, bool ortho) {
-    if (ortho) {
-        if (std::fabs(y - base.Y) < std::fabs(x - base.X)) y = base.Y;
-        if (std::fabs(x - base.X) < std::fabs(y - base.Y)) x = base.X;
-    }
-    return Pt(x, y);
-}
 
 Board::Board(LayoutDocument& doc, board::DrawSurface& surface) : doc_(doc), surface_(surface) {}
 
@@ -55,17 +56,29 @@ void Board::Set_Pointer(Pointer p) {
     surface_.SetMousePointer(p);
 }
 
+// The SELECTION pointer: the pick box for picking, the window box while a box kind is set.
+void Board::Renew_Pointer() {
+    if (ActiveMode == SELECTION) Set_Pointer(Sel.SelectKind == 0 ? Pointer::PickBox : Pointer::WindowBox);
+}
+
 void Board::Set_Mode(int16_t index) {
     Cancel_Band();
+    // A move keeps pending across modes; its band comes back with the next move in SELECTION.
+    if (ActiveMode == SELECTION && index != SELECTION) {
+        Erase_Move_Band();
+        Erase_Select_Box();
+    }
     if (ActiveMode == CALCULATION) Repaint(false);
     if (index != SELECTION) {
         LayoutRender::Paint_Selection(surface_, doc_.Lines, LayoutRender::kLineColor, LayoutRender::kLineColor);
-        Clear_Selection(doc_.Lines);
+        SelectionModule::Clear_Selection(doc_.Lines);
         surface_.Refresh();
     }
     Ui.CheckedMode = index;
     Ui.LoadParamBoxVisible = false;
     Hide_Rotate_Marks();
+    // The snap box and the hover grips belong to the mode being left.
+    Ui.Marks.PickBox.Visible = Ui.Marks.StartBox.Visible = Ui.Marks.MidBox.Visible = Ui.Marks.EndBox.Visible = false;
 
     const char* name = "";
     for (const ModeRow& m : kModes)
@@ -75,7 +88,7 @@ void Board::Set_Mode(int16_t index) {
     case SELECTION:
         if (ActiveMode != SELECTION) Repaint(true);
         ActiveMode = SELECTION;
-        SelectKind = 0;
+        Sel.SelectKind = 0;
         Set_Pointer(Pointer::PickBox);
         break;
     case DIMENSION: ActiveMode = DIMENSION; Set_Pointer(Pointer::Cross); break;
@@ -111,14 +124,14 @@ void Board::Show_Prompt() {
         break;
     case SELECTION:
         on = true;
-        if (RotatePending) {
-            p = RotateClick == 1 ? "[Enter Rotation Angle in degrees]" : "[Pick Rotation Base Point]";
-        } else if (!MovePending) {
-            if (SelectKind == 0)
+        if (Sel.RotatePending != 0) {
+            p = Sel.RotateClick == 1 ? "[Enter Rotation Angle in degrees]" : "[Pick Rotation Base Point]";
+        } else if (Sel.MovePending == 0) {
+            if (Sel.SelectKind == 0)
                 p = "[Pick Object or Type 'W' <Window> or 'C' <Crossing> or 'A' <All> or 'R' <Remove>]";
-            else p = CornerPicked ? "[Pick Second Corner Point]" : "[Pick First Corner Point]";
+            else p = Sel.CornerPicked != 0 ? "[Pick Second Corner Point]" : "[Pick First Corner Point]";
         } else {
-            p = MoveClick == 1 ? "[Pick Destination Point]" : "[Pick Base Point]";
+            p = Sel.MoveClick == 1 ? "[Pick Destination Point]" : "[Pick Base Point]";
         }
         break;
     case DIMENSION:
@@ -136,7 +149,11 @@ void Board::Show_Prompt() {
     default: break;
     }
     Ui.CommandBoxEnabled = on;
-    Ui.CommandText = on ? "" : kDisabledText;
+    Set_CommandText(on ? "" : kDisabledText);
+}
+
+void Board::Set_CommandText(const std::string& text) {
+    Ui.CommandText = text;
     ++Ui.CommandTextSerial;
 }
 
@@ -152,11 +169,17 @@ void Board::Cancel_Band() {
     DrawClick = 0;
 }
 
-void Board::Hide_Rotate_Marks() { Ui.RotateMarksVisible = false; }
+void Board::Hide_Rotate_Marks() {
+    Ui.Marks.RotBox.Visible = false;
+    Ui.Marks.RotLines = false;
+}
 
-void Board::Hide_Marks() {
-    Ui.RotateMarksVisible = false;
-    Ui.MarksVisible = false;
+void Board::Hide_Marks() { Ui.Marks = {}; }
+
+void Board::Show_Grips(const PublicVariables::LineRec& line) {
+    Place(Ui.Marks.StartBox, line.StartPt);
+    Place(Ui.Marks.EndBox, line.EndPt);
+    Place(Ui.Marks.MidBox, line.MidPt);
 }
 
 bool Board::Form_KeyDown(int key) {
@@ -166,27 +189,17 @@ bool Board::Form_KeyDown(int key) {
             Cancel_Band();
             Show_Prompt();
         } else if (ActiveMode == SELECTION) {
-            LayoutRender::Paint_Selection(surface_, doc_.Lines, LayoutRender::kLineColor, LayoutRender::kLineColor);
-            Clear_Selection(doc_.Lines);
-            if (RotatePending) {
-                RotateClick = 0;
-                Hide_Rotate_Marks();
-            }
-            if (hooks.Escape_Selection) hooks.Escape_Selection();
-            if (MovePending) {
-                MoveClick = 0;
-                Hide_Rotate_Marks();
-            }
+            SelectionModule::Selection_Escape(doc_, Sel, Edit_Hooks());
             surface_.Refresh();
         }
         return true;
     case KeyDelete:
         if (ActiveMode == EDIT) {
-            if (hooks.Delete_Hover) hooks.Delete_Hover();
-            Ui.MarksVisible = false;
-            if (CartesianModule::Lines_Empty(doc_.Lines)) doc_.LineCounter = 0;
-        } else if (ActiveMode == SELECTION && !RotatePending && !MovePending) {
-            if (hooks.DeleteButton_Click) hooks.DeleteButton_Click();
+            SelectionModule::Edit_DeleteKey(doc_, HoverLine, PrevHover, HoverDrawn, Edit_Hooks());
+            Ui.Marks.StartBox.Visible = Ui.Marks.EndBox.Visible = Ui.Marks.MidBox.Visible = false;
+            surface_.Refresh();
+        } else if (ActiveMode == SELECTION && Sel.RotatePending == 0 && Sel.MovePending == 0) {
+            DeleteButton_Click();
         }
         return true;
     case KeyF8:
@@ -217,34 +230,74 @@ void Board::SnapButton_Click(int index) {
 }
 
 void Board::Status_Coordinates(double x, double y) {
-    Ui.StatusPanel1 = "  X = " + prim::Format(To_WorldX(doc_, x), "0.00000") + ",   Y = " +
-                      prim::Format(To_WorldY(doc_, y), "0.00000");
+    Ui.StatusPanel1 = CartesianModule::Coordinate_Status(doc_, x, y);
+}
+
+// One snap search at the pointer; on a hit (x, y) move to the snapped point.
+bool Board::Snap(int mode, const PointRec& base, double& x, double& y) {
+    SnapPt = Pt(x, y);
+    PointRec out = SnapPt;
+    if (!CartesianModule::Snap_Point(doc_, static_cast<float>(x), static_cast<float>(y), static_cast<int16_t>(mode),
+                                     out, base))
+        return false;
+    SnapPt = out;
+    x = out.X;
+    y = out.Y;
+    return true;
+}
+
+void Board::Snap_Feedback(bool found, double x, double y) {
+    Ui.StatusPanel2 = CartesianModule::Snap_Status(found, static_cast<int16_t>(SnapMode));
+    if (found) Place(Ui.Marks.PickBox, Pt(x, y));
+    else Ui.Marks.PickBox.Visible = false;
+}
+
+// EDIT: the line under the pointer lights up with its grips and its name.
+void Board::Hover_Feedback() {
+    auto& m = Ui.Marks;
+    if (HoverLine.Found == 0) {
+        Ui.StatusPanel2.clear();
+        surface_.SetToolTipText("");
+        m.StartBox.Visible = m.EndBox.Visible = m.MidBox.Visible = false;
+        return;
+    }
+    PrevHover = HoverLine;
+    HoverDrawn = -1;
+    Ui.StatusPanel2 = SelectionModule::Hover_Status(HoverLine);
+    LayoutRender::Paint_Line(surface_, HoverLine.Line, LayoutRender::kSelectedColor);
+    surface_.SetToolTipText(SelectionModule::Hover_ToolTip(HoverLine));
+    Show_Grips(HoverLine.Line);
+    surface_.Refresh();
+}
+
+void Board::Draw_Move_Band() {
+    LayoutRender::Band_Line(surface_, Sel.MoveBase, CurrentPt);
+    MoveBandShown = !MoveBandShown;
+}
+
+void Board::Erase_Move_Band() {
+    if (MoveBandShown) Draw_Move_Band();
+}
+
+void Board::Erase_Select_Box() {
+    if (SelectBoxShown)
+        LayoutRender::Band_Box(surface_, Sel.WindowCorner.X, Sel.WindowCorner.Y, CurrentPt.X, CurrentPt.Y);
+    SelectBoxShown = false;
 }
 
 void Board::DrawingBoard_MouseMove(Button button, bool /*shift*/, double x, double y) {
     PointerX = x;
     PointerY = y;
     const bool left = button == Button::Left;
-    auto snap = [&](int mode, const PointRec& base) {
-        SnapPt = Pt(x, y);
-        PointRec out = SnapPt;
-        const bool found = mode != 0 && hooks.Snap_Point && hooks.Snap_Point(static_cast<float>(x),
-                                                                            static_cast<float>(y), mode, out, base);
-        if (found) {
-            SnapPt = out;
-            x = out.X;
-            y = out.Y;
-            Ui.MarksVisible = true;
-        } else {
-            Ui.StatusPanel2.clear();
-            Ui.MarksVisible = false;
-        }
-    };
+    HoverLine = SelectionModule::Hover_Line(doc_, static_cast<float>(x), static_cast<float>(y),
+                                            ActiveMode == SELECTION);
     switch (ActiveMode) {
-    case DIMENSION:
-        snap(SnapMode == 5 ? 0 : SnapMode, AnchorPt);
+    case DIMENSION: {
+        // A perpendicular needs a start point, which a dimension never has.
+        const bool found = Snap(CartesianModule::Effective_SnapMode(SnapMode, false), AnchorPt, x, y);
+        Snap_Feedback(found, x, y);
         if (DimClick == 2) {
-            const PointRec p = Ortho_Point(DimRec.DimMid, x, y, true);
+            const PointRec p = Ortho(DimRec.DimMid, x, y, true);
             x = p.X;
             y = p.Y;
             LayoutRender::Band_Line(surface_, DimRec.DimMid, CurrentPt);
@@ -255,10 +308,12 @@ void Board::DrawingBoard_MouseMove(Button button, bool /*shift*/, double x, doub
             CurrentPt = Pt(x, y);
         }
         break;
-    case DRAW:
-        snap(SnapMode == 5 && DrawClick != 1 ? 0 : SnapMode, AnchorPt);
+    }
+    case DRAW: {
+        const bool found = Snap(CartesianModule::Effective_SnapMode(SnapMode, DrawClick == 1), AnchorPt, x, y);
+        Snap_Feedback(found, x, y);
         if (DrawClick == 1) {
-            const PointRec p = Ortho_Point(AnchorPt, x, y, OrthoMode);
+            const PointRec p = Ortho(AnchorPt, x, y, OrthoMode);
             x = p.X;
             y = p.Y;
             LayoutRender::Band_Line(surface_, AnchorPt, CurrentPt);
@@ -269,6 +324,8 @@ void Board::DrawingBoard_MouseMove(Button button, bool /*shift*/, double x, doub
             CurrentPt = Pt(x, y);
         }
         break;
+    }
+    case EDIT: Hover_Feedback(); break;
     case PAN:
         if (left && Something_On_Board(doc_)) {
             LayoutRender::Pan_Ghost(surface_, Ghost, x, y, PanFrom.X, PanFrom.Y, false);
@@ -284,16 +341,65 @@ void Board::DrawingBoard_MouseMove(Button button, bool /*shift*/, double x, doub
             surface_.Refresh();
         }
         break;
+    case SELECTION: {
+        bool found = false;
+        if (Sel.RotatePending != 0 && Sel.RotateClick == 0)
+            found = Snap(CartesianModule::Effective_SnapMode(SnapMode, false), AnchorPt, x, y);
+        if (Sel.MovePending != 0) {
+            found = Snap(CartesianModule::Effective_SnapMode(SnapMode, Sel.MoveClick == 1), Sel.MoveBase, x, y);
+            if (Sel.MoveClick != 1) {
+                CurrentPt = Pt(x, y);
+            } else {
+                const PointRec p = Ortho(Sel.MoveBase, x, y, OrthoMode);
+                x = p.X;
+                y = p.Y;
+                Erase_Move_Band();
+                CurrentPt = p;
+                Draw_Move_Band();
+                surface_.Refresh();
+            }
+        }
+        Snap_Feedback(found, x, y);
+        if (left && Sel.SelectKind >= 1 && Sel.SelectKind <= 3 && Sel.CornerPicked != 0) {
+            Erase_Select_Box();
+            CurrentPt = Pt(x, y);
+            LayoutRender::Band_Box(surface_, Sel.WindowCorner.X, Sel.WindowCorner.Y, CurrentPt.X, CurrentPt.Y);
+            SelectBoxShown = true;
+            surface_.Refresh();
+        }
+        break;
+    }
     default: break;
+    }
+    if (HoverLine.Found == 0 && HoverDrawn != 0) {
+        HoverDrawn = 0;
+        if (PrevHover.Found != 0) {
+            LayoutRender::Paint_Line(surface_, PrevHover.Line, LayoutRender::kLineColor);
+            surface_.Refresh();
+        }
     }
     PointerX = x;
     PointerY = y;
+    const bool on = Ui.CommandBoxEnabled;
+    if (ActiveMode == DRAW) {
+        Show_Echo(CommandLine::Echo_Draw(doc_, on, static_cast<int16_t>(DrawClick), x, y, AnchorPt, Echo));
+    } else if (ActiveMode == SELECTION) {
+        if (Sel.RotatePending != 0) Show_Echo(CommandLine::Echo_RotateBase(doc_, Sel.RotateClick, x, y));
+        else if (Sel.MovePending == 0) Show_Echo(CommandLine::Echo_Corner(doc_, Sel.SelectKind, x, y));
+        else Show_Echo(CommandLine::Echo_Move(doc_, on, Sel.MoveClick, x, y, Sel.MoveBase, Echo));
+    }
     Status_Coordinates(x, y);
+}
+
+void Board::Show_Echo(const CommandLine::EchoResult& e) {
+    if (e.SetText) Set_CommandText(e.Text);
+    Ui.CommandFocus = Ui.CommandFocus || e.Focus;
+    Ui.CommandSelectAll = Ui.CommandSelectAll || e.SelectAll;
 }
 
 void Board::Add_Dimension(double x, double y) {
     auto& d = DimRec;
-    const PointRec p = Ortho_Point(d.DimMid, x, y, true);
+    const PointRec p = Ortho(d.DimMid, x, y, true);
     d.DimPos = p;
     const double w1x = To_WorldX(doc_, d.DimP1.X), w2x = To_WorldX(doc_, d.DimP2.X);
     const double w1y = To_WorldY(doc_, d.DimP1.Y), w2y = To_WorldY(doc_, d.DimP2.Y);
@@ -376,16 +482,18 @@ void Board::DrawingBoard_MouseDown(Button button, bool shift, double x, double y
             ZoomBoxShown = false;
             break;
         case SELECTION:
-            if (!RotatePending && !MovePending && SelectKind >= 1 && SelectKind <= 3) {
-                WindowCorner = Pt(x, y);
-                CurrentPt = WindowCorner;
-                CornerPicked = true;
+            if (Sel.RotatePending == 0 && Sel.MovePending == 0 && Sel.SelectKind >= 1 && Sel.SelectKind <= 3) {
+                Erase_Select_Box();
+                Sel.WindowCorner = Pt(x, y);
+                CurrentPt = Sel.WindowCorner;
+                Sel.CornerPicked = -1;
             }
             break;
         default: break;
         }
     } else if (button == Button::Right && !shift) {
         Cancel_Band();
+        if (ActiveMode == EDIT) DrawingBoard_DblClick();
     }
     Show_Prompt();
 }
@@ -399,27 +507,24 @@ PopUp Board::DrawingBoard_MouseUp(Button button, bool shift, double x, double y)
             if (ZoomBoxShown) LayoutRender::Band_Box(surface_, ZoomCorner.X, ZoomCorner.Y, CurrentPt.X, CurrentPt.Y);
             ZoomBoxShown = false;
             CurrentPt = Pt(x, y);
-            CartesianModule::RepaintHooks h;
-            h.Draw_Lines = [this] {
-                LayoutRender::Draw_Lines(surface_, doc_.Lines, LayoutRender::kLineColor, LayoutRender::kSelectedColor,
-                                         true, Yield);
-            };
-            h.Draw_Dims = [this] { LayoutRender::Draw_Dims(surface_, doc_.Dims); };
-            h.Clear_Board = [this] { surface_.Cls(); };
-            h.Yield = Yield;
+            CartesianModule::RepaintHooks h = Edit_Hooks().Repaint;
             CartesianModule::Zoom_Window(doc_, ZoomCorner, CurrentPt, h);
             surface_.Refresh();
         }
         break;
     case SELECTION:
-        if (button == Button::Right && SelectKind == 0)
-            popup = !RotatePending && !MovePending ? PopUp::Selection : PopUp::Osnap;
+        if (left && Sel.SelectKind >= 1 && Sel.SelectKind <= 3) {
+            Erase_Select_Box();
+            SelectionModule::Select_Window(doc_, Sel, Sel.WindowCorner, CurrentPt,
+                                           Sel.SelectKind != SelectionModule::Kind::Remove, Edit_Hooks());
+            Sel.CornerPicked = 0;
+            surface_.Refresh();
+        } else if (button == Button::Right && Sel.SelectKind == 0) {
+            popup = Sel.RotatePending == 0 && Sel.MovePending == 0 ? PopUp::Selection : PopUp::Osnap;
+        }
         break;
     case DRAW:
         if (button == Button::Right && shift) popup = PopUp::Osnap;
-        break;
-    case CALCULATION:
-        if (LastButton == Button::Left && hooks.Calculation_Click) hooks.Calculation_Click();
         break;
     case PAN:
         if (left && Something_On_Board(doc_)) {
@@ -432,11 +537,44 @@ PopUp Board::DrawingBoard_MouseUp(Button button, bool shift, double x, double y)
         break;
     default: break;
     }
+    Ui.CommandFocus = true;
     Show_Prompt();
     return popup;
 }
 
-void Board::Repaint(bool showSelection) { LayoutRender::Repaint(surface_, doc_, showSelection, Yield); }
+void Board::DrawingBoard_Click() {
+    if (LastButton != Button::Left) return;
+    if (ActiveMode == SELECTION) Selection_Click();
+    else if (ActiveMode == CALCULATION && hooks.Calculation_Click) hooks.Calculation_Click();
+}
+
+// A left click, or a typed point, in SELECTION: a step of a pending rotate or
+// move, or else a pick that toggles the line under the pointer.
+void Board::Selection_Click() {
+    const bool typed = TypedPoint;
+    if (Sel.RotatePending != 0) {
+        if (Sel.RotateClick == 0)
+            SelectionModule::Rotate_Click(Sel, typed ? Pt(TypedX, TypedY) : Pt(PointerX, PointerY), Edit_Hooks());
+    } else if (Sel.MovePending != 0) {
+        const PointRec p = typed ? Pt(TypedX, TypedY) : CurrentPt;
+        Erase_Move_Band();
+        SelectionModule::Move_Click(doc_, Sel, p, Edit_Hooks());
+        surface_.Refresh();
+    } else if (Sel.SelectKind == 0 && HoverLine.Found != 0) {
+        SelectionModule::Toggle_Line(doc_.Lines, HoverLine.Index, Edit_Hooks());
+        surface_.Refresh();
+    }
+}
+
+void Board::DrawingBoard_DblClick() {
+    if (ActiveMode != EDIT || HoverLine.Found == 0) return;
+    if (hooks.Show_LineData) hooks.Show_LineData(HoverLine.Index);
+}
+
+void Board::Repaint(bool showSelection) {
+    LayoutRender::Repaint(surface_, doc_, showSelection, Yield);
+    MoveBandShown = SelectBoxShown = false;
+}
 
 void Board::RefreshButton_Click() {
     Cancel_Band();
@@ -470,7 +608,12 @@ void Board::Reset_View() {
     CartesianModule::Set_Viewport(doc_);
     doc_.Lines = PublicVariables::BlankLines();
     doc_.Dims = PublicVariables::BlankDims();
+    doc_.Intersections = PublicVariables::BlankPoints();
+    HoverLine = PrevHover = {};
+    HoverDrawn = 0;
+    Hide_Marks();
     surface_.Cls();
+    MoveBandShown = SelectBoxShown = false;
     surface_.Refresh();
 }
 

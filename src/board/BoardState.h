@@ -1,17 +1,20 @@
 // The drawing board's editor: its modes, click counters and pointer state,
 // and the procedures the window's events lead to. It owns no widget: it
 // paints on a DrawSurface and leaves in `Ui` what the window shows (prompt,
-// command box, mode caption, pointer, status panels, check marks), which the
-// form copies to its controls after each call.
+// command box, mode caption, pointer, status panels, marks, check marks),
+// which the form copies to its controls after each call.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 #include <string>
 
+#include "board/BoardMessages.h"
+#include "board/CommandLine.h"
 #include "board/DrawSurface.h"
 #include "board/LayoutRender.h"
 #include "board/PublicVariables.h"
+#include "board/SelectionModule.h"
 
 namespace BoardState {
 
@@ -32,8 +35,8 @@ enum Mode : int16_t {
 
 enum class Button { None, Left, Right, Middle };
 
-// Keys the form passes on from its key preview.
-enum Key : int { KeyEscape = 27, KeyDelete = 46, KeyF8 = 119, KeyF9 = 120 };
+// Keys the form passes on from its key preview and from the command box.
+enum Key : int { KeyEnter = 13, KeyEscape = 27, KeyDelete = 46, KeyF8 = 119, KeyF9 = 120 };
 
 constexpr const char* kDisabledText = " <CommandLine response disabled>";
 
@@ -42,13 +45,14 @@ struct BoardUi {
     std::string CommandName;
     bool CommandBoxEnabled = true;
     std::string CommandText;
-    int CommandTextSerial = 0;  // grows each time CommandText is set anew
+    int CommandTextSerial = 0;      // grows each time CommandText is set anew
+    bool CommandFocus = false;      // the box asks for the focus (cleared by the window)
+    bool CommandSelectAll = false;  // ... with its whole text selected
     std::string DumLabel = "   Active Mode:  Free Mode";
     board::Pointer MousePointer = board::Pointer::Default;
     int16_t CheckedMode = NONE;  // the mnuMode entry with the check mark
     bool LoadParamBoxVisible = false;
-    bool RotateMarksVisible = false;
-    bool MarksVisible = false;  // pick, start, end and mid boxes
+    board::BoardMarks Marks;
     std::string StatusPanel1;
     std::string StatusPanel2;
     bool OrthoBox = false;
@@ -62,45 +66,44 @@ class Board {
 public:
     Board(LayoutDocument& doc, board::DrawSurface& surface);
 
-    // Later tools (selection commands, line data, calculation display) plug
-    // in here; an empty hook does nothing.
+    // What the board asks of its window; an empty hook does nothing.
     struct Hooks {
-        std::function<void()> Enter_Calculation;    // builds the calculation display
-        std::function<void()> Calculation_Click;    // left click in CALCULATION: places the load
-        std::function<void()> DeleteButton_Click;   // Delete in SELECTION
-        std::function<void()> Delete_Hover;         // Delete in EDIT
-        std::function<void()> Escape_Selection;     // Esc in SELECTION
-        // A snap search: true with the snapped point in `out`.
-        std::function<bool(float x, float y, int mode, PointRec& out, const PointRec& base)> Snap_Point;
+        std::function<void()> Enter_Calculation;  // builds the calculation display
+        std::function<void()> Calculation_Click;  // left click in CALCULATION: places the load
+        // A message box; for a question, true means Yes. Empty: no message, answer No.
+        std::function<bool(const BoardMessages::BoardMessage&)> Show_Message;
+        // The line data dialog, modal, on the row with this index.
+        std::function<void(int16_t index)> Show_LineData;
     } hooks;
 
     // ---- State (the window's fields) ---------------------------------------------
     int16_t ActiveMode = NONE;
     int DrawClick = 0;
     int DimClick = 0;
-    bool RotatePending = false;
-    int RotateClick = 0;
-    bool MovePending = false;
-    int MoveClick = 0;
-    int SelectKind = 0;
-    bool CornerPicked = false;
+    // SelectKind, CornerPicked, the pending rotate and move with their points.
+    SelectionModule::SelectionState Sel;
     bool OrthoMode = false;
     bool PolyMode = false;
     int SnapMode = 0;
 
-    PointRec SnapPt, AnchorPt, CurrentPt, LastPt;
-    PointRec PanFrom, ZoomCorner, WindowCorner;
+    PointRec SnapPt, AnchorPt, CurrentPt;
+    PointRec PanFrom, ZoomCorner;
     double PointerX = 0.0, PointerY = 0.0;
     bool TypedPoint = false;
     double TypedX = 0.0, TypedY = 0.0;
+    CommandLine::EchoState Echo;  // LastPt and the echoed direction
+    PublicVariables::HoverRec HoverLine, PrevHover;
+    int16_t HoverDrawn = 0;
     PublicVariables::DimensionRec DimRec;  // the dimension under construction
     Button LastButton = Button::None;
     LayoutRender::PanGhost Ghost;
     bool ZoomBoxShown = false;
+    bool SelectBoxShown = false;  // a selection box stands on the picture
+    bool MoveBandShown = false;   // the band of a pending move stands on the picture
 
     BoardUi Ui;
 
-    // ---- Procedures -----------------------------------------------------------------
+    // ---- Modes and keys -------------------------------------------------------------
     void Set_Mode(int16_t index);
     void Show_Prompt();
     void Cancel_Band();
@@ -112,9 +115,23 @@ public:
     void PolyBox_Click(bool checked);
     void SnapButton_Click(int index);
 
+    // ---- The five board events --------------------------------------------------------
     void DrawingBoard_MouseDown(Button button, bool shift, double x, double y);
     void DrawingBoard_MouseMove(Button button, bool shift, double x, double y);
     PopUp DrawingBoard_MouseUp(Button button, bool shift, double x, double y);
+    void DrawingBoard_Click();
+    void DrawingBoard_DblClick();
+
+    // ---- Command line ---------------------------------------------------------------
+    // Enter and Esc in the command box, which holds `text`.
+    void CommandBox_KeyDown(int key, const std::string& text);
+
+    // ---- Edit commands ----------------------------------------------------------------
+    void MoveButton_Click();
+    void RotateButton_Click();
+    void DeleteButton_Click();
+    void ClearButton_Click();
+    void ClearDimButton_Click();
 
     // The repaint of the working display (lines, crossings, dimensions).
     void Repaint(bool showSelection = true);
@@ -124,6 +141,8 @@ public:
     void ZoomExtentButton_Click();
     // Returns to the first state after a document was replaced or emptied.
     void Reset_View();
+    // The grips on the ends and the middle of a line (the line data dialog's).
+    void Show_Grips(const PublicVariables::LineRec& line);
 
     LayoutDocument& Doc() { return doc_; }
     board::DrawSurface& Surface() { return surface_; }
@@ -132,13 +151,27 @@ public:
 private:
     void Zoom_Done();
     void Set_Pointer(board::Pointer p);
+    void Renew_Pointer();
     void Status_Coordinates(double x, double y);
     void Add_Dimension(double x, double y);
+    void Selection_Click();
+    void Set_CommandText(const std::string& text);
+    void Show_Echo(const CommandLine::EchoResult& e);
+    bool Snap(int mode, const PointRec& base, double& x, double& y);
+    void Snap_Feedback(bool found, double x, double y);
+    void Hover_Feedback();
+    void Draw_Move_Band();
+    void Erase_Move_Band();
+    void Erase_Select_Box();
+    // Hands a typed point to a click procedure; shows the outcome of a reply.
+    void Apply_Reply(const CommandLine::ReplyResult& r, const std::function<void()>& click);
+    void Reply_Draw(const std::string& text);
+    void Reply_Move(const std::string& text);
+    void Reply_Rotate(const std::string& text);
+    void Reply_Select(const std::string& text);
+    SelectionModule::EditHooks Edit_Hooks();
     LayoutDocument& doc_;
     board::DrawSurface& surface_;
 };
-
-// Ortho constraint: pulls (x, y) onto the horizontal or vertical through base.
-PointRec Ortho_Point(const PointRec& base, double x, double y, bool ortho);
 
 }  // namespace BoardState

@@ -164,12 +164,49 @@ void BoardSurface::Refresh() {
     update();
 }
 
+void BoardSurface::SetMarks(const board::BoardMarks& marks) {
+    auto same = [](const board::BoardMarks::Box& a, const board::BoardMarks::Box& b) {
+        return a.Visible == b.Visible && (!a.Visible || (a.X == b.X && a.Y == b.Y));
+    };
+    const board::BoardMarks& m = marks_;
+    if (same(m.PickBox, marks.PickBox) && same(m.StartBox, marks.StartBox) && same(m.MidBox, marks.MidBox) &&
+        same(m.EndBox, marks.EndBox) && same(m.RotBox, marks.RotBox) && m.RotLines == marks.RotLines)
+        return;
+    marks_ = marks;
+    update();
+}
+
 void BoardSurface::paintEvent(QPaintEvent*) {
     EndPainting();
     QPainter p(this);
     QImage view = image_;
     view.setDevicePixelRatio(devicePixelRatioF());
     p.drawImage(QPointF(0, 0), view);
+
+    // The marks, in widget pixels over the picture.
+    auto centre = [this](const board::BoardMarks::Box& b) {
+        return QPointF(b.X * logicalDpiX(), b.Y * logicalDpiY());
+    };
+    auto square = [&](const board::BoardMarks::Box& b, double side, const QColor& pen, const QColor& fill) {
+        if (!b.Visible) return;
+        p.setPen(QPen(pen, 1.5));
+        p.setBrush(fill.isValid() ? QBrush(fill) : Qt::NoBrush);
+        const QPointF c = centre(b);
+        p.drawRect(QRectF(c.x() - side / 2, c.y() - side / 2, side, side));
+    };
+    p.setRenderHint(QPainter::Antialiasing, false);
+    if (marks_.RotLines && marks_.RotBox.Visible) {
+        const QPointF c = centre(marks_.RotBox);
+        p.setPen(QPen(QColor(0, 160, 160), 1, Qt::DashLine));
+        p.drawLine(QPointF(0, c.y()), QPointF(width(), c.y()));
+        p.drawLine(QPointF(c.x(), 0), QPointF(c.x(), height()));
+    }
+    const QColor grip(0, 96, 255);
+    square(marks_.StartBox, 8, grip, grip);
+    square(marks_.MidBox, 8, grip, grip);
+    square(marks_.EndBox, 8, grip, grip);
+    square(marks_.RotBox, 12, QColor(0, 200, 200), QColor());
+    square(marks_.PickBox, 12, QColor(255, 220, 0), QColor());
 }
 
 QCursor BoardSurface::CustomCursor(board::Pointer kind, qreal dpr) {
@@ -249,7 +286,5 @@ void BoardSurface::mouseReleaseEvent(QMouseEvent* e) {
     emit MouseUp(ButtonCode(e->button()), e->modifiers() & Qt::ShiftModifier, b.x(), b.y());
 }
 
-void BoardSurface::mouseDoubleClickEvent(QMouseEvent* e) {
-    mousePressEvent(e);
-    emit DoubleClick();
-}
+// The second press of a double-click is the double-click itself, not another press.
+void BoardSurface::mouseDoubleClickEvent(QMouseEvent*) { emit DoubleClick(); }

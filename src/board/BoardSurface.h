@@ -33,6 +33,9 @@ public:
     // Board units to device pixels of the image, and widget pixels to units.
     QPointF ToDevice(double x, double y) const;
     QPointF ToBoard(const QPointF& widgetPos) const;
+    // The marks over the picture (snap box, grips, rotate base); not part of it.
+    void SetMarks(const board::BoardMarks& marks);
+    const board::BoardMarks& Marks() const { return marks_; }
     // One of the three custom cursors, drawn here.
     static QCursor CustomCursor(board::Pointer p, qreal dpr);
 
@@ -63,4 +66,5 @@ private:
     QImage image_;
     mutable std::unique_ptr<QPainter> painter_;
     board::Pointer pointer_ = board::Pointer::Default;
+    board::BoardMarks marks_;
 };

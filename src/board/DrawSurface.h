@@ -23,6 +23,17 @@ uint32_t QBColor(int index);
 constexpr uint32_t kWhite = 0xFFFFFF;
 constexpr uint32_t kDimGrey = 0x404040;
 
+// Small marks that stand over the picture without being part of it: the
+// snap pick box, the grips of a line, the rotate base with its cross hairs.
+struct BoardMarks {
+    struct Box {
+        bool Visible = false;
+        double X = 0.0, Y = 0.0;  // centre, board units
+    };
+    Box PickBox, StartBox, MidBox, EndBox, RotBox;
+    bool RotLines = false;  // horizontal and vertical through RotBox
+};
+
 class DrawSurface {
 public:
     virtual ~DrawSurface() = default;

@@ -23,6 +23,7 @@
 #include "board/BoardSurface.h"
 #include "board/CartesianModule.h"
 #include "board/DimensionModule.h"
+#include "board/SnapModule.h"
 #include "bolt/BoltCalcFrm.h"
 #include "calc/CalcMainFrm.h"
 #include "weld/CcalculatorFrm.h"
@@ -32,7 +33,6 @@
 #include "shell/RecentFiles.h"
 #include "shell/SingleInstance.h"
 
-using BoardState::Button;
 
 namespace {
 
@@ -52,25 +52,8 @@ constexpr ModeDef kModeDefs[] = {
     {BoardState::CALCULATION, "mnuLoadMode", "  Calculation Mode  "},
 };
 
-const char* const kSnapCaptions[] = {"Free Snap", "EndPoint", "MidPoint", "Nearest", "Intersection", "Perpedicular"};
 const char* const kSnapMenus[] = {"mnuFreeSnap",  "mnuEndPoint",     "mnuMidPoint",
                                   "mnuNearest",   "mnuIntersection", "mnuPerpendicular"};
-
-Button ToButton(int code) {
-    switch (code) {
-    case 1: return Button::Left;
-    case 2: return Button::Right;
-    case 4: return Button::Middle;
-    default: return Button::None;
-    }
-}
-
-Button HeldButton(int buttons) {
-    if (buttons & Qt::LeftButton) return Button::Left;
-    if (buttons & Qt::RightButton) return Button::Right;
-    if (buttons & Qt::MiddleButton) return Button::Middle;
-    return Button::None;
-}
 
 }  // namespace
 
@@ -81,6 +64,8 @@ MainFrm::MainFrm(QWidget* parent, const QString& commandLine) : QMainWindow(pare
 
     DrawingBoard = new BoardSurface(this);
     board_ = std::make_unique<BoardState::Board>(doc_, *DrawingBoard);
+    board_->hooks.Show_Message = [this](const BoardMessages::BoardMessage& m) { return Show_Message(m); };
+    board_->hooks.Show_LineData = [this](int16_t index) { Show_LineData(index); };
     BuildMenus();
     BuildBoardArea();
     qApp->installEventFilter(this);
@@ -165,6 +150,13 @@ void MainFrm::BuildMenus() {
         a->setCheckable(true);
         route(kSnapMenus[i], [this, i] { SnapButton[i]->setChecked(true); });
     }
+    route("mnuMove", Board_Command(&BoardState::Board::MoveButton_Click));
+    route("mnuRotate", Board_Command(&BoardState::Board::RotateButton_Click));
+    route("mnuDeleteSelection", Board_Command(&BoardState::Board::DeleteButton_Click));
+    route("mnuWindowSelect", [this] { Type_Reply(QStringLiteral("W")); });
+    route("mnuCrossingSelect", [this] { Type_Reply(QStringLiteral("C")); });
+    route("mnuAllSelect", [this] { Type_Reply(QStringLiteral("A")); });
+    route("mnuRemoveSelect", [this] { Type_Reply(QStringLiteral("R")); });
     route("mnuDeleteAll", &MainFrm::ClearButton_Click);
     route("mnuClearDim", &MainFrm::ClearDimButton_Click);
     route("mnuRefresh", [this] {
@@ -245,7 +237,7 @@ void MainFrm::BuildBoardArea() {
     snapFrame->setObjectName(QStringLiteral("Picture2"));
     auto* snapLay = new QVBoxLayout(snapFrame);
     for (int i = 0; i < 6; ++i) {
-        auto* b = new QRadioButton(QString::fromLatin1(kSnapCaptions[i]), snapFrame);
+        auto* b = new QRadioButton(Q(CartesianModule::Snap_ButtonCaption(static_cast<int16_t>(i))), snapFrame);
         b->setObjectName(QStringLiteral("SnapButton_%1").arg(i));
         snapLay->addWidget(b);
         SnapButton.push_back(b);
@@ -302,9 +294,9 @@ void MainFrm::BuildBoardArea() {
         FocusCommandBox();
     });
     side->addSpacing(8);
-    button("MoveButton", "Move", false, [] {});
-    button("RotateButton", "Rotate", false, [] {});
-    button("DeleteButton", "Delete Selection", false, [] {});
+    button("MoveButton", "Move", true, Board_Command(&BoardState::Board::MoveButton_Click));
+    button("RotateButton", "Rotate", true, Board_Command(&BoardState::Board::RotateButton_Click));
+    button("DeleteButton", "Delete Selection", true, Board_Command(&BoardState::Board::DeleteButton_Click));
     button("ClearButton", "Delete All", true, &MainFrm::ClearButton_Click);
     button("ClearDimButton", "Clear Dimensions", true, &MainFrm::ClearDimButton_Click);
     LoadParamBox = new QGroupBox(QStringLiteral("Load Parameters"), central);
@@ -345,21 +337,11 @@ void MainFrm::BuildBoardArea() {
     statusBar()->addWidget(StatusPanel2, 1);
 
     // The board's events go to the board's procedures.
-    connect(DrawingBoard, &BoardSurface::MouseDown, this, [this](int b, bool shift, double x, double y) {
-        board_->DrawingBoard_MouseDown(ToButton(b), shift, x, y);
-        SyncUi();
-    });
-    connect(DrawingBoard, &BoardSurface::MouseMove, this, [this](int bs, bool shift, double x, double y) {
-        board_->DrawingBoard_MouseMove(HeldButton(bs), shift, x, y);
-        SyncUi();
-    });
-    connect(DrawingBoard, &BoardSurface::MouseUp, this, [this](int b, bool shift, double x, double y) {
-        const BoardState::PopUp pop = board_->DrawingBoard_MouseUp(ToButton(b), shift, x, y);
-        SyncUi();
-        FocusCommandBox();
-        if (pop == BoardState::PopUp::Osnap) menu(QStringLiteral("mnuOsnap"))->popup(QCursor::pos());
-        if (pop == BoardState::PopUp::Selection) menu(QStringLiteral("mnuSelection"))->popup(QCursor::pos());
-    });
+    connect(DrawingBoard, &BoardSurface::MouseDown, this, &MainFrm::Board_MouseDown);
+    connect(DrawingBoard, &BoardSurface::MouseMove, this, &MainFrm::Board_MouseMove);
+    connect(DrawingBoard, &BoardSurface::MouseUp, this, &MainFrm::Board_MouseUp);
+    connect(DrawingBoard, &BoardSurface::DoubleClick, this, &MainFrm::Board_DoubleClick);
+    connect(CommandBox, &QLineEdit::textChanged, this, &MainFrm::CommandBox_Change);
     // The drawing keeps its board coordinates when the board changes size (it
     // stays anchored at the top left); an empty board takes the new lower edge
     // as world Y = 0.
@@ -398,18 +380,23 @@ void MainFrm::FocusCommandBox() {
 }
 
 void MainFrm::SyncUi() {
-    const BoardState::BoardUi& ui = board_->Ui;
+    BoardState::BoardUi& ui = board_->Ui;
     CommandName->setText(Q(ui.CommandName));
     CommandBox->setEnabled(ui.CommandBoxEnabled);
     if (ui.CommandTextSerial != syncedSerial_) {
         CommandBox->setText(Q(ui.CommandText));
         syncedSerial_ = ui.CommandTextSerial;
     }
+    // An echo takes the focus with its text selected, so the first key typed replaces it.
+    if (ui.CommandFocus) FocusCommandBox();
+    if (ui.CommandSelectAll && CommandBox->isEnabled()) CommandBox->selectAll();
+    ui.CommandFocus = ui.CommandSelectAll = false;
     DumLabel->setText(Q(ui.DumLabel));
     StatusPanel1->setText(Q(ui.StatusPanel1));
     StatusPanel2->setText(Q(ui.StatusPanel2));
     LoadParamBox->setVisible(ui.LoadParamBoxVisible);
     SyncLoadPanel();
+    DrawingBoard->SetMarks(ui.Marks);
     for (const ModeDef& m : kModeDefs) {
         action(QString::fromLatin1(m.menu))->setChecked(ui.CheckedMode == m.index);
         ModeBar->findChild<QAction*>(QStringLiteral("ModeBar_%1").arg(m.index))
@@ -429,30 +416,6 @@ void MainFrm::Set_Mode(int16_t index) {
 void MainFrm::ModeBar_Click(int16_t index) {
     Set_Mode(index);
     FocusCommandBox();
-}
-
-bool MainFrm::eventFilter(QObject* watched, QEvent* event) {
-    // Key preview: the form sees a key before the control that has the focus.
-    if (event->type() == QEvent::KeyPress) {
-        auto* w = qobject_cast<QWidget*>(watched);
-        QWidget* focus = QApplication::focusWidget();
-        const bool mine = w != nullptr && w->window() == this && (w == focus || (focus == nullptr && w == this));
-        if (mine && QApplication::activeModalWidget() == nullptr) {
-            int code = 0;
-            switch (static_cast<QKeyEvent*>(event)->key()) {
-            case Qt::Key_Escape: code = BoardState::KeyEscape; break;
-            case Qt::Key_Delete: code = BoardState::KeyDelete; break;
-            case Qt::Key_F8: code = BoardState::KeyF8; break;
-            case Qt::Key_F9: code = BoardState::KeyF9; break;
-            default: break;
-            }
-            if (code != 0 && board_->Form_KeyDown(code)) {
-                SyncUi();
-                return code == BoardState::KeyF8 || code == BoardState::KeyF9;
-            }
-        }
-    }
-    return QMainWindow::eventFilter(watched, event);
 }
 
 void MainFrm::changeEvent(QEvent* e) {

@@ -5,10 +5,13 @@
 #pragma once
 
 #include <QList>
+#include <QPointF>
 #include <QMainWindow>
+#include <functional>
 #include <memory>
 #include <vector>
 
+#include "board/BoardMessages.h"
 #include "board/BoardState.h"
 #include "board/CalcDisplay.h"
 #include "board/PublicVariables.h"
@@ -71,6 +74,21 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // The board's pointer events, with the click and double-click the
+    // board's procedures know.
+    void Board_MouseDown(int button, bool shift, double x, double y);
+    void Board_MouseMove(int buttons, bool shift, double x, double y);
+    void Board_MouseUp(int button, bool shift, double x, double y);
+    void Board_DoubleClick();
+    bool Show_Message(const BoardMessages::BoardMessage& m);
+    void Show_LineData(int16_t index);
+    void CommandBox_Change();
+    // A menu entry that types a reply for the user: the letter, then Enter.
+    void Type_Reply(const QString& text);
+    void PopUp_Menu(const QString& name, double x, double y);
+    // A button or menu entry that runs a board command, then shows its outcome.
+    std::function<void()> Board_Command(void (BoardState::Board::*command)());
+
     enum class Answer { Yes, No, Cancel, NothingToAsk };
     QMenu* AddMenu(const QString& name, const QString& caption);
     QAction* AddAction(QMenu* menu, const QString& name, const QString& caption, bool enabled = false);
@@ -111,6 +129,10 @@ private:
     std::unique_ptr<BoardState::Board> board_;
     QString FileName_ = QStringLiteral("UnNamed.wld");
     int syncedSerial_ = -1;
+    // A release ends a click when it comes where the press was, and not
+    // after a double-click, which is an event of its own.
+    QPointF pressPos_;
+    bool doubleClicked_ = false;
 
     QToolBar* ModeBar = nullptr;
     QLabel* CommandName = nullptr;

@@ -257,33 +257,13 @@ void MainFrm::Startup(const QString& commandLine) {
 }
 
 void MainFrm::ClearButton_Click() {
-    if (Both_Empty()) {
-        DrawingBoard->Cls();
-        DrawingBoard->Refresh();
-        Warn(QStringLiteral("Drawing Board is empty ! "), false);
-        return;
-    }
-    QMessageBox box(QMessageBox::Critical, QStringLiteral("Warning:"),
-                    QStringLiteral("Are you sure you really want to Delete Drawing?  "),
-                    QMessageBox::Yes | QMessageBox::No, this);
-    if (box.exec() == QMessageBox::Yes) {
-        doc_.LineCounter = 0;
-        board_->Cancel_Band();
-        DrawingBoard->Cls();
-        doc_.Lines = PublicVariables::BlankLines();
-        doc_.Dims = PublicVariables::BlankDims();
-        CartesianModule::Set_Viewport(doc_);
-        doc_.Load.LoadPlaced = 0;
-        if (board_->ActiveMode == BoardState::CALCULATION) board_->Set_Mode(BoardState::DRAW);
-        DrawingBoard->Refresh();
-        SyncUi();
-    }
-    FocusCommandBox();
+    board_->ClearButton_Click();
+    SyncUi();
 }
 
 void MainFrm::ClearDimButton_Click() {
-    doc_.Dims = PublicVariables::BlankDims();
-    if (board_->ActiveMode != BoardState::CALCULATION) board_->Repaint(true);
+    board_->ClearDimButton_Click();
+    SyncUi();
 }
 
 void MainFrm::Clear_Recent_Items() {

@@ -71,28 +71,27 @@ TEST(BoardState, SelectionPromptsFollowTheCommandState) {
     Fixture f;
     f.board.Set_Mode(SELECTION);
     Board& b = f.board;
-    b.SelectKind = 1;
-    b.Show_Prompt();
-    EXPECT_EQ(b.Ui.CommandName, "[Pick First Corner Point]");
-    b.CornerPicked = true;
-    b.Show_Prompt();
-    EXPECT_EQ(b.Ui.CommandName, "[Pick Second Corner Point]");
-    b.MovePending = true;
-    b.Show_Prompt();
-    EXPECT_EQ(b.Ui.CommandName, "[Pick Base Point]");
-    b.MoveClick = 1;
-    b.Show_Prompt();
-    EXPECT_EQ(b.Ui.CommandName, "[Pick Destination Point]");
-    b.RotatePending = true;
-    b.Show_Prompt();
-    EXPECT_EQ(b.Ui.CommandName, "[Pick Rotation Base Point]");
-    b.RotateClick = 1;
-    b.Show_Prompt();
-    EXPECT_EQ(b.Ui.CommandName, "[Enter Rotation Angle in degrees]");
+    auto& sel = b.Sel;
+    struct Step {
+        int16_t* field;
+        int16_t value;
+        const char* prompt;
+    };
+    const Step steps[] = {{&sel.SelectKind, 1, "[Pick First Corner Point]"},
+                          {&sel.CornerPicked, -1, "[Pick Second Corner Point]"},
+                          {&sel.MovePending, -1, "[Pick Base Point]"},
+                          {&sel.MoveClick, 1, "[Pick Destination Point]"},
+                          {&sel.RotatePending, -1, "[Pick Rotation Base Point]"},
+                          {&sel.RotateClick, 1, "[Enter Rotation Angle in degrees]"}};
+    for (const Step& s : steps) {
+        *s.field = s.value;
+        b.Show_Prompt();
+        EXPECT_EQ(b.Ui.CommandName, s.prompt);
+    }
     // A pending command survives a mode change.
     b.Set_Mode(DRAW);
-    EXPECT_TRUE(b.RotatePending);
-    EXPECT_TRUE(b.MovePending);
+    EXPECT_NE(sel.RotatePending, 0);
+    EXPECT_NE(sel.MovePending, 0);
 }
 
 TEST(BoardState, LeavingSelectionClearsItEnteringKeepsIt) {
@@ -141,62 +140,26 @@ TEST(BoardState, TwoClicksDrawALineAndThePolyChainGoesOn) {
     EXPECT_EQ(f.surface.Ops[0].Mode, PenMode::Invert);
 }
 
-TEST(BoardState, EscapeCancelsTheBandByDrawingItAgain) {
-    Fixture f;
-    f.Click(1.0, 1.0);
-    f.board.DrawingBoard_MouseMove(Button::None, false, 2.0, 2.0);
-    const auto bands = f.surface.OfKind("Line");
-    const RecordedOp last = bands.back();
-    f.surface.Ops.clear();
-    f.board.Form_KeyDown(KeyEscape);
-    ASSERT_EQ(f.surface.Ops.size(), 1u);
-    EXPECT_EQ(f.surface.Ops[0].X2, last.X2);
-    EXPECT_EQ(f.surface.Ops[0].Y2, last.Y2);
-    EXPECT_EQ(f.board.DrawClick, 0);
-    EXPECT_EQ(f.board.Ui.CommandName, "[Pick Start Point]      -> Input Format: 'X,Y'");
-}
-
-TEST(BoardState, OrthoPullsTheBandOnTheNearerAxis) {
-    PointRec base{1, 1, 0};
-    auto p = Ortho_Point(base, 3.0, 1.5, true);
-    EXPECT_FLOAT_EQ(p.X, 3.0f);
-    EXPECT_FLOAT_EQ(p.Y, 1.0f);
-    p = Ortho_Point(base, 1.2, 4.0, true);
-    EXPECT_FLOAT_EQ(p.X, 1.0f);
-    p = Ortho_Point(base, 2.0, 2.0, true);  // exact diagonal stays
-    EXPECT_FLOAT_EQ(p.X, 2.0f);
-    EXPECT_FLOAT_EQ(p.Y, 2.0f);
-    p = Ortho_Point(base, 3.0, 1.5, false);
-    EXPECT_FLOAT_EQ(p.Y, 1.5f);
-}
-
-TEST(BoardState, F8TogglesOrthoAndItsBoxTogether) {
-    Fixture f;
-    f.board.Form_KeyDown(KeyF8);
-    EXPECT_TRUE(f.board.OrthoMode);
-    EXPECT_TRUE(f.board.Ui.OrthoBox);
-    f.board.Form_KeyDown(KeyF8);
-    EXPECT_FALSE(f.board.OrthoMode);
-    EXPECT_FALSE(f.board.Ui.OrthoBox);
-    EXPECT_FALSE(f.board.Form_KeyDown('A'));
-}
-
 TEST(BoardState, DeleteKeyRoutesByMode) {
     Fixture f;
-    int deletes = 0, hovers = 0;
-    f.board.hooks.DeleteButton_Click = [&] { ++deletes; };
-    f.board.hooks.Delete_Hover = [&] { ++hovers; };
+    CartesianModule::Add_Drawn_Line(f.doc, {1, 1, 0}, {2, 1, 0});
+    CartesianModule::Add_Drawn_Line(f.doc, {1, 2, 0}, {2, 2, 0});
+    f.doc.Lines[0].Selected = -1;
     f.board.Form_KeyDown(KeyDelete);  // DRAW: nothing
     f.board.Set_Mode(SELECTION);
-    f.board.Form_KeyDown(KeyDelete);
-    f.board.MovePending = true;
+    f.doc.Lines[0].Selected = -1;
+    f.board.Sel.MovePending = -1;
     f.board.Form_KeyDown(KeyDelete);  // during a move: nothing
+    EXPECT_EQ(CartesianModule::Line_Count(f.doc.Lines), 2);
+    f.board.Sel.MovePending = 0;
+    f.board.Form_KeyDown(KeyDelete);  // Delete Selection
+    ASSERT_EQ(CartesianModule::Line_Count(f.doc.Lines), 1);
     f.board.Set_Mode(EDIT);
-    f.doc.LineCounter = 4;
-    f.board.Form_KeyDown(KeyDelete);
-    EXPECT_EQ(deletes, 1);
-    EXPECT_EQ(hovers, 1);
+    f.board.DrawingBoard_MouseMove(Button::None, false, 1.5, 2.0);
+    f.board.Form_KeyDown(KeyDelete);  // the line under the pointer
+    EXPECT_TRUE(CartesianModule::Lines_Empty(f.doc.Lines));
     EXPECT_EQ(f.doc.LineCounter, 0) << "empty table after the delete";
+    EXPECT_FALSE(f.board.Ui.Marks.MidBox.Visible);
 }
 
 TEST(BoardState, ThreePicksMakeADimensionOfTheRightKind) {
@@ -216,21 +179,6 @@ TEST(BoardState, ThreePicksMakeADimensionOfTheRightKind) {
     EXPECT_FLOAT_EQ(d.DimPos.X, 2.0f);
     EXPECT_EQ(f.board.DimClick, 0);
     EXPECT_EQ(f.board.Ui.CommandName, "[Pick First Dimension Point]");
-}
-
-TEST(BoardState, PanMovesTheDrawingAndKeepsWorldCoordinates) {
-    Fixture f;
-    CartesianModule::Add_Drawn_Line(f.doc, {1, 1, 0}, {2, 1, 0});
-    const float wx = CartesianModule::To_WorldX(f.doc, f.doc.Lines[0].StartPt.X);
-    const float wy = CartesianModule::To_WorldY(f.doc, f.doc.Lines[0].StartPt.Y);
-    f.board.Set_Mode(PAN);
-    f.board.DrawingBoard_MouseDown(Button::Left, false, 1.0, 1.0);
-    f.board.DrawingBoard_MouseMove(Button::Left, false, 1.5, 1.25);
-    f.board.DrawingBoard_MouseUp(Button::Left, false, 1.5, 1.25);
-    EXPECT_FLOAT_EQ(f.doc.Lines[0].StartPt.X, 1.5f);
-    EXPECT_FLOAT_EQ(f.doc.Lines[0].StartPt.Y, 1.25f);
-    EXPECT_FLOAT_EQ(CartesianModule::To_WorldX(f.doc, f.doc.Lines[0].StartPt.X), wx);
-    EXPECT_FLOAT_EQ(CartesianModule::To_WorldY(f.doc, f.doc.Lines[0].StartPt.Y), wy);
 }
 
 TEST(BoardState, ZoomWindowFillsTheBoardWithTheBox) {

@@ -76,22 +76,4 @@ inline double OffsetForSlack(double half, double slack) {
     return std::sqrt(k * k - half * half);
 }
 
-// The two clicks of DRAW, for tests of what feeds them: the first click holds
-// the anchor, the second adds the line and rebuilds the crossings.
-struct DrawClicks {
-    int16_t DrawClick = 0;
-    PointRec AnchorPt;
-
-    void Click(LayoutDocument& doc, const PointRec& p) {
-        if (DrawClick == 0) {
-            AnchorPt = p;
-            DrawClick = 1;
-            return;
-        }
-        CartesianModule::Add_Drawn_Line(doc, AnchorPt, p);
-        CartesianModule::Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound);
-        DrawClick = 0;
-    }
-};
-
 }  // namespace boardtest

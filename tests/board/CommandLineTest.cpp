@@ -234,47 +234,4 @@ TEST(CommandLine, EchoBeforeTheFirstPointOnTheAnchorAndOfCorners) {
     EXPECT_FALSE(Echo_RotateBase(doc, 1, 2, h - 1).SetText);
 }
 
-// A C-shaped group, drawn once by typed replies and once by picks with
-// EndPoint and Perpendicular snaps, gives the same file.
-TEST(CommandLine, TypedRepliesAndSnappedPicksDrawTheSameGroup) {
-    LayoutDocument typed;
-    DrawClicks draw;
-    EchoState echo;
-    auto type = [&](const char* text) {
-        const ReplyResult r =
-            Reply_Draw(typed, text, {draw.DrawClick, echo.LastPt, echo.EchoDistanceDeg, echo.EchoDistanceRad});
-        ASSERT_EQ(r.Status, ReplyStatus::Point) << text;
-        draw.Click(typed, P(static_cast<float>(r.TypedX), static_cast<float>(r.TypedY)));
-    };
-    const float h = typed.ScaleHeight;
-    type("0,0");
-    type("0'-4\",0");  // bottom flange
-    type("4,4");
-    // Relative replies start from the anchor copied at the last pointer move.
-    Echo_Draw(typed, true, draw.DrawClick, 2.0, h - 3.0, draw.AnchorPt, echo);
-    type("0'-4\"<180");  // top flange, polar
-    type("0,0'-4\"");
-    Echo_Draw(typed, true, draw.DrawClick, 0.0, h - 1.0, draw.AnchorPt, echo);  // the band points down
-    type("4");                                                                  // web, along the band
-
-    LayoutDocument picked;
-    DrawClicks clicks;
-    auto pick = [&](float x, float y, int16_t mode) {
-        PointRec out;
-        const bool hit = CartesianModule::Snap_Point(picked, x, y, mode, out, clicks.AnchorPt);
-        EXPECT_EQ(hit, mode != CartesianModule::SnapKind::Free);
-        clicks.Click(picked, out);
-    };
-    pick(0, h, CartesianModule::SnapKind::Free);
-    pick(4, h, CartesianModule::SnapKind::Free);
-    pick(4, h - 4, CartesianModule::SnapKind::Free);
-    pick(0, h - 4, CartesianModule::SnapKind::Free);
-    pick(0.02f, h - 4.01f, CartesianModule::SnapKind::EndPoint);
-    pick(1.5f, h - 0.02f, CartesianModule::SnapKind::Perpendicular);
-
-    ASSERT_EQ(CartesianModule::Line_Count(typed.Lines), 3);
-    EXPECT_EQ(FileHandling::Layout_Bytes(typed), FileHandling::Layout_Bytes(picked));
-    EXPECT_NEAR(CartesianModule::Line_Total(typed, typed.Lines), 12.0, 1e-5);
-}
-
 }  // namespace

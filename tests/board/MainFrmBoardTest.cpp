@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QToolBar>
 
+#include "BoardWindow.h"
 #include "GuiTestSupport.h"
 #include "board/BoardSurface.h"
 #include "board/CartesianModule.h"
@@ -42,26 +43,6 @@ QColor PixelAt(BoardSurface& s, double x, double y) {
     return s.Image().pixelColor(qRound(p.x()), qRound(p.y()));
 }
 
-// Dialog answers the tests give; reset after each test.
-struct DialogSeam {
-    QString open, save;
-    int opens = 0, saves = 0;
-    DialogSeam() {
-        filedialogs::SetOpenDialog([this](QWidget*, const QString&) {
-            ++opens;
-            return open;
-        });
-        filedialogs::SetSaveDialog([this](QWidget*, const QString&, bool) {
-            ++saves;
-            return save;
-        });
-    }
-    ~DialogSeam() {
-        filedialogs::SetOpenDialog({});
-        filedialogs::SetSaveDialog({});
-    }
-};
-
 class MainFrmBoard : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -70,7 +51,7 @@ protected:
     }
     QString Path(const QString& name) const { return dir.filePath(name); }
     QTemporaryDir dir;
-    DialogSeam seam;
+    boardwindow::DialogSeam seam;
 };
 
 TEST_F(MainFrmBoard, StartsWithAPathAndShowsItsLines) {
@@ -171,26 +152,20 @@ TEST_F(MainFrmBoard, F8AndF9FlipTheirBoxes) {
 }
 
 TEST_F(MainFrmBoard, DrawingWithThePointerAndEscape) {
-    MainFrm w;
-    w.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&w));
-    BoardSurface& s = w.Surface();
-    auto at = [&](double x, double y) { return QPoint(qRound(x * s.logicalDpiX()), qRound(y * s.logicalDpiY())); };
-    QTest::mouseMove(&s, at(1, 1));
-    QTest::mouseClick(&s, Qt::LeftButton, {}, at(1, 1));
-    QTest::mouseMove(&s, at(3, 1));
-    QTest::mouseClick(&s, Qt::LeftButton, {}, at(3, 1));
-    ASSERT_EQ(CartesianModule::Line_Count(w.Document().Lines), 1);
-    EXPECT_EQ(PixelAt(s, 2.0, 1.0), kMagenta);
+    boardwindow::BoardWindow b;
+    b.ClickAt(b.Px(1, 4));
+    b.ClickAt(b.Px(3, 4));
+    ASSERT_EQ(CartesianModule::Line_Count(b.Doc().Lines), 1);
+    EXPECT_EQ(PixelAt(b.s, 2.0, 1.0), kMagenta);
     // A band, then Esc: the picture is as before the band.
-    QTest::mouseClick(&s, Qt::LeftButton, {}, at(1, 2));
-    const QImage before = s.Image();
-    QTest::mouseMove(&s, at(4, 3));
-    EXPECT_NE(s.Image(), before);
-    QTest::keyClick(w.findChild<QLineEdit*>("CommandBox"), Qt::Key_Escape);
-    EXPECT_EQ(s.Image(), before);
-    EXPECT_EQ(w.Board().DrawClick, 0);
-    EXPECT_TRUE(w.findChild<QLabel*>("StatusPanel1")->text().startsWith("  X = "));
+    b.ClickAt(b.Px(1, 3));
+    const QImage before = b.s.Image();
+    b.MoveTo(b.Px(4, 2));
+    EXPECT_NE(b.s.Image(), before);
+    QTest::keyClick(b.box, Qt::Key_Escape);
+    EXPECT_EQ(b.s.Image(), before);
+    EXPECT_EQ(b.Board().DrawClick, 0);
+    EXPECT_EQ(b.w.findChild<QLabel*>("StatusPanel1")->text(), "  X = 4.00000,   Y = 2.00000");
 }
 
 TEST_F(MainFrmBoard, ZoomChangesWorldCoordinatesAndPanDoesNot) {
@@ -228,20 +203,6 @@ TEST_F(MainFrmBoard, ZoomChangesWorldCoordinatesAndPanDoesNot) {
     EXPECT_NEAR(l.StartPt.X - x0, 0.5, 1e-4);
     EXPECT_NEAR(world().x(), w1.x(), 1e-4);
     EXPECT_NEAR(world().y(), w1.y(), 1e-4);
-}
-
-TEST_F(MainFrmBoard, ZoomWindowByDraggingABox) {
-    const QString path = WriteLayout(Path("zw.wld"));
-    MainFrm w(nullptr, path);
-    w.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&w));
-    w.action("mnuZoomWindow")->trigger();
-    BoardSurface& s = w.Surface();
-    const int dpi = s.logicalDpiX();
-    QTest::mousePress(&s, Qt::LeftButton, {}, QPoint(dpi, dpi));
-    QTest::mouseMove(&s, QPoint(2 * dpi, 2 * dpi));
-    QTest::mouseRelease(&s, Qt::LeftButton, {}, QPoint(2 * dpi, 2 * dpi));
-    EXPECT_GT(w.Document().ZoomScale, 4.0f);
 }
 
 TEST_F(MainFrmBoard, OpenSaveAndSaveAsThroughTheDialogs) {

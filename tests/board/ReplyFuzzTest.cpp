@@ -1,20 +1,23 @@
-// Thousands of random replies and edits against one document: whatever is
-// typed, the document stays valid.
+// Thousands of random replies and pointer events on the real window, in
+// every mode: whatever is typed or clicked, the document stays valid.
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QMenu>
 #include <cmath>
-#include <cstdio>
 #include <random>
 #include <string>
 
-#include "BoardTestDoc.h"
-#include "board/CommandLine.h"
-#include "board/LineDataModule.h"
-#include "board/SelectionModule.h"
+#include "BoardWindow.h"
+#include "GuiTestSupport.h"
+#include "board/LineDataFrm.h"
 
-using namespace boardtest;
-using CommandLine::ReplyStatus;
+using boardwindow::BoardWindow;
+using PublicVariables::LayoutDocument;
+using PublicVariables::LineRec;
+using PublicVariables::PointRec;
 
 namespace {
 
@@ -25,6 +28,9 @@ bool Finite(const PointRec& p) { return std::isfinite(p.X) && std::isfinite(p.Y)
 void ExpectValid(const LayoutDocument& doc, const std::string& step) {
     ASSERT_FALSE(doc.Lines.empty()) << step;
     ASSERT_FALSE(doc.Dims.empty()) << step;
+    ASSERT_TRUE(std::isfinite(doc.ZoomScale) && std::isfinite(doc.OriginX) && std::isfinite(doc.OriginY)) << step;
+    for (const auto& d : doc.Dims)
+        ASSERT_TRUE(Finite(d.DimP1) && Finite(d.DimP2) && Finite(d.DimPos) && std::isfinite(d.DimLength)) << step;
     const int16_t count = CartesianModule::Line_Count(doc.Lines);
     if (count == 0) {
         ASSERT_EQ(doc.Lines.size(), 1u) << step;
@@ -32,11 +38,8 @@ void ExpectValid(const LayoutDocument& doc, const std::string& step) {
     }
     ASSERT_EQ(static_cast<size_t>(count), doc.Lines.size()) << step;
     ASSERT_LE(count, doc.LineCounter) << step;
-    ASSERT_LE(CartesianModule::Selected_Count(doc.Lines), count) << step;
     for (const LineRec& r : doc.Lines) {
-        ASSERT_NE(r.Exists, 0) << step;
-        ASSERT_TRUE(Finite(r.StartPt) && Finite(r.EndPt) && Finite(r.MidPt)) << step;
-        ASSERT_TRUE(std::isfinite(r.Length)) << step;
+        ASSERT_TRUE(Finite(r.StartPt) && Finite(r.EndPt) && Finite(r.MidPt) && std::isfinite(r.Length)) << step;
         ASSERT_FLOAT_EQ(r.MidPt.X, static_cast<float>((static_cast<double>(r.StartPt.X) + r.EndPt.X) / 2)) << step;
     }
     for (const PointRec& p : doc.Intersections) ASSERT_TRUE(Finite(p)) << step;
@@ -45,137 +48,92 @@ void ExpectValid(const LayoutDocument& doc, const std::string& step) {
 class Fuzzer {
 public:
     explicit Fuzzer(unsigned seed) : rng_(seed) {}
+    int Choice(int n) { return std::uniform_int_distribution<int>(0, n - 1)(rng_); }
 
     // Half of the replies are well formed, so that lines get drawn, moved and
     // turned; the rest are random pieces.
-    std::string Reply() { return Choice(2) == 0 ? GoodReply() : Pieces(); }
-
-    std::string Number() {
-        static const char* forms[] = {"%g", "%g'", "%g\"", "0'-%g\"", "%g'-3 1/2\"", "%g 1/4"};
-        char buf[64];
-        const double v = std::round(std::uniform_real_distribution<double>(-3.0, 9.0)(rng_) * 8) / 8;
-        std::snprintf(buf, sizeof buf, forms[Choice(static_cast<int>(std::size(forms)))], std::fabs(v));
-        return (v < 0 && Choice(2) == 0 ? "-" : "") + std::string(buf);
-    }
-
-    std::string GoodReply() {
-        switch (Choice(3)) {
-            case 0:
-                return Number() + "," + Number();
-            case 1:
-                return Number() + "<" + std::to_string(Choice(720) - 360);
-            default:
-                return std::to_string(Choice(10) + 1);
+    QString Reply() {
+        if (Choice(2) == 0) {
+            switch (Choice(4)) {
+            case 0: return Number() + "," + Number();
+            case 1: return Number() + "<" + QString::number(Choice(720) - 360);
+            case 2: return QString::number(Choice(10) + 1);
+            default: return QString("WCRA"[Choice(4)]);
+            }
         }
-    }
-
-    std::string Pieces() {
-        static const char* pieces[] = {"0",    "1",   "2",  "5",     "12",  "-",   "'",    "\"",   "<",
-                                       ",",    " ",   "/",  ".",     "E",   "E39", "1E38", "9E99", "1E-2",
-                                       "w",    "c",   "r",  "a",     "x",   "90",  "-45",  "360",  "0'-6\"",
-                                       "3'-6", "1/2", "--", "1,000", "1/0", "\t",  "inf",  "nan",  "D3"};
-        std::uniform_int_distribution<int> len(0, 6);
-        std::uniform_int_distribution<size_t> pick(0, std::size(pieces) - 1);
-        std::string s;
-        for (int i = len(rng_); i > 0; --i) s += pieces[pick(rng_)];
+        static const char* pieces[] = {"0",  "1",    "5",    "12",  "-",    "'",   "\"",   "<",     ",",
+                                       " ",  "/",    ".",    "E",   "E39",  "1E38", "9E99", "1E-2", "w",
+                                       "c",  "a",    "x",    "90",  "-45",  "360", "0'-6\"", "3'-6", "1/2",
+                                       "--", "1,000", "1/0", "inf", "nan",  "D3"};
+        QString s;
+        for (int i = Choice(6); i > 0; --i) s += pieces[Choice(static_cast<int>(std::size(pieces)))];
         return s;
     }
-    float Coord() { return std::uniform_real_distribution<float>(-2.0f, 9.0f)(rng_); }
-    int Choice(int n) { return std::uniform_int_distribution<int>(0, n - 1)(rng_); }
+    QString Number() {
+        static const char* forms[] = {"%1", "%1'", "%1\"", "0'-%1\"", "%1'-3 1/2\""};
+        const double v = (Choice(96) - 16) / 8.0;
+        return QString(forms[Choice(static_cast<int>(std::size(forms)))]).arg(std::fabs(v)).prepend(v < 0 ? "-" : "");
+    }
 
 private:
     std::mt19937 rng_;
 };
 
-TEST(ReplyFuzz, RandomRepliesKeepTheDocumentValid) {
+TEST(BoardFuzz, RandomRepliesAndPointerEventsKeepTheDocumentValid) {
+    guitest::ModalWatchdog dog;  // the line data dialog's own message
+    BoardWindow b;
     Fuzzer fz(20261123);
-    LayoutDocument doc;
-    SelectionModule::SelectionState st;
-    SelectionModule::EditHooks hooks;
-    hooks.Show_Message = [](const BoardMessages::BoardMessage&) { return true; };
-    DrawClicks draw;
-    CommandLine::EchoState echo;
-    int points = 0, invalid = 0, mostLines = 0;
-
-    for (int i = 0; i < 6000; ++i) {
-        const std::string reply = fz.Reply();
-        const std::string step = std::to_string(i) + ": \"" + reply + "\"";
-        // A pointer move echoes first, as it does on the board.
-        CommandLine::Echo_Draw(doc, true, draw.DrawClick, fz.Coord(), fz.Coord(), draw.AnchorPt, echo);
-        switch (fz.Choice(8)) {
-            case 0:
-            case 1:
-            case 2: {
-                // DRAW: the typed point goes through a click like the board's.
-                const auto r = CommandLine::Reply_Draw(
-                    doc, reply, {draw.DrawClick, echo.LastPt, echo.EchoDistanceDeg, echo.EchoDistanceRad});
-                if (r.Status != ReplyStatus::Point) {
-                    invalid += r.Status == ReplyStatus::Invalid;
-                    break;
-                }
-                ++points;
-                draw.Click(doc, P(static_cast<float>(r.TypedX), static_cast<float>(r.TypedY)));
-                break;
+    // Messages answer at once and the line data dialog takes random input,
+    // so that thousands of steps run in a few seconds.
+    b.Board().hooks.Show_Message = [&](const BoardMessages::BoardMessage& m) { return m.YesNo && fz.Choice(4) == 0; };
+    b.Board().hooks.Show_LineData = [&](int16_t index) {
+        LineDataFrm d(b.Doc(), index, {[&] { b.Board().Repaint(true); }, {}}, &b.w);
+        d.findChild<QComboBox*>("BasePtBox")->setCurrentIndex(fz.Choice(3));
+        d.findChild<QLineEdit*>("LenBox")->setText(fz.Reply());
+        d.findChild<QLineEdit*>("RotBox")->setText(fz.Reply());
+        QTest::mouseClick(d.findChild<QPushButton*>("ApplyButton"), Qt::LeftButton);
+    };
+    const Qt::MouseButton buttons[] = {Qt::LeftButton, Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
+    const char* tools[] = {"MoveButton", "RotateButton", "DeleteButton", "zUPButton", "zDNButton", "ZoomExtentButton"};
+    auto somewhere = [&] { return QPoint(fz.Choice(b.s.width() + 40) - 20, fz.Choice(b.s.height() + 40) - 20); };
+    int mostLines = 0;
+    for (int i = 0; i < 3000; ++i) {
+        std::string step = std::to_string(i);
+        const int what = fz.Choice(12);
+        if (what <= 2) {
+            const QString reply = fz.Reply();
+            step += " reply \"" + reply.toStdString() + "\"";
+            if (b.box->isEnabled()) b.Type(reply);
+        } else if (what <= 6) {
+            const QPoint p = somewhere();
+            const Qt::MouseButton button = buttons[fz.Choice(4)];
+            const Qt::KeyboardModifiers mods = fz.Choice(4) == 0 ? Qt::ShiftModifier : Qt::NoModifier;
+            step += " pointer " + std::to_string(p.x()) + "," + std::to_string(p.y());
+            switch (fz.Choice(5)) {
+            case 0: QTest::mousePress(&b.s, button, mods, p); break;
+            case 1: QTest::mouseRelease(&b.s, button, mods, p); break;
+            case 2: b.DoubleClickAt(p); break;
+            case 3: b.ClickAt(p, button, mods); break;
+            default: b.MoveTo(p, fz.Choice(3) == 0 ? Qt::LeftButton : Qt::NoButton);
             }
-            case 3:
-                CommandLine::Reply_Select(doc, st, reply, hooks);
-                if (st.SelectKind >= 1 && st.SelectKind <= 3)
-                    SelectionModule::Select_Window(doc, st, P(fz.Coord(), fz.Coord()), P(fz.Coord(), fz.Coord()),
-                                                   st.SelectKind != SelectionModule::Kind::Remove, hooks);
-                break;
-            case 4: {
-                if (st.MovePending == 0) SelectionModule::MoveButton_Click(doc, st, hooks);
-                const auto r = CommandLine::Reply_Move(doc, reply, {st.MoveClick, st.MoveBase, 45.0, 0.785});
-                if (r.Status == ReplyStatus::Point)
-                    SelectionModule::Move_Click(doc, st, P(static_cast<float>(r.TypedX), static_cast<float>(r.TypedY)),
-                                                hooks);
-                break;
-            }
-            case 5: {
-                if (st.RotatePending == 0) SelectionModule::RotateButton_Click(doc, st, hooks);
-                const auto r = CommandLine::Reply_Rotate(doc, st, reply, hooks);
-                if (r.Status == ReplyStatus::Point)
-                    SelectionModule::Rotate_Click(st, P(static_cast<float>(r.TypedX), static_cast<float>(r.TypedY)),
-                                                  hooks);
-                break;
-            }
-            case 6:
-                LineDataModule::Apply_LineData(doc, static_cast<int16_t>(fz.Choice(6)), reply, fz.Reply(),
-                                               static_cast<int16_t>(fz.Choice(3)));
-                break;
-            default: {
-                switch (fz.Choice(4)) {
-                    case 0:
-                        SelectionModule::DeleteButton_Click(doc, false, hooks);
-                        break;
-                    case 1: {
-                        auto hover = SelectionModule::Hover_Line(doc, fz.Coord(), fz.Coord(), false);
-                        if (fz.Choice(2) == 0 && !CartesianModule::Lines_Empty(doc.Lines)) {
-                            const auto& mid =
-                                doc.Lines[static_cast<size_t>(fz.Choice(static_cast<int>(doc.Lines.size())))].MidPt;
-                            hover = SelectionModule::Hover_Line(doc, mid.X, mid.Y, false);
-                        }
-                        PublicVariables::HoverRec prev;
-                        int16_t drawn = 0;
-                        SelectionModule::Edit_DeleteKey(doc, hover, prev, drawn, hooks);
-                        break;
-                    }
-                    case 2:
-                        if (fz.Choice(10) == 0) SelectionModule::ClearButton_Click(doc, false, hooks);
-                        break;
-                    default:
-                        SelectionModule::Toggle_Line(doc.Lines, static_cast<int16_t>(fz.Choice(8)), hooks);
-                }
-            }
+        } else if (what == 7) {
+            b.Mode(2 * (fz.Choice(6) + 1));
+        } else if (what == 8) {
+            b.Snap(fz.Choice(6));
+        } else if (what == 9) {
+            if (fz.Choice(4) == 0) b.Press(tools[fz.Choice(static_cast<int>(std::size(tools)))]);
+        } else if (what == 10) {
+            const Qt::Key keys[] = {Qt::Key_Escape, Qt::Key_Delete, Qt::Key_F8, Qt::Key_F9};
+            b.Key(keys[fz.Choice(4)]);
+        } else if (fz.Choice(20) == 0) {
+            b.Press(fz.Choice(2) == 0 ? "ClearButton" : "ClearDimButton");
         }
-        ExpectValid(doc, step);
-        mostLines = std::max<int>(mostLines, CartesianModule::Line_Count(doc.Lines));
+        for (auto* m : {b.w.menu("mnuOsnap"), b.w.menu("mnuSelection")}) m->close();
+        ExpectValid(b.Doc(), step);
         if (testing::Test::HasFatalFailure()) return;
+        mostLines = std::max<int>(mostLines, CartesianModule::Line_Count(b.Doc().Lines));
     }
-    // The run must have exercised both the good and the bad paths.
-    EXPECT_GT(points, 100);
-    EXPECT_GT(invalid, 100);
-    EXPECT_GT(mostLines, 10);
+    EXPECT_GT(mostLines, 5) << "the run drew lines";
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 
 #include "BoardTestDoc.h"
 #include "board/CommandLine.h"
-#include "board/FileHandling.h"
 #include "board/SelectionModule.h"
 
 using namespace SelectionModule;
@@ -18,7 +17,6 @@ constexpr double kEps = 1e-5;
 // Records what the window would be asked to show.
 struct Recorder {
     std::vector<std::string> messages;
-    std::vector<std::pair<int16_t, int16_t>> painted;  // (row name number, color)
     int prompts = 0, repaints = 0, drawMode = 0;
     bool answerYes = true;
 
@@ -27,9 +25,6 @@ struct Recorder {
         h.Show_Message = [this](const BoardMessages::BoardMessage& m) {
             messages.push_back(m.Text);
             return m.YesNo && answerYes;
-        };
-        h.Paint_Line = [this](const LineRec& r, int16_t color) {
-            painted.emplace_back(static_cast<int16_t>(std::stoi(r.LineName.substr(12))), color);
         };
         h.Show_Prompt = [this] { ++prompts; };
         h.Repaint.Draw_Lines = [this] { ++repaints; };
@@ -85,31 +80,6 @@ TEST(Selection, RemoveTakesCutLinesOutOfTheSelection) {
     EXPECT_EQ(st.SelectKind, Kind::Pick);
 }
 
-TEST(Selection, BoxOnAnEmptyBoardOnlyResetsTheKind) {
-    LayoutDocument doc;
-    SelectionState st;
-    st.SelectKind = Kind::Crossing;
-    Select_Window(doc, st, P(0, 0), P(5, 5), true);
-    EXPECT_EQ(doc.Lines.size(), 1u);
-    EXPECT_EQ(doc.Lines[0].Selected, 0);
-    EXPECT_EQ(st.SelectKind, Kind::Pick);
-}
-
-TEST(Selection, PickTogglesOneLineAndRepaintsIt) {
-    LayoutDocument doc = BoxScene();
-    Recorder rec;
-    const EditHooks hooks = rec.Hooks();
-    Toggle_Line(doc.Lines, 1, hooks);
-    Toggle_Line(doc.Lines, 2, hooks);
-    Toggle_Line(doc.Lines, 1, hooks);
-    EXPECT_EQ(SelectedRows(doc), std::vector<int16_t>{2});
-    const std::vector<std::pair<int16_t, int16_t>> expected = {
-        {2, kColorSelected}, {3, kColorSelected}, {2, kColorUnselected}};
-    EXPECT_EQ(rec.painted, expected);
-    Toggle_Line(doc.Lines, 9, hooks);  // beside the table: nothing
-    EXPECT_EQ(rec.painted.size(), 3u);
-}
-
 TEST(Selection, HoverPicksWithTheWiderReachInSelection) {
     const LayoutDocument doc = DocWith({L(1, 1, 3, 1)});
     const float y = static_cast<float>(1.0 + OffsetForSlack(1.0, 0.002));
@@ -138,17 +108,6 @@ TEST(Selection, EscapeClearsTheSelectionAndSendsCommandsBackToTheirFirstStep) {
 
 // ---- Move and rotate ---------------------------------------------------------------
 
-TEST(Selection, MoveAndRotateRefuseAnEmptySelection) {
-    LayoutDocument doc = BoxScene();
-    SelectionState st;
-    Recorder rec;
-    EXPECT_FALSE(MoveButton_Click(doc, st, rec.Hooks()));
-    EXPECT_FALSE(RotateButton_Click(doc, st, rec.Hooks()));
-    EXPECT_EQ(st.MovePending, 0);
-    EXPECT_EQ(st.RotatePending, 0);
-    EXPECT_EQ(rec.messages, (std::vector<std::string>{"No Line(s) selected !   ", "No Line(s) selected !   "}));
-}
-
 TEST(Selection, MoveByPickedPointsMovesTheSelectionOnly) {
     LayoutDocument doc = BoxScene();
     doc.Lines[0].Length = 1.41;
@@ -174,25 +133,6 @@ TEST(Selection, MoveByPickedPointsMovesTheSelectionOnly) {
     EXPECT_EQ(rec.repaints, 1);
 }
 
-TEST(Selection, MoveByTypedPointsGoesThroughTheSameClicks) {
-    LayoutDocument doc = DocWith({L(1, 1, 3, 1)});
-    const float h = doc.ScaleHeight;
-    SelectionState st;
-    Toggle_Line(doc.Lines, 0);
-    ASSERT_TRUE(MoveButton_Click(doc, st));
-    CommandLine::PointReplyState reply{st.MoveClick, st.MoveBase, 0, 0};
-    CommandLine::ReplyResult r = CommandLine::Reply_Move(doc, "1,0", reply);  // world (1, 0)
-    ASSERT_EQ(r.Status, CommandLine::ReplyStatus::Point);
-    Move_Click(doc, st, P(static_cast<float>(r.TypedX), static_cast<float>(r.TypedY)));
-    reply = {st.MoveClick, st.MoveBase, 0, 0};
-    r = CommandLine::Reply_Move(doc, "0'-6\"<90", reply);
-    ASSERT_EQ(r.Status, CommandLine::ReplyStatus::Point);
-    Move_Click(doc, st, P(static_cast<float>(r.TypedX), static_cast<float>(r.TypedY)));
-    EXPECT_NEAR(doc.Lines[0].StartPt.Y, 1 - 6, kEps);
-    EXPECT_NEAR(doc.Lines[0].StartPt.X, 1, kEps);
-    EXPECT_NEAR(st.MoveBase.Y, h, kEps);
-}
-
 TEST(Selection, RotateByAPickedBaseAndATypedAngle) {
     struct Case {
         const char* angle;
@@ -214,22 +154,6 @@ TEST(Selection, RotateByAPickedBaseAndATypedAngle) {
         EXPECT_NEAR(doc.Lines[0].MidPt.X, (1 + c.ex) / 2, kEps);
         EXPECT_EQ(st.RotatePending, 0);
     }
-}
-
-TEST(Selection, RotateByATypedBasePoint) {
-    LayoutDocument doc = DocWith({L(1, 1, 3, 1)});
-    const float h = doc.ScaleHeight;
-    SelectionState st;
-    Toggle_Line(doc.Lines, 0);
-    ASSERT_TRUE(RotateButton_Click(doc, st));
-    const auto base = CommandLine::Reply_Rotate(doc, st, "3," + std::to_string(h - 1));
-    ASSERT_EQ(base.Status, CommandLine::ReplyStatus::Point);
-    Rotate_Click(st, P(static_cast<float>(base.TypedX), static_cast<float>(base.TypedY)));
-    CommandLine::Reply_Rotate(doc, st, "90");
-    EXPECT_NEAR(doc.Lines[0].StartPt.X, 3, kEps);
-    EXPECT_NEAR(doc.Lines[0].StartPt.Y, 3, kEps);
-    EXPECT_NEAR(doc.Lines[0].EndPt.X, 3, kEps);
-    EXPECT_NEAR(doc.Lines[0].EndPt.Y, 1, kEps);
 }
 
 TEST(Selection, StartingOneCommandCancelsTheOther) {
@@ -299,80 +223,6 @@ TEST(Selection, DeletingEveryLineBesideDimensionsAsksNothing) {
     EXPECT_TRUE(CartesianModule::Lines_Empty(doc.Lines));
     EXPECT_EQ(doc.Dims[0].Exists, -1);
     EXPECT_EQ(doc.LineCounter, 4);  // numbering runs on
-}
-
-TEST(Selection, DeleteOnAnEmptyBoardOnlyWarns) {
-    LayoutDocument doc;
-    Recorder rec;
-    DeleteButton_Click(doc, false, rec.Hooks());
-    EXPECT_TRUE(ClearButton_Click(doc, false, rec.Hooks()) == false);
-    EXPECT_EQ(rec.messages, (std::vector<std::string>{"No Line(s) selected !   ", "Drawing Board is empty ! "}));
-}
-
-TEST(Selection, ClearDimensionsAsksNothing) {
-    LayoutDocument doc = BoxScene();
-    doc.Dims.resize(2);
-    doc.Dims[0].Exists = doc.Dims[1].Exists = -1;
-    Recorder rec;
-    ClearDimButton_Click(doc, false, rec.Hooks());
-    EXPECT_EQ(doc.Dims.size(), 1u);
-    EXPECT_EQ(doc.Dims[0].Exists, 0);
-    EXPECT_TRUE(rec.messages.empty());
-    EXPECT_EQ(rec.repaints, 1);
-    ClearDimButton_Click(doc, true, rec.Hooks());
-    EXPECT_EQ(rec.repaints, 1);  // no repaint in CALCULATION
-}
-
-TEST(Selection, DeleteKeyInEditRemovesTheHoveredLine) {
-    LayoutDocument doc = DocWith({L(1, 1, 3, 1), L(1, 2, 3, 2), L(1, 3, 3, 3)});
-    HoverRec prev;
-    int16_t drawn = -1;
-
-    HoverRec none = Hover_Line(doc, 5, 5, false);
-    Edit_DeleteKey(doc, none, prev, drawn);
-    EXPECT_EQ(doc.Lines.size(), 3u);
-
-    HoverRec hover = Hover_Line(doc, 2, 2, false);
-    prev = hover;
-    Edit_DeleteKey(doc, hover, prev, drawn);
-    ASSERT_EQ(doc.Lines.size(), 2u);
-    EXPECT_EQ(doc.Lines[1].LineName, "Line Number 3");
-    EXPECT_EQ(hover.Found, 0);
-    EXPECT_EQ(prev.Found, 0);
-    EXPECT_EQ(drawn, 0);
-    EXPECT_EQ(doc.LineCounter, 3);
-    ASSERT_TRUE(CartesianModule::Add_Drawn_Line(doc, P(0, 0), P(1, 0)));
-    EXPECT_EQ(doc.Lines.back().LineName, "Line Number 4");  // numbers are not reused
-
-    for (int i = 0; i < 3; ++i) {
-        hover = Hover_Line(doc, doc.Lines[0].MidPt.X, doc.Lines[0].MidPt.Y, false);
-        Edit_DeleteKey(doc, hover, prev, drawn);
-    }
-    EXPECT_TRUE(CartesianModule::Lines_Empty(doc.Lines));
-    EXPECT_EQ(doc.LineCounter, 0);  // the last line gone: numbering starts again
-}
-
-TEST(Selection, ChangesCountForTheSaveQuestionByTheLastRow) {
-    LayoutDocument doc = BoxScene();
-    doc.LinesSaved = doc.Lines;
-    doc.DimsSaved = doc.Dims;
-    SelectionState st;
-    Toggle_Line(doc.Lines, 0);
-    EXPECT_FALSE(FileHandling::Layout_Changed(doc));  // selection alone is no change
-    st.MovePending = -1;
-    Move_Click(doc, st, P(0, 0));
-    Move_Click(doc, st, P(1, 0));
-    EXPECT_FALSE(FileHandling::Layout_Changed(doc));  // only the last row is compared
-    Toggle_Line(doc.Lines, 3);
-    st.MovePending = -1;
-    Move_Click(doc, st, P(0, 0));
-    Move_Click(doc, st, P(1, 0));
-    EXPECT_TRUE(FileHandling::Layout_Changed(doc));
-
-    doc.LinesSaved = doc.Lines;
-    Toggle_Line(doc.Lines, 3);
-    DeleteButton_Click(doc, false);
-    EXPECT_TRUE(FileHandling::Layout_Changed(doc));  // row count differs
 }
 
 }  // namespace
