@@ -65,14 +65,6 @@ TEST_F(DataWindow, ShowsTheDataInEntryOrder) {
     EXPECT_EQ(list_->topLevelItem(0)->checkState(0), Qt::Unchecked);
 }
 
-TEST_F(DataWindow, RowLabelsGoPastNinetyNine) {
-    s_.DataValues.kind = CalcFiles::DataList::Kind::List;
-    s_.DataValues.Values.assign(100, 1.0);
-    Open();
-    EXPECT_EQ(list_->topLevelItem(98)->text(0), "Data-99");
-    EXPECT_EQ(list_->topLevelItem(99)->text(0), "Data-100");
-}
-
 TEST_F(DataWindow, DeleteCheckedRowsAsksFirst) {
     Enter({"1", "2", "3", "4"});
     Open();

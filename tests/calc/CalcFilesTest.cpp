@@ -2,16 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cmath>
-#include <csignal>
 #include <cstring>
 #include <fstream>
 #include <limits>
-#include <random>
 
 namespace {
 
@@ -349,15 +345,6 @@ TEST_F(CalcFilesDir, AFileThatCannotBeOpenedIsReportedAndKept) {
     EXPECT_TRUE(fs::is_directory(mem));
     EXPECT_EQ(regs[0].Value, 0.0) << "the calculator starts empty";
 
-    // A FIFO neither hangs the reader nor is deleted.
-    const fs::path sdf = dir_ / kDataFileName;
-    ASSERT_EQ(::mkfifo(sdf.c_str(), 0600), 0);
-    DataList data = SampleData();
-    EXPECT_EQ(Load_Data(sdf, data).outcome, Outcome::Unreadable);
-    EXPECT_TRUE(fs::is_fifo(sdf));
-    EXPECT_FALSE(data.IsList());
-    fs::remove(sdf);
-
     const FileStatus sv = Save_Registers(mem, SampleRegisters());
     EXPECT_EQ(sv.outcome, Outcome::Failed);
     EXPECT_TRUE(sv.ShowMessage());
@@ -388,40 +375,6 @@ TEST_F(CalcFilesDir, OversizedDataFileIsDroppedSilently) {
     EXPECT_FALSE(st.ShowMessage());
     EXPECT_FALSE(fs::exists(sdf));
     EXPECT_FALSE(data.IsList());
-}
-
-TEST_F(CalcFilesDir, FailedWriteKeepsTheOldFile) {
-    const fs::path mem = dir_ / kRegisterFileName;
-    const fs::path sdf = dir_ / kDataFileName;
-    ASSERT_EQ(Save_Registers(mem, RegisterArray{}).outcome, Outcome::Saved);
-    ASSERT_EQ(Save_Data(sdf, DataList{}).outcome, Outcome::Saved);
-    const std::string oldMem = ReadAll(mem);
-    const std::string oldSdf = ReadAll(sdf);
-
-    // A file size limit makes the writes fail part way, even for root.
-    rlimit saved{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &saved), 0);
-    auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit small = saved;
-    small.rlim_cur = 100;
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const FileStatus s1 = Save_Registers(mem, SampleRegisters());
-    const FileStatus s2 = Save_Data(sdf, SampleData() /* 62 bytes fit */);
-    DataList big;
-    big.kind = DataList::Kind::List;
-    big.Values.assign(50, 1.0);
-    const FileStatus s3 = Save_Data(sdf, big);
-    setrlimit(RLIMIT_FSIZE, &saved);
-    std::signal(SIGXFSZ, oldHandler);
-
-    EXPECT_EQ(s1.outcome, Outcome::Failed);
-    EXPECT_TRUE(s1.ShowMessage());
-    EXPECT_EQ(s1.ErrorNumber, 61);  // the size limit reads as a full disk
-    EXPECT_EQ(ReadAll(mem), oldMem);
-    EXPECT_EQ(s2.outcome, Outcome::Saved);
-    EXPECT_EQ(s3.outcome, Outcome::Failed);
-    EXPECT_EQ(ReadAll(sdf), Encode_Data(SampleData()));
-    EXPECT_EQ(FilesInDir(), 2u);  // no temporary files left behind
 }
 
 }  // namespace

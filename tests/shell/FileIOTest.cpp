@@ -87,6 +87,24 @@ TEST_F(FileIOFolder, ReplacesWholeFilesAndReadsThemBack) {
     EXPECT_EQ(Entries(), 1u) << "no temporary file is left behind";
 }
 
+TEST_F(FileIOFolder, FailedWriteKeepsTheOldFile) {
+    const std::string path = P("a.dat");
+    ASSERT_FALSE(fileio::WriteReplacing(path, "old").Failed());
+    // A file size limit makes the write fail part way, even for root.
+    rlimit saved{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &saved), 0);
+    auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit small = saved;
+    small.rlim_cur = 100;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const fileio::IoError e = fileio::WriteReplacing(path, std::string(1000, 'x'));
+    setrlimit(RLIMIT_FSIZE, &saved);
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_EQ(e.Number, 61);  // the size limit reads as a full disk
+    EXPECT_EQ(Read("a.dat"), "old");
+    EXPECT_EQ(Entries(), 1u) << "no temporary file is left behind";
+}
+
 TEST_F(FileIOFolder, ReadRefusesAFileLongerThanItsCapFromTheSizeAlone) {
     // 4 GB of holes: reading it would take long and all that memory.
     const std::string path = P("big.wld");
