@@ -105,11 +105,6 @@ TEST(CliHelp, ExamplesRunAsShown) {
     EXPECT_GE(examples, 20);
 }
 
-TEST(CliHelp, ShellWordsSplitLikeTheShell) {
-    EXPECT_EQ(ShellWords("a  'b c' \"5'-3 1/2\\\"\" 6\\\" x"),
-              (std::vector<std::string>{"a", "b c", "5'-3 1/2\"", "6\"", "x"}));
-}
-
 // A bad value is one line on stderr and nothing on stdout, even when the
 // argument holds a newline; a wrong shape adds the usage line with every option.
 TEST(CliErrors, OneLinePerBadValue) {
