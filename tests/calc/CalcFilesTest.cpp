@@ -1,12 +1,12 @@
 #include "calc/CalcFiles.h"
 
+#include "../shell/TempFolder.h"
+
 #include <gtest/gtest.h>
 
-#include <unistd.h>
 
 #include <cmath>
 #include <cstring>
-#include <fstream>
 #include <limits>
 
 namespace {
@@ -38,16 +38,6 @@ std::string DoubleBytes(double v) {
     return s;
 }
 
-std::string ReadAll(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
-void WriteAll(const fs::path& p, std::string_view bytes) {
-    std::ofstream out(p, std::ios::binary);
-    out.write(bytes.data(), std::streamsize(bytes.size()));
-}
-
 RegisterArray SampleRegisters() {
     RegisterArray r;
     r[0] = {1.5, "ab"};
@@ -72,21 +62,7 @@ void ExpectSameRegisters(const RegisterArray& a, const RegisterArray& b) {
     }
 }
 
-class CalcFilesDir : public ::testing::Test {
-protected:
-    void SetUp() override {
-        dir_ = fs::temp_directory_path() /
-               ("ferrolith_calcfiles_" + std::to_string(::getpid()) + "_" +
-                ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(dir_);
-        fs::create_directories(dir_);
-    }
-    void TearDown() override { fs::remove_all(dir_); }
-    size_t FilesInDir() const {
-        return size_t(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()));
-    }
-    fs::path dir_;
-};
+using CalcFilesDir = testutil::TempFolder;
 
 // ---- Names ----------------------------------------------------------------------
 
@@ -269,7 +245,7 @@ TEST_F(CalcFilesDir, FirstRunFindsNoFileOrAnEmptyOne) {
     EXPECT_EQ(Load_Data(sdf, data).outcome, Outcome::FirstRun);
     ExpectSameRegisters(regs, RegisterArray{});
     EXPECT_EQ(data.kind, DataList::Kind::Empty);
-    EXPECT_EQ(FilesInDir(), 0u);
+    EXPECT_EQ(Entries(), 0u);
 
     WriteAll(mem, "");
     WriteAll(sdf, "");
@@ -303,7 +279,7 @@ TEST_F(CalcFilesDir, SaveWritesTheFormatAndLoadReadsItBack) {
     ASSERT_EQ(Save_Data(sdf, none).outcome, Outcome::Saved);
     EXPECT_EQ(Load_Data(sdf, data).outcome, Outcome::Loaded);
     EXPECT_FALSE(data.IsList());
-    EXPECT_EQ(std::distance(fs::directory_iterator(dir_ / "sub"), fs::directory_iterator()), 2);
+    EXPECT_EQ(Entries(dir_ / "sub"), 2u);
 }
 
 TEST_F(CalcFilesDir, DamagedFilesAreDeletedWithAWarning) {
@@ -349,7 +325,7 @@ TEST_F(CalcFilesDir, AFileThatCannotBeOpenedIsReportedAndKept) {
     EXPECT_EQ(sv.outcome, Outcome::Failed);
     EXPECT_TRUE(sv.ShowMessage());
     EXPECT_TRUE(fs::is_directory(mem));
-    EXPECT_EQ(FilesInDir(), 1u);  // no temporary file left behind
+    EXPECT_EQ(Entries(), 1u);  // no temporary file left behind
 }
 
 TEST_F(CalcFilesDir, OversizedDataFileIsDroppedSilently) {

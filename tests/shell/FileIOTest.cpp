@@ -1,5 +1,7 @@
 #include "shell/FileIO.h"
 
+#include "TempFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -43,26 +45,14 @@ TEST(FileIO, SystemErrorsBecomeTheProgramsNumbers) {
 namespace fs = std::filesystem;
 using fileio::ReadOutcome;
 
-class FileIOFolder : public testing::Test {
+class FileIOFolder : public testutil::TempFolder {
 protected:
-    void SetUp() override {
-        dir_ = fs::temp_directory_path() / ("ferrolith_fileio_" + std::to_string(::getpid()) + "_" +
-                                            testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(dir_);
-        fs::create_directories(dir_);
-    }
-    void TearDown() override { fs::remove_all(dir_); }
-    std::string P(const std::string& name) const { return (dir_ / name).string(); }
     std::string Read(const std::string& name) const {
         std::string bytes;
         fileio::IoError e;
         EXPECT_EQ(fileio::ReadWhole(P(name), 1 << 20, bytes, e), ReadOutcome::Read) << name;
         return bytes;
     }
-    size_t Entries() const {
-        return static_cast<size_t>(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()));
-    }
-    fs::path dir_;
 };
 
 // The number of a process that has ended.
@@ -164,7 +154,7 @@ TEST_F(FileIOFolder, SaveWritesThroughSymbolicLinksAndKeepsPermissions) {
     ASSERT_FALSE(fileio::WriteReplacing(P("dangling.wld"), "made").Failed());
     EXPECT_TRUE(fs::is_symlink(dir_ / "dangling.wld"));
     EXPECT_EQ(Read("real/later.wld"), "made");
-    EXPECT_EQ(std::distance(fs::directory_iterator(dir_ / "real"), fs::directory_iterator()), 2);
+    EXPECT_EQ(Entries(dir_ / "real"), 2u);
 }
 
 TEST_F(FileIOFolder, SaveRefusesATargetThatIsNotARegularFile) {
