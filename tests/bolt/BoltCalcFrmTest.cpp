@@ -415,18 +415,7 @@ TEST_F(BoltWindow, FitsSmallScreensAndTheGridGrows) {
     const QSize small = grid_->size();
     frm_->resize(frm_->minimumSizeHint() + QSize(300, 200));
     QApplication::processEvents();
-    // The window as it opens on 1600 x 1000 at scale 2 (784 x 452 logical) and on 1366 x 768.
-    const QString shots = qEnvironmentVariable("FERROLITH_SHOT_DIR");
-    if (!shots.isEmpty()) {
-        const QSize big = frm_->size();
-        for (const QSize& screen : {QSize(784, 452), QSize(1350, 720)}) {
-            frm_->resize(frm_->sizeHint().expandedTo(frm_->minimumSizeHint()).boundedTo(screen));
-            QApplication::processEvents();
-            frm_->grab().save(QStringLiteral("%1/bolt-fit-%2x%3-x%4.png").arg(shots).arg(screen.width()).arg(screen.height()).arg(qEnvironmentVariable("QT_SCALE_FACTOR", "1")));
-        }
-        frm_->resize(big);
-        QApplication::processEvents();
-    }
+    guitest::SaveScreenFits(frm_, "bolt");
     EXPECT_EQ(grid_->width(), small.width() + 300);
     EXPECT_EQ(grid_->height(), small.height() + 200);
 }
