@@ -76,10 +76,8 @@ TEST_F(CalcWindow, MouseKeysWorkTheEngineAndMarkTheOperator) {
     Click({"6", "="});
     EXPECT_EQ(Shown(), "17.|");
     EXPECT_EQ(Label("OperatorIndicator"), "");
-    Click({"sqr", "sqrt", "log"});
-    EXPECT_TRUE(Shown().startsWith("1.23044892137827")) << Shown().toStdString();
     Click({"1", "exp", "2", "0", "pm"});
-    EXPECT_EQ(Shown(), "1.|-20");
+    EXPECT_EQ(Shown(), "1.|-20");  // the exponent in its own label
     Click({"AC", "4", "*", "*", "3", "=", "5", "="});
     EXPECT_EQ(Label("CCalc_Indicator"), "K");
     EXPECT_EQ(Shown(), "20.|");
