@@ -49,7 +49,7 @@ coverage: bootstrap
 	cmake --build $(COV_DIR) -j $(JOBS)
 	lcov -q --zerocounters -d $(COV_DIR)
 	cd $(COV_DIR) && ctest -j $(JOBS) --output-on-failure
-	lcov -q -c -d $(COV_DIR)/src/CMakeFiles/ferrolith_core.dir -o $(COV_DIR)/raw.info --ignore-errors mismatch
+	lcov -q -c -d $(COV_DIR)/src/CMakeFiles/ferrolith_core.dir -o $(COV_DIR)/raw.info
 	lcov -q --extract $(COV_DIR)/raw.info '*/src/*' -o $(COV_DIR)/core.info
 	lcov --summary $(COV_DIR)/core.info
 
