@@ -1,5 +1,5 @@
 // Replays the cases of every tests/cli/*.golden file (format in GoldenFile.h)
-// through the ferrolith-cli program.
+// through the ferrolith-cli program, and checks what it says on stderr.
 #include <gtest/gtest.h>
 #include <algorithm>
 #include <cmath>
@@ -58,6 +58,16 @@ TEST_P(CliGolden, Replays) {
     EXPECT_EQ(r.code, c.exitCode) << c.file << ":" << c.line;
     EXPECT_TRUE(SameOutput(r.out, c.expected)) << c.file << ":" << c.line << "\n got: " << r.out
                                                << "\n want: " << c.expected;
+    // A run that succeeds says nothing on stderr; a failure says one line
+    // there, and a wrong shape of arguments adds the usage line.
+    if (c.exitCode == 0) {
+        EXPECT_EQ(r.err, "") << c.file << ":" << c.line;
+    } else {
+        const auto lines = std::count(r.err.begin(), r.err.end(), '\n');
+        EXPECT_EQ(r.err.rfind("ferrolith-cli: ", 0), 0u) << c.file << ":" << c.line << " " << r.err;
+        EXPECT_TRUE(lines == 1 || (lines == 2 && r.err.find("\nusage: ") != std::string::npos))
+            << c.file << ":" << c.line << " " << r.err;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Golden, CliGolden, ::testing::ValuesIn(LoadCases()),

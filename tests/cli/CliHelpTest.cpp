@@ -105,20 +105,15 @@ TEST(CliHelp, ExamplesRunAsShown) {
     EXPECT_GE(examples, 20);
 }
 
-// A bad value is one line on stderr and nothing on stdout, even when the
-// argument holds a newline; a wrong shape adds the usage line with every option.
+// A bad value is one line on stderr and nothing on stdout even when the
+// argument holds a newline (the golden cases check the rule for the rest); a
+// wrong shape adds the usage line with every option.
 TEST(CliErrors, OneLinePerBadValue) {
     const std::vector<std::vector<std::string>> cases = {
         {"weld-c", "1", "a\nb", "0", "0", "0"},
         {"bolt-c", "4\n", "2", "3", "3", "6", "0"},
         {"capacity", "examples/angle-left.wld", "--method", "x\ny"},
         {"calc", "1\n2"},
-        {"wld-new", "/tmp/ferrolith-cli-help-test.wld", "--line", "0,0,1e39,0"},
-        {"weld-c", "1", "10", "0", "0", "0", "--strip", "4294967300"},
-        {"arch-text", "32768", "--words"},
-        {"arch-value", "1e308'"},
-        {"words", "1e308"},
-        {"weld-unit", "--line", "0,0,0,3", "--ex", "0", "--angle", "0", "--fexx", "-1"},
     };
     for (const auto& args : cases) {
         const Result r = golden::RunCli(args);
