@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include "CalcListTestSupport.h"
 #include "GuiTestSupport.h"
 #include "calc/CalcConstantFrm.h"
 #include "calc/CalcProcs.h"
@@ -22,11 +23,7 @@ protected:
         frm_->show();
         list_ = frm_->findChild<QTreeWidget*>("ItemBox");
     }
-    void ClickRow(int number) {
-        QTreeWidgetItem* item = list_->topLevelItem(number - 1);
-        list_->scrollToItem(item);
-        QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, list_->visualItemRect(item).center());
-    }
+    void ClickRow(int number) { calctest::ClickRow(list_, number); }
     QPushButton* Button(const char* name) { return frm_->findChild<QPushButton*>(name); }
     QString Box() { return frm_->findChild<QLineEdit*>("ValueBox")->text(); }
 
@@ -92,10 +89,8 @@ TEST_F(ConstantWindow, ExitLeavesTheCalculatorAsItWas) {
 
 TEST_F(ConstantWindow, DoubleClickTakesTheRow) {
     Open();
-    QTreeWidgetItem* item = list_->topLevelItem(89);
-    list_->scrollToItem(item);
-    QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, list_->visualItemRect(item).center());
-    QTest::mouseDClick(list_->viewport(), Qt::LeftButton, {}, list_->visualItemRect(item).center());
+    ClickRow(90);
+    QTest::mouseDClick(list_->viewport(), Qt::LeftButton, {}, calctest::RowPoint(list_, 90));
     EXPECT_EQ(s_.ConstantChoice.text, "  299792000");
     EXPECT_FALSE(frm_->isVisible());
 }

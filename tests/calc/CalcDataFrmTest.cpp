@@ -4,6 +4,7 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include "CalcListTestSupport.h"
 #include "GuiTestSupport.h"
 #include "calc/CalcDataFrm.h"
 #include "calc/CalcProcs.h"
@@ -27,14 +28,7 @@ protected:
             CalcProcs::Press_Key(s_, "data");
         }
     }
-    // Space on the first column turns a row's check box over.
-    void CheckRow(int row) {
-        QTreeWidgetItem* item = list_->topLevelItem(row - 1);
-        list_->scrollToItem(item);
-        const QPoint inFirst(list_->columnWidth(0) / 2, list_->visualItemRect(item).center().y());
-        QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, inFirst);
-        QTest::keyClick(list_, Qt::Key_Space);
-    }
+    void CheckRow(int row) { calctest::CheckRow(list_, row); }
     void Click(const char* button) { QTest::mouseClick(Button(button), Qt::LeftButton); }
     QPushButton* Button(const char* name) { return frm_->findChild<QPushButton*>(name); }
     QStringList Rows() {
@@ -63,14 +57,6 @@ TEST_F(DataWindow, ShowsTheDataInEntryOrder) {
     Open();
     EXPECT_EQ(Rows(), (QStringList{"Data-01=3   ", "Data-02=2.5   ", "Data-03=10   "}));
     EXPECT_EQ(list_->topLevelItem(0)->checkState(0), Qt::Unchecked);
-}
-
-TEST_F(DataWindow, RowLabelsGoPastNinetyNine) {
-    s_.DataValues.kind = CalcFiles::DataList::Kind::List;
-    s_.DataValues.Values.assign(100, 1.0);
-    Open();
-    EXPECT_EQ(list_->topLevelItem(98)->text(0), "Data-99");
-    EXPECT_EQ(list_->topLevelItem(99)->text(0), "Data-100");
 }
 
 TEST_F(DataWindow, DeleteCheckedRowsAsksFirst) {

@@ -1,17 +1,13 @@
 #include "calc/CalcFiles.h"
 
+#include "../shell/TempFolder.h"
+
 #include <gtest/gtest.h>
 
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cmath>
-#include <csignal>
 #include <cstring>
-#include <fstream>
 #include <limits>
-#include <random>
 
 namespace {
 
@@ -42,16 +38,6 @@ std::string DoubleBytes(double v) {
     return s;
 }
 
-std::string ReadAll(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
-void WriteAll(const fs::path& p, std::string_view bytes) {
-    std::ofstream out(p, std::ios::binary);
-    out.write(bytes.data(), std::streamsize(bytes.size()));
-}
-
 RegisterArray SampleRegisters() {
     RegisterArray r;
     r[0] = {1.5, "ab"};
@@ -76,21 +62,7 @@ void ExpectSameRegisters(const RegisterArray& a, const RegisterArray& b) {
     }
 }
 
-class CalcFilesDir : public ::testing::Test {
-protected:
-    void SetUp() override {
-        dir_ = fs::temp_directory_path() /
-               ("ferrolith_calcfiles_" + std::to_string(::getpid()) + "_" +
-                ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(dir_);
-        fs::create_directories(dir_);
-    }
-    void TearDown() override { fs::remove_all(dir_); }
-    size_t FilesInDir() const {
-        return size_t(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()));
-    }
-    fs::path dir_;
-};
+using CalcFilesDir = testutil::TempFolder;
 
 // ---- Names ----------------------------------------------------------------------
 
@@ -273,7 +245,7 @@ TEST_F(CalcFilesDir, FirstRunFindsNoFileOrAnEmptyOne) {
     EXPECT_EQ(Load_Data(sdf, data).outcome, Outcome::FirstRun);
     ExpectSameRegisters(regs, RegisterArray{});
     EXPECT_EQ(data.kind, DataList::Kind::Empty);
-    EXPECT_EQ(FilesInDir(), 0u);
+    EXPECT_EQ(Entries(), 0u);
 
     WriteAll(mem, "");
     WriteAll(sdf, "");
@@ -307,7 +279,7 @@ TEST_F(CalcFilesDir, SaveWritesTheFormatAndLoadReadsItBack) {
     ASSERT_EQ(Save_Data(sdf, none).outcome, Outcome::Saved);
     EXPECT_EQ(Load_Data(sdf, data).outcome, Outcome::Loaded);
     EXPECT_FALSE(data.IsList());
-    EXPECT_EQ(std::distance(fs::directory_iterator(dir_ / "sub"), fs::directory_iterator()), 2);
+    EXPECT_EQ(Entries(dir_ / "sub"), 2u);
 }
 
 TEST_F(CalcFilesDir, DamagedFilesAreDeletedWithAWarning) {
@@ -349,20 +321,11 @@ TEST_F(CalcFilesDir, AFileThatCannotBeOpenedIsReportedAndKept) {
     EXPECT_TRUE(fs::is_directory(mem));
     EXPECT_EQ(regs[0].Value, 0.0) << "the calculator starts empty";
 
-    // A FIFO neither hangs the reader nor is deleted.
-    const fs::path sdf = dir_ / kDataFileName;
-    ASSERT_EQ(::mkfifo(sdf.c_str(), 0600), 0);
-    DataList data = SampleData();
-    EXPECT_EQ(Load_Data(sdf, data).outcome, Outcome::Unreadable);
-    EXPECT_TRUE(fs::is_fifo(sdf));
-    EXPECT_FALSE(data.IsList());
-    fs::remove(sdf);
-
     const FileStatus sv = Save_Registers(mem, SampleRegisters());
     EXPECT_EQ(sv.outcome, Outcome::Failed);
     EXPECT_TRUE(sv.ShowMessage());
     EXPECT_TRUE(fs::is_directory(mem));
-    EXPECT_EQ(FilesInDir(), 1u);  // no temporary file left behind
+    EXPECT_EQ(Entries(), 1u);  // no temporary file left behind
 }
 
 TEST_F(CalcFilesDir, OversizedDataFileIsDroppedSilently) {
@@ -388,40 +351,6 @@ TEST_F(CalcFilesDir, OversizedDataFileIsDroppedSilently) {
     EXPECT_FALSE(st.ShowMessage());
     EXPECT_FALSE(fs::exists(sdf));
     EXPECT_FALSE(data.IsList());
-}
-
-TEST_F(CalcFilesDir, FailedWriteKeepsTheOldFile) {
-    const fs::path mem = dir_ / kRegisterFileName;
-    const fs::path sdf = dir_ / kDataFileName;
-    ASSERT_EQ(Save_Registers(mem, RegisterArray{}).outcome, Outcome::Saved);
-    ASSERT_EQ(Save_Data(sdf, DataList{}).outcome, Outcome::Saved);
-    const std::string oldMem = ReadAll(mem);
-    const std::string oldSdf = ReadAll(sdf);
-
-    // A file size limit makes the writes fail part way, even for root.
-    rlimit saved{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &saved), 0);
-    auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit small = saved;
-    small.rlim_cur = 100;
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const FileStatus s1 = Save_Registers(mem, SampleRegisters());
-    const FileStatus s2 = Save_Data(sdf, SampleData() /* 62 bytes fit */);
-    DataList big;
-    big.kind = DataList::Kind::List;
-    big.Values.assign(50, 1.0);
-    const FileStatus s3 = Save_Data(sdf, big);
-    setrlimit(RLIMIT_FSIZE, &saved);
-    std::signal(SIGXFSZ, oldHandler);
-
-    EXPECT_EQ(s1.outcome, Outcome::Failed);
-    EXPECT_TRUE(s1.ShowMessage());
-    EXPECT_EQ(s1.ErrorNumber, 61);  // the size limit reads as a full disk
-    EXPECT_EQ(ReadAll(mem), oldMem);
-    EXPECT_EQ(s2.outcome, Outcome::Saved);
-    EXPECT_EQ(s3.outcome, Outcome::Failed);
-    EXPECT_EQ(ReadAll(sdf), Encode_Data(SampleData()));
-    EXPECT_EQ(FilesInDir(), 2u);  // no temporary files left behind
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QTreeWidget>
 #include <functional>
 
+#include "CalcListTestSupport.h"
 #include "GuiTestSupport.h"
 #include "calc/CalcMemoryFrm.h"
 #include "calc/CalcProcs.h"
@@ -34,19 +35,8 @@ protected:
     void Keys(std::initializer_list<const char*> keys) {
         for (const char* k : keys) ASSERT_TRUE(CalcProcs::Press_Key(s_, k)) << k;
     }
-    void ClickRow(int row) {
-        QTreeWidgetItem* item = list_->topLevelItem(row - 1);
-        list_->scrollToItem(item);
-        QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, list_->visualItemRect(item).center());
-    }
-    // Space on the first column turns a row's check box over.
-    void CheckRow(int row) {
-        QTreeWidgetItem* item = list_->topLevelItem(row - 1);
-        list_->scrollToItem(item);
-        const QPoint inFirst(list_->columnWidth(0) / 2, list_->visualItemRect(item).center().y());
-        QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, inFirst);
-        QTest::keyClick(list_, Qt::Key_Space);
-    }
+    void ClickRow(int row) { calctest::ClickRow(list_, row); }
+    void CheckRow(int row) { calctest::CheckRow(list_, row); }
     void Click(const char* button) { QTest::mouseClick(frm_->findChild<QPushButton*>(button), Qt::LeftButton); }
     QString Value(int row) { return list_->topLevelItem(row - 1)->text(1); }
     QLineEdit* Desc() { return frm_->findChild<QLineEdit*>("DescBox"); }
@@ -263,10 +253,7 @@ TEST_F(RegisterWindow, RegisterKeyDuringAnErrorOpensNothing) {
 TEST_F(RegisterWindow, OpenRunsModally) {
     s_.ShowRegisterWindow = [](CalcVariables& s) { CalcMemoryFrm::Open(s, nullptr); };
     boxes_.SetDialogHandler([this](QDialog* dlg) {
-        auto* list = dlg->findChild<QTreeWidget*>("ItemBox");
-        QTreeWidgetItem* item = list->topLevelItem(9);
-        list->scrollToItem(item);
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
+        calctest::ClickRow(dlg->findChild<QTreeWidget*>("ItemBox"), 10);
         QTest::mouseClick(dlg->findChild<QPushButton*>("OKButton"), Qt::LeftButton);
         return true;
     });

@@ -23,11 +23,6 @@ protected:
         QFile::remove(CalcSettings::DataFilePath());
         QFile::remove(settings::SettingsFilePath());
     }
-    static void WriteBytes(const QString& path, const QByteArray& bytes) {
-        QFile f(path);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(bytes);
-    }
     // A calculator that has been used: registers, data, M memory.
     static void Fill(CalcVariables& s) {
         s.Registers[0] = {12.5, "beam span"};
@@ -120,19 +115,6 @@ TEST_F(CalcSettingsTest, DamagedFileIsDeletedWithTheWarningAndNothingElseIsLost)
     EXPECT_EQ(s.Registers[0].Value, 0.0);
     EXPECT_EQ(s.DataValues.Values, before.DataValues.Values);  // the other file is read as usual
     EXPECT_EQ(s.MemoryValue, 42.125);
-
-    // Damaged data too: deleted, registers untouched.
-    WriteBytes(CalcSettings::DataFilePath(), QByteArray("\x0C\x20\x01\x00\x09\x00", 6));
-    boxes_.Clear();
-    CalcVariables t;
-    t.Registers[3] = {9, "kept"};
-    CalcSettings::Save_CalcFiles(t, nullptr);
-    WriteBytes(CalcSettings::DataFilePath(), QByteArray("\x0C\x20\x01\x00\x09\x00", 6));
-    CalcSettings::Load_CalcFiles(t, nullptr);
-    ASSERT_EQ(boxes_.Seen().size(), 1);
-    EXPECT_EQ(boxes_.Seen()[0].text, "Error No. 62:  Input past end of file");
-    EXPECT_EQ(t.Registers[3].Description, "kept");
-    EXPECT_FALSE(QFileInfo::exists(CalcSettings::DataFilePath()));
 }
 
 TEST_F(CalcSettingsTest, FileThatCannotBeOpenedIsKeptAndNeverOverwritten) {

@@ -37,6 +37,23 @@ void ModalWatchdog::Poll() {
     }
 }
 
+void SaveScreenFits(QWidget* window, const QString& name) {
+    const QString shots = qEnvironmentVariable("FERROLITH_SHOTS");
+    if (shots.isEmpty()) return;
+    const QSize size = window->size();
+    for (const QSize& screen : {QSize(784, 452), QSize(1350, 720)}) {
+        window->resize(window->sizeHint().expandedTo(window->minimumSizeHint()).boundedTo(screen));
+        QApplication::processEvents();
+        window->grab().save(QStringLiteral("%1/%2-fit-%3x%4-x%5.png")
+                                .arg(shots, name)
+                                .arg(screen.width())
+                                .arg(screen.height())
+                                .arg(qEnvironmentVariable("QT_SCALE_FACTOR", "1")));
+    }
+    window->resize(size);
+    QApplication::processEvents();
+}
+
 }  // namespace guitest
 
 int main(int argc, char** argv) {

@@ -42,4 +42,9 @@ private:
     std::function<bool(QDialog*)> handler_;
 };
 
+// With FERROLITH_SHOTS naming a folder, saves the window as it opens on a
+// 1600 x 1000 screen at scale 2 (784 x 452 logical pixels) and on 1366 x 768,
+// as <name>-fit-WxH-xSCALE.png; the window keeps its size. Nothing without it.
+void SaveScreenFits(QWidget* window, const QString& name);
+
 }  // namespace guitest

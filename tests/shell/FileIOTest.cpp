@@ -1,5 +1,7 @@
 #include "shell/FileIO.h"
 
+#include "TempFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -43,26 +45,14 @@ TEST(FileIO, SystemErrorsBecomeTheProgramsNumbers) {
 namespace fs = std::filesystem;
 using fileio::ReadOutcome;
 
-class FileIOFolder : public testing::Test {
+class FileIOFolder : public testutil::TempFolder {
 protected:
-    void SetUp() override {
-        dir_ = fs::temp_directory_path() / ("ferrolith_fileio_" + std::to_string(::getpid()) + "_" +
-                                            testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(dir_);
-        fs::create_directories(dir_);
-    }
-    void TearDown() override { fs::remove_all(dir_); }
-    std::string P(const std::string& name) const { return (dir_ / name).string(); }
     std::string Read(const std::string& name) const {
         std::string bytes;
         fileio::IoError e;
         EXPECT_EQ(fileio::ReadWhole(P(name), 1 << 20, bytes, e), ReadOutcome::Read) << name;
         return bytes;
     }
-    size_t Entries() const {
-        return static_cast<size_t>(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()));
-    }
-    fs::path dir_;
 };
 
 // The number of a process that has ended.
@@ -84,6 +74,24 @@ TEST_F(FileIOFolder, ReplacesWholeFilesAndReadsThemBack) {
     EXPECT_EQ(fileio::ReadWhole(P("none"), 100, bytes, e), ReadOutcome::Missing);
     EXPECT_EQ(e.Number, 76);
     EXPECT_EQ(fileio::WriteReplacing(P("no/b.dat"), "x").Number, 76);
+    EXPECT_EQ(Entries(), 1u) << "no temporary file is left behind";
+}
+
+TEST_F(FileIOFolder, FailedWriteKeepsTheOldFile) {
+    const std::string path = P("a.dat");
+    ASSERT_FALSE(fileio::WriteReplacing(path, "old").Failed());
+    // A file size limit makes the write fail part way, even for root.
+    rlimit saved{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &saved), 0);
+    auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit small = saved;
+    small.rlim_cur = 100;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const fileio::IoError e = fileio::WriteReplacing(path, std::string(1000, 'x'));
+    setrlimit(RLIMIT_FSIZE, &saved);
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_EQ(e.Number, 61);  // the size limit reads as a full disk
+    EXPECT_EQ(Read("a.dat"), "old");
     EXPECT_EQ(Entries(), 1u) << "no temporary file is left behind";
 }
 
@@ -146,7 +154,7 @@ TEST_F(FileIOFolder, SaveWritesThroughSymbolicLinksAndKeepsPermissions) {
     ASSERT_FALSE(fileio::WriteReplacing(P("dangling.wld"), "made").Failed());
     EXPECT_TRUE(fs::is_symlink(dir_ / "dangling.wld"));
     EXPECT_EQ(Read("real/later.wld"), "made");
-    EXPECT_EQ(std::distance(fs::directory_iterator(dir_ / "real"), fs::directory_iterator()), 2);
+    EXPECT_EQ(Entries(dir_ / "real"), 2u);
 }
 
 TEST_F(FileIOFolder, SaveRefusesATargetThatIsNotARegularFile) {

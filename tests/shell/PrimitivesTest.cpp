@@ -12,54 +12,46 @@ namespace {
 
 const std::string k100Hash(100, '#');
 
-struct FormatCase {
-    double value;
-    std::string picture;
-    std::string expected;
-};
-
-class FormatTable : public ::testing::TestWithParam<FormatCase> {};
-
-TEST_P(FormatTable, WritesByPicture) {
-    const auto& c = GetParam();
-    EXPECT_EQ(Format(c.value, c.picture), c.expected) << "Format(" << c.value << ", \"" << c.picture << "\")";
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Pictures, FormatTable,
-    ::testing::Values(
+TEST(Format, WritesByPicture) {
+    const struct {
+        double value;
+        std::string picture, expected;
+    } cases[] = {
         // Fixed decimals with literal trailing blanks kept.
-        FormatCase{1.23456789, "0.00000  ", "1.23457  "}, FormatCase{0, "0.00000  ", "0.00000  "},
-        FormatCase{123.456, "0.000     ", "123.456     "}, FormatCase{0.000123, "0.000000000", "0.000123000"},
-        FormatCase{1.0 / 3.0, "0.000000000", "0.333333333"},
+        {1.23456789, "0.00000  ", "1.23457  "}, {0, "0.00000  ", "0.00000  "},
+        {123.456, "0.000     ", "123.456     "}, {0.000123, "0.000000000", "0.000123000"},
+        {1.0 / 3.0, "0.000000000", "0.333333333"},
         // "#" after the point: shown only when significant; a bare trailing point stays.
-        FormatCase{30, "0.####", "30."}, FormatCase{30.5, "0.####", "30.5"}, FormatCase{12.345678, "0.####", "12.3457"},
-        FormatCase{30, "0.0####", "30.0"}, FormatCase{0.125, "0.0####", "0.125"}, FormatCase{-7.75, "0.0####", "-7.75"},
-        FormatCase{5, "0.000##  ", "5.000  "}, FormatCase{2.123456, "0.000##  ", "2.12346  "},
-        FormatCase{1.5, "0.000#", "1.500"}, FormatCase{1.23456, "0.000#", "1.2346"},
-        FormatCase{3.25, "#0.00", "3.25"}, FormatCase{0.25, "#.##", ".25"}, FormatCase{0, "#", ""},
+        {30, "0.####", "30."}, {30.5, "0.####", "30.5"}, {12.345678, "0.####", "12.3457"},
+        {30, "0.0####", "30.0"}, {0.125, "0.0####", "0.125"}, {-7.75, "0.0####", "-7.75"},
+        {5, "0.000##  ", "5.000  "}, {2.123456, "0.000##  ", "2.12346  "},
+        {1.5, "0.000#", "1.500"}, {1.23456, "0.000#", "1.2346"},
+        {3.25, "#0.00", "3.25"}, {0.25, "#.##", ".25"}, {0, "#", ""},
         // Thousands separators.
-        FormatCase{1234567.891, "##,##0.000  ", "1,234,567.891  "}, FormatCase{0.5, "##,##0.000  ", "0.500  "},
-        FormatCase{999.9996, "##,##0.000  ", "1,000.000  "}, FormatCase{-1234.5, "##,##0.00####################", "-1,234.50"},
-        FormatCase{3.14159265358979, "##,##0.00####################", "3.14159265358979"},
-        FormatCase{6.02214e23, "##,##0.00####################", "602,214,000,000,000,000,000,000.00"},
+        {1234567.891, "##,##0.000  ", "1,234,567.891  "}, {0.5, "##,##0.000  ", "0.500  "},
+        {999.9996, "##,##0.000  ", "1,000.000  "}, {-1234.5, "##,##0.00####################", "-1,234.50"},
+        {3.14159265358979, "##,##0.00####################", "3.14159265358979"},
+        {6.02214e23, "##,##0.00####################", "602,214,000,000,000,000,000,000.00"},
         // Whole-number pictures.
-        FormatCase{5, "00", "05"}, FormatCase{7, "000", "007"}, FormatCase{123, "00", "123"}, FormatCase{1234.4, "0", "1234"},
+        {5, "00", "05"}, {7, "000", "007"}, {123, "00", "123"}, {1234.4, "0", "1234"},
         // Ties go away from zero, after the value is taken to 15 digits.
-        FormatCase{2.5, "0", "3"}, FormatCase{-2.5, "0", "-3"}, FormatCase{0.5, "0", "1"}, FormatCase{2.675, "0.00", "2.68"},
-        FormatCase{1.005, "0.00", "1.01"}, FormatCase{0.125, "0.00", "0.13"}, FormatCase{0.005, "0.0", "0.0"},
-        FormatCase{-0.001, "0.00", "-0.00"},
+        {2.5, "0", "3"}, {-2.5, "0", "-3"}, {0.5, "0", "1"}, {2.675, "0.00", "2.68"},
+        {1.005, "0.00", "1.01"}, {0.125, "0.00", "0.13"}, {0.005, "0.0", "0.0"},
+        {-0.001, "0.00", "-0.00"},
         // Many "#": at most 15 significant digits come out.
-        FormatCase{1.0 / 3.0, "0." + k100Hash, "0.333333333333333"}, FormatCase{2.0 / 3.0, "#0." + k100Hash, "0.666666666666667"},
-        FormatCase{100, "0." + k100Hash, "100."}, FormatCase{0.1 + 0.2, "0." + k100Hash, "0.3"},
+        {1.0 / 3.0, "0." + k100Hash, "0.333333333333333"}, {2.0 / 3.0, "#0." + k100Hash, "0.666666666666667"},
+        {100, "0." + k100Hash, "100."}, {0.1 + 0.2, "0." + k100Hash, "0.3"},
         // Exponent forms.
-        FormatCase{1, "0." + k100Hash + "E+00", "1.E+00"}, FormatCase{1.0 / 3.0, "0." + k100Hash + "E+00", "3.33333333333333E-01"},
-        FormatCase{-12345, "0." + k100Hash + "E+00", "-1.2345E+04"}, FormatCase{0, "0.00E+00", "0.00E+00"},
-        FormatCase{12345, "0.00E+00", "1.23E+04"}, FormatCase{99999, "0.00E+00", "1.00E+05"},
-        FormatCase{1.5e-300, "0.0E+00", "1.5E-300"}, FormatCase{0.00012, "0.0E-00", "1.2E-04"},
-        FormatCase{12000, "0.0E-00", "1.2E04"}, FormatCase{6.62607e-34, "0.000E+00", "6.626E-34"},
+        {1, "0." + k100Hash + "E+00", "1.E+00"}, {1.0 / 3.0, "0." + k100Hash + "E+00", "3.33333333333333E-01"},
+        {-12345, "0." + k100Hash + "E+00", "-1.2345E+04"}, {0, "0.00E+00", "0.00E+00"},
+        {12345, "0.00E+00", "1.23E+04"}, {99999, "0.00E+00", "1.00E+05"},
+        {1.5e-300, "0.0E+00", "1.5E-300"}, {0.00012, "0.0E-00", "1.2E-04"},
+        {12000, "0.0E-00", "1.2E04"}, {6.62607e-34, "0.000E+00", "6.626E-34"},
         // Literal text before the digits.
-        FormatCase{3, "Reg-000", "Reg-003"}));
+        {3, "Reg-000", "Reg-003"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(Format(c.value, c.picture), c.expected) << "Format(" << c.value << ", \"" << c.picture << "\")";
+}
 
 TEST(Val, ReadsTheNumberAtTheStart) {
     const std::pair<const char*, double> cases[] = {
