@@ -46,6 +46,7 @@ struct Calc {
         board.DrawingBoard_MouseMove(BoardState::Button::None, false, x, 1.0);
         board.DrawingBoard_MouseDown(BoardState::Button::Left, false, x, 1.0);
         board.DrawingBoard_MouseUp(BoardState::Button::Left, false, x, 1.0);
+        board.DrawingBoard_Click();  // the window raises it for a release where the press was
     }
     RecordedOp Anchor() const { return surface.OfKind("Circle").back(); }
 };
