@@ -117,6 +117,7 @@ TEST(Geometry, LinesCross) {
         {"vertical and horizontal apart", L(0, 0, 0, 1), L(1, 2, 3, 2), false, P(0, 2)},
         {"sloped X", L(0, 0, 2, 2), L(0, 2, 2, 0), true, P(1, 1)},
         {"vertical and sloped", L(1, -5, 1, 5), L(0, 0, 2, 2), true, P(1, 1)},
+        {"sloped and vertical", L(0, 0, 2, 2), L(1, -5, 1, 5), true, P(1, 1)},
         {"horizontal and sloped", L(0, 1, 5, 1), L(0, 0, 2, 2), true, P(1, 1)},
         {"sloped and horizontal", L(0, 0, 2, 2), L(0, 1, 5, 1), true, P(1, 1)},
         {"sloped segments that miss", L(0, 0, 1, 1), L(3, 0, 4, -1), false, P(0, 0)},

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "BoardTestDoc.h"
 #include "board/CommandLine.h"
+#include "board/FileHandling.h"
 #include "board/SelectionModule.h"
 
 using namespace SelectionModule;
@@ -166,6 +168,48 @@ TEST(Selection, StartingOneCommandCancelsTheOther) {
     EXPECT_EQ(st.RotatePending, 0);
     EXPECT_EQ(st.RotateClick, 0);
     EXPECT_NE(st.MovePending, 0);
+}
+
+// Each command refuses an empty board or an empty selection with its warning
+// and changes nothing.
+TEST(Selection, CommandsWithNothingToWorkOnSayWhy) {
+    const std::string none = BoardMessages::kNoSelection.Text;
+    const std::string empty = BoardMessages::kBoardEmpty.Text;
+    struct Case {
+        const char* name;
+        LayoutDocument doc;
+        std::function<void(LayoutDocument&, SelectionState&, const EditHooks&)> run;
+        std::string message;
+    };
+    const Case cases[] = {
+        {"move, none selected", BoxScene(), [](auto& d, auto& st, auto& h) { EXPECT_FALSE(MoveButton_Click(d, st, h)); }, none},
+        {"rotate, empty board", LayoutDocument{}, [](auto& d, auto& st, auto& h) { EXPECT_FALSE(RotateButton_Click(d, st, h)); }, none},
+        {"delete selection, empty board", LayoutDocument{}, [](auto& d, auto&, auto& h) { DeleteButton_Click(d, false, h); }, none},
+        {"delete all, empty board", LayoutDocument{}, [](auto& d, auto&, auto& h) { EXPECT_FALSE(ClearButton_Click(d, false, h)); }, empty},
+    };
+    for (const Case& c : cases) {
+        LayoutDocument doc = c.doc;
+        const auto before = FileHandling::Layout_Bytes(doc);
+        SelectionState st;
+        Recorder rec;
+        c.run(doc, st, rec.Hooks());
+        EXPECT_EQ(rec.messages, std::vector<std::string>{c.message}) << c.name;
+        EXPECT_EQ(FileHandling::Layout_Bytes(doc), before) << c.name;
+        EXPECT_EQ(st.MovePending, 0) << c.name;
+        EXPECT_EQ(st.RotatePending, 0) << c.name;
+    }
+}
+
+// Clear Dimensions repaints the working display, but not the calculation display.
+TEST(Selection, ClearDimensionsRepaintsOnlyOutsideCalculation) {
+    for (bool inCalculation : {false, true}) {
+        LayoutDocument doc = BoxScene();
+        doc.Dims[0].Exists = -1;
+        Recorder rec;
+        ClearDimButton_Click(doc, inCalculation, rec.Hooks());
+        EXPECT_EQ(CartesianModule::Line_Count(doc.Dims), 0);
+        EXPECT_EQ(rec.repaints, inCalculation ? 0 : 1);
+    }
 }
 
 // ---- Deleting -----------------------------------------------------------------------
