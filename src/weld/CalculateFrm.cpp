@@ -18,13 +18,14 @@
 #include "shell/SolverModelBox.h"
 #include "weld/WeldStrength.h"
 
+using weldview::BoldCaption;
+using weldview::FromView;
+
 namespace {
 
 using WeldStrength::SavedIndex;
 
 QString Section() { return QString::fromLatin1(WeldStrength::kSettingsSection.data()); }
-
-QString FromView(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
 
 void Fill(QComboBox* box, const auto& items) {
     for (std::string_view item : items) box->addItem(FromView(item));
@@ -42,14 +43,6 @@ void ApplySaved(QComboBox* box, const SavedIndex& setting) {
 void Save(const SavedIndex& setting, int16_t value) {
     settings::SaveSetting(settings::ProgramTitle(), Section(), FromView(setting.key),
                           QString::number(value));
-}
-
-QLabel* Caption(const QString& text, QWidget* parent) {
-    auto* l = new QLabel(text, parent);
-    QFont f = l->font();
-    f.setBold(true);
-    l->setFont(f);
-    return l;
 }
 
 }  // namespace
@@ -93,14 +86,14 @@ void CalculateFrm::BuildControls() {
     QLabel* elapsed = run_.Elapsed();
     elapsed->setMinimumWidth(
         elapsed->fontMetrics().horizontalAdvance(QStringLiteral("Iteration Elapsed Time  \u00BB   00h:00m:00s ")) + 8);
-    MethodLabel = Caption(FromView(WeldStrength::kMethodLabelInitialCaption), this);
+    MethodLabel = BoldCaption(FromView(WeldStrength::kMethodLabelInitialCaption), this);
     MethodLabel->setObjectName(QStringLiteral("MethodLabel"));
 
     auto* choices = new QGridLayout;
     choices->setVerticalSpacing(4);
     int row = 0;
     auto addChoice = [&](std::string_view label, QWidget* box) {
-        choices->addWidget(Caption(FromView(label), this), row++, 0);
+        choices->addWidget(BoldCaption(FromView(label), this), row++, 0);
         choices->addWidget(box, row++, 0);
     };
     addChoice(WeldStrength::kWeldStripLabel, WeldStripBox);

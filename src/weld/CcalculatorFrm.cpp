@@ -31,20 +31,13 @@
 using namespace KeyFilters::KeyCode;
 namespace wc = WeldCoefficient;
 
-namespace {
+using weldview::BoldCaption;
+using weldview::FromView;
 
-QString FromView(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
+namespace {
 
 const QString kSection = QStringLiteral("FerrolithSetting");
 const QString kWeldViewKey = QStringLiteral("WeldView");
-
-QLabel* Caption(const QString& text, QWidget* parent) {
-    auto* l = new QLabel(text, parent);
-    QFont f = l->font();
-    f.setBold(true);
-    l->setFont(f);
-    return l;
-}
 
 }  // namespace
 
@@ -118,9 +111,9 @@ void CcalculatorFrm::BuildControls() {
     auto* gridSide = new QVBoxLayout;
     gridSide->addWidget(WeldFlex, 1);
     auto* choices = new QGridLayout;
-    choices->addWidget(Caption(FromView(WeldStrength::kWeldStripLabel), this), 0, 0);
+    choices->addWidget(BoldCaption(FromView(WeldStrength::kWeldStripLabel), this), 0, 0);
     choices->addWidget(WeldStripBox, 1, 0);
-    choices->addWidget(Caption(QStringLiteral("Model"), this), 0, 1);
+    choices->addWidget(BoldCaption(QStringLiteral("Model"), this), 0, 1);
     choices->addWidget(ModelBox, 1, 1);
     gridSide->addLayout(choices);
 
@@ -136,7 +129,7 @@ void CcalculatorFrm::BuildControls() {
     buttons->addStretch(1);
 
     auto* result = new QVBoxLayout;
-    result->addWidget(Caption(FromView(wc::kResultCaption), this));
+    result->addWidget(BoldCaption(FromView(wc::kResultCaption), this));
     result->addWidget(run_.Result());
     result->addStretch(1);
 

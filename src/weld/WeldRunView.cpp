@@ -10,9 +10,17 @@
 #include "shell/AppInfo.h"
 #include "shell/QtText.h"
 
-namespace {
+using weldview::FromView;
 
-QString FromView(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
+QLabel* weldview::BoldCaption(const QString& text, QWidget* parent) {
+    auto* l = new QLabel(text, parent);
+    QFont f = l->font();
+    f.setBold(true);
+    l->setFont(f);
+    return l;
+}
+
+namespace {
 
 // The run's hooks: events served through the context's pump, each pass
 // written to the context's display buffer.

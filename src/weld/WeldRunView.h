@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 #include "shell/RunPump.h"
 #include "weld/RunControl.h"
@@ -33,6 +34,13 @@ struct WeldRunContext {
     // Handlers of the window on the stack; a close waits for them.
     shell::RunGuard guard;
 };
+
+namespace weldview {
+// One of the core's text constants as window text.
+inline QString FromView(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
+// A caption label in the bold of the weld windows.
+QLabel* BoldCaption(const QString& text, QWidget* parent);
+}  // namespace weldview
 
 // The result box: black, or red for a stopped run.
 void SetResultBox(QLineEdit* box, const QString& text, bool red);
