@@ -208,22 +208,26 @@ void CalculateFrm::RewriteCapacity() {
             false);
 }
 
-void CalculateFrm::WeldStripBox_Change() { WeldStrip = static_cast<int16_t>(WeldStripBox->currentIndex()); }
-
-void CalculateFrm::ElectrodeBox_Change() {
-    WeldClass = static_cast<int16_t>(ElectrodeBox->currentIndex());
-    WeldStrength::ElectrodeStrengthOf(WeldClass, ElectrodeStrength);
+// A new electrode or weld size rescales the result shown; a stopped run can
+// then no longer be resumed.
+void CalculateFrm::StrengthChanged() {
     RewriteCapacity();
     run_.Control().SizeChanged();
     ApplyControls();
 }
 
+void CalculateFrm::WeldStripBox_Change() { WeldStrip = static_cast<int16_t>(WeldStripBox->currentIndex()); }
+
+void CalculateFrm::ElectrodeBox_Change() {
+    WeldClass = static_cast<int16_t>(ElectrodeBox->currentIndex());
+    WeldStrength::ElectrodeStrengthOf(WeldClass, ElectrodeStrength);
+    StrengthChanged();
+}
+
 void CalculateFrm::SizeBox_Change() {
     WeldSize = static_cast<int16_t>(SizeBox->currentIndex());
     WeldStrength::WeldSizeInchesOf(WeldSize, WeldSizeInches);
-    RewriteCapacity();
-    run_.Control().SizeChanged();
-    ApplyControls();
+    StrengthChanged();
 }
 
 void CalculateFrm::DesignMethod_Change() {

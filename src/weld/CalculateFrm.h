@@ -46,6 +46,7 @@ private:
     void SizeBox_Change();
     void DesignMethod_Change();
     void RewriteCapacity();
+    void StrengthChanged();
 
     void ApplyControls();
 
