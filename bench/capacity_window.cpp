@@ -60,8 +60,8 @@ void WaitForEnd(CalculateFrm& frm) {
 
 constexpr int kStrip = 2;  // 1/16"
 
-void WindowRun(benchmark::State& st) {
-    const LayoutDocument doc = BenchLayout();
+// Times opening the window on `doc` until its run has ended.
+void TimeWindowRuns(benchmark::State& st, const LayoutDocument& doc) {
     SetStrip(kStrip);
     for (auto _ : st) {
         CalculateFrm frm(doc);
@@ -73,6 +73,8 @@ void WindowRun(benchmark::State& st) {
         frm.hide();
     }
 }
+
+void WindowRun(benchmark::State& st) { TimeWindowRuns(st, BenchLayout()); }
 BENCHMARK(WindowRun)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 
 // Opening the window and a run with nothing to iterate (load through the
@@ -80,16 +82,7 @@ BENCHMARK(WindowRun)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations
 void WindowOpenOnly(benchmark::State& st) {
     LayoutDocument doc = BenchLayout();
     doc.Load.LoadEccentricity = 0;
-    SetStrip(kStrip);
-    for (auto _ : st) {
-        CalculateFrm frm(doc);
-        QElapsedTimer t;
-        t.start();
-        frm.show();
-        WaitForEnd(frm);
-        st.SetIterationTime(t.nsecsElapsed() / 1e9);
-        frm.hide();
-    }
+    TimeWindowRuns(st, doc);
 }
 BENCHMARK(WindowOpenOnly)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 

@@ -40,6 +40,20 @@ void Report(benchmark::State& st, const SolveReport& rep) {
     st.counters["converged"] = rep.Converged ? 1 : 0;
 }
 
+// Times `solve` on a fresh run per iteration (spi segments per inch, stopped
+// after `passes` passes) and reports the last run.
+template <class Solve>
+SolveReport TimeRuns(benchmark::State& st, int16_t spi, int64_t passes, Solve solve) {
+    SolveReport rep;
+    for (auto _ : st) {
+        BenchRun run(spi, passes);
+        benchmark::DoNotOptimize(solve(run));
+        rep = run.report;
+    }
+    Report(st, rep);
+    return rep;
+}
+
 const WeldLineTable& LongLine() {
     static const WeldLineTable lines = [] {
         WeldLineRec r;
@@ -50,15 +64,12 @@ const WeldLineTable& LongLine() {
     return lines;
 }
 
+double SolveLongLine(BenchRun& run) {
+    return Locate_InstantaneousCenter(LongLine(), 10.0, 0.0, 1, 1, 1, run.state, run.hooks, &run.report);
+}
+
 void BM_LongLine_Pass(benchmark::State& st) {
-    SolveReport rep;
-    for (auto _ : st) {
-        BenchRun run(64, 1);
-        benchmark::DoNotOptimize(
-            Locate_InstantaneousCenter(LongLine(), 10.0, 0.0, 1, 1, 1, run.state, run.hooks, &run.report));
-        rep = run.report;
-    }
-    Report(st, rep);
+    const SolveReport rep = TimeRuns(st, 64, 1, SolveLongLine);
     st.counters["ns/segment"] = benchmark::Counter(
         static_cast<double>(rep.Segments), benchmark::Counter::kIsIterationInvariantRate |
                                                benchmark::Counter::kInvert);
@@ -66,63 +77,29 @@ void BM_LongLine_Pass(benchmark::State& st) {
 BENCHMARK(BM_LongLine_Pass)->Unit(benchmark::kMicrosecond);
 
 void BM_LongLine_Run(benchmark::State& st) {
-    SolveReport rep;
-    for (auto _ : st) {
-        BenchRun run(64, kPassLimit);
-        benchmark::DoNotOptimize(
-            Locate_InstantaneousCenter(LongLine(), 10.0, 0.0, 1, 1, 1, run.state, run.hooks, &run.report));
-        rep = run.report;
-    }
-    Report(st, rep);
+    TimeRuns(st, 64, kPassLimit, SolveLongLine);
 }
 BENCHMARK(BM_LongLine_Run)->Unit(benchmark::kMillisecond);
 
-void BM_Channel_Pass(benchmark::State& st) {
-    const auto spi = static_cast<int16_t>(st.range(0));
-    SolveReport rep;
-    for (auto _ : st) {
-        BenchRun run(spi, 1);
-        benchmark::DoNotOptimize(Config_ChannelLeft(10, 5, 5, 0, kSelectC, run.state, run.hooks, &run.report));
-        rep = run.report;
-    }
-    Report(st, rep);
-}
+double SolveChannel(BenchRun& run) { return Config_ChannelLeft(10, 5, 5, 0, kSelectC, run.state, run.hooks, &run.report); }
+
+void BM_Channel_Pass(benchmark::State& st) { TimeRuns(st, static_cast<int16_t>(st.range(0)), 1, SolveChannel); }
 BENCHMARK(BM_Channel_Pass)->Arg(4)->Arg(8)->Arg(16)->Arg(32)->Arg(64)->Unit(benchmark::kMicrosecond);
 
-void BM_Channel_Run(benchmark::State& st) {
-    const auto spi = static_cast<int16_t>(st.range(0));
-    SolveReport rep;
-    for (auto _ : st) {
-        BenchRun run(spi, kPassLimit);
-        benchmark::DoNotOptimize(Config_ChannelLeft(10, 5, 5, 0, kSelectC, run.state, run.hooks, &run.report));
-        rep = run.report;
-    }
-    Report(st, rep);
-}
+void BM_Channel_Run(benchmark::State& st) { TimeRuns(st, static_cast<int16_t>(st.range(0)), kPassLimit, SolveChannel); }
 BENCHMARK(BM_Channel_Run)->Arg(4)->Arg(8)->Arg(16)->Arg(32)->Arg(64)->Unit(benchmark::kMicrosecond);
 
-void BM_Config_Pass(benchmark::State& st) {
+void TimeConfig(benchmark::State& st, int64_t passes) {
     const auto config = static_cast<int16_t>(st.range(0));
-    SolveReport rep;
-    for (auto _ : st) {
-        BenchRun run(32, 1);
-        benchmark::DoNotOptimize(Config_ByNumber(config, 10, 5, 5, 45, kSelectC, run.state, run.hooks, &run.report));
-        rep = run.report;
-    }
-    Report(st, rep);
+    TimeRuns(st, 32, passes, [config](BenchRun& run) {
+        return Config_ByNumber(config, 10, 5, 5, 45, kSelectC, run.state, run.hooks, &run.report);
+    });
 }
+
+void BM_Config_Pass(benchmark::State& st) { TimeConfig(st, 1); }
 BENCHMARK(BM_Config_Pass)->DenseRange(1, 9)->Unit(benchmark::kMicrosecond);
 
-void BM_Config_Run(benchmark::State& st) {
-    const auto config = static_cast<int16_t>(st.range(0));
-    SolveReport rep;
-    for (auto _ : st) {
-        BenchRun run(32, kPassLimit);
-        benchmark::DoNotOptimize(Config_ByNumber(config, 10, 5, 5, 45, kSelectC, run.state, run.hooks, &run.report));
-        rep = run.report;
-    }
-    Report(st, rep);
-}
+void BM_Config_Run(benchmark::State& st) { TimeConfig(st, kPassLimit); }
 BENCHMARK(BM_Config_Run)->DenseRange(1, 9)->Unit(benchmark::kMillisecond);
 
 }  // namespace

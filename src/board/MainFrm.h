@@ -104,6 +104,9 @@ private:
     Answer Ask_Save_Changes();
     bool Save_Dialog(bool fromQuestion);  // false when cancelled
     void Write_Layout();
+    // Writes the drawing; with askName under a name asked for first (false
+    // when cancelled), which becomes a recent file. `then` runs once written.
+    bool Save_Layout(bool askName, bool fromQuestion, const std::function<void()>& then = {});
     bool Open_Dialog_File();
     void Open_Path(const QString& path);
     void Reset_Document();

@@ -68,6 +68,18 @@ void MainFrm::Write_Layout() {
     if (err.Failed()) Warn(Q(err.Message()));
 }
 
+// The recent list is rebuilt after `then`, so that a file it opens is listed.
+bool MainFrm::Save_Layout(bool askName, bool fromQuestion, const std::function<void()>& then) {
+    if (askName) {
+        if (!Save_Dialog(fromQuestion)) return false;
+        recent::SaveAsRecent(FileName_);
+    }
+    Write_Layout();
+    if (then) then();
+    if (askName) mnuFile_Click();
+    return true;
+}
+
 void MainFrm::Reset_Document() {
     board_->Reset_View();
     SyncUi();
@@ -103,16 +115,7 @@ void MainFrm::mnuFileNew_Click() {
         switch (Ask_Save_Changes()) {
         case Answer::Cancel: return;
         case Answer::Yes:
-            if (FileName_ == kUnNamed) {
-                if (!Save_Dialog(true)) return;
-                recent::SaveAsRecent(FileName_);
-                Write_Layout();
-                Reset_Document();
-                mnuFile_Click();
-            } else {
-                Write_Layout();
-                Reset_Document();
-            }
+            if (!Save_Layout(FileName_ == kUnNamed, true, [this] { Reset_Document(); })) return;
             break;
         default:
             FileName_ = kUnNamed;
@@ -128,18 +131,7 @@ void MainFrm::mnuOpenData_Click() {
     board_->Hide_Marks();
     switch (Ask_Save_Changes()) {
     case Answer::Cancel: return;
-    case Answer::Yes:
-        if (FileName_ == kUnNamed) {
-            if (!Save_Dialog(true)) return;
-            recent::SaveAsRecent(FileName_);
-            Write_Layout();
-            Open_Dialog_File();
-            mnuFile_Click();
-        } else {
-            Write_Layout();
-            Open_Dialog_File();
-        }
-        break;
+    case Answer::Yes: Save_Layout(FileName_ == kUnNamed, true, [this] { Open_Dialog_File(); }); break;
     default: Open_Dialog_File(); break;
     }
 }
@@ -150,15 +142,9 @@ void MainFrm::mnuSaveData_Click() {
         Warn(QStringLiteral("No Data to save !  "));
         return;
     }
-    if (FileName_ == kUnNamed) {
-        if (!Save_Dialog(false)) return;
-        recent::SaveAsRecent(FileName_);
-        Write_Layout();
-        mnuFile_Click();
-        Set_Caption_From_File();
-    } else {
-        Write_Layout();
-    }
+    const bool askName = FileName_ == kUnNamed;
+    if (!Save_Layout(askName, false)) return;
+    if (askName) Set_Caption_From_File();
     Mark_Saved();
 }
 
@@ -167,10 +153,7 @@ void MainFrm::mnuSaveAs_Click() {
         Warn(QStringLiteral("No Data to save !  "));
         return;
     }
-    if (!Save_Dialog(false)) return;
-    recent::SaveAsRecent(FileName_);
-    Write_Layout();
-    mnuFile_Click();
+    if (!Save_Layout(true, false)) return;
     Set_Caption_From_File();
     Mark_Saved();
 }
@@ -184,20 +167,13 @@ void MainFrm::mnuRecDocs_Click(const QString& p) {
     } else {
         switch (Ask_Save_Changes()) {
         case Answer::Cancel: return;
-        case Answer::Yes:
-            if (FileName_ == kUnNamed) {
-                if (!Save_Dialog(true)) return;
-                recent::SaveAsRecent(FileName_);
-                Write_Layout();
-                Open_Path(FileName_);
-                mnuFile_Click();
-            } else {
-                // The drawing goes into the chosen file, which is then read back.
-                FileName_ = p;
-                Write_Layout();
-                Open_Path(FileName_);
-            }
+        case Answer::Yes: {
+            const bool askName = FileName_ == kUnNamed;
+            // A named drawing goes into the chosen file, which is then read back.
+            if (!askName) FileName_ = p;
+            if (!Save_Layout(askName, true, [this] { Open_Path(FileName_); })) return;
             break;
+        }
         default: Open_Path(p); break;
         }
     }
@@ -207,17 +183,7 @@ void MainFrm::mnuRecDocs_Click(const QString& p) {
 void MainFrm::closeEvent(QCloseEvent* e) {
     switch (Ask_Save_Changes()) {
     case Answer::Cancel: e->ignore(); return;
-    case Answer::Yes:
-        if (FileName_ == kUnNamed) {
-            if (Save_Dialog(true)) {
-                recent::SaveAsRecent(FileName_);
-                Write_Layout();
-                mnuFile_Click();
-            }
-        } else {
-            Write_Layout();
-        }
-        break;
+    case Answer::Yes: Save_Layout(FileName_ == kUnNamed, true); break;
     default: break;
     }
     e->accept();

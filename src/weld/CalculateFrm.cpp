@@ -7,27 +7,25 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include "board/WeldUnitCapacity.h"
-#include "shell/AppInfo.h"
 #include "shell/QtText.h"
 #include "shell/SettingsStore.h"
 #include "shell/SolverModelBox.h"
 #include "weld/WeldStrength.h"
+
+using weldview::BoldCaption;
+using weldview::FromView;
 
 namespace {
 
 using WeldStrength::SavedIndex;
 
 QString Section() { return QString::fromLatin1(WeldStrength::kSettingsSection.data()); }
-
-QString FromView(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
 
 void Fill(QComboBox* box, const auto& items) {
     for (std::string_view item : items) box->addItem(FromView(item));
@@ -47,14 +45,6 @@ void Save(const SavedIndex& setting, int16_t value) {
                           QString::number(value));
 }
 
-QLabel* Caption(const QString& text, QWidget* parent) {
-    auto* l = new QLabel(text, parent);
-    QFont f = l->font();
-    f.setBold(true);
-    l->setFont(f);
-    return l;
-}
-
 }  // namespace
 
 CalculateFrm::CalculateFrm(const PublicVariables::LayoutDocument& doc, QWidget* parent)
@@ -66,10 +56,7 @@ CalculateFrm::CalculateFrm(const PublicVariables::LayoutDocument& doc, QWidget* 
     Form_Load();
 }
 
-CalculateFrm::~CalculateFrm() {
-    // A run still on the stack ends after its pass and finds no window.
-    WeldRunWindowGone(*ctx_);
-}
+CalculateFrm::~CalculateFrm() = default;
 
 void CalculateFrm::ShowModal(const PublicVariables::LayoutDocument& doc, QWidget* parent) {
     auto* frm = new CalculateFrm(doc, parent);
@@ -77,7 +64,7 @@ void CalculateFrm::ShowModal(const PublicVariables::LayoutDocument& doc, QWidget
     frm->exec();
 }
 
-bool CalculateFrm::RunActive() const { return RunControl::Control::Active(ctx_->run); }
+bool CalculateFrm::RunActive() const { return run_.Active(); }
 
 void CalculateFrm::BuildControls() {
     WeldStripBox = new QComboBox(this);
@@ -90,43 +77,23 @@ void CalculateFrm::BuildControls() {
     DesignMethodBox->setObjectName(QStringLiteral("DesignMethod"));
     ModelBox = shell::NewSolverModelBox(this);
 
-    StartIterationButton = new QPushButton(FromView(RunControl::StartCaption(control_.Window())), this);
-    StartIterationButton->setObjectName(QStringLiteral("StartIterationButton"));
-    StopIterationButton = new QPushButton(FromView(RunControl::kStopCaption), this);
-    StopIterationButton->setObjectName(QStringLiteral("StopIterationButton"));
-    ClearDisplayButton = new QPushButton(FromView(RunControl::kClearCaption), this);
-    ClearDisplayButton->setObjectName(QStringLiteral("ClearDisplayButton"));
-    for (QPushButton* b : {StartIterationButton, StopIterationButton, ClearDisplayButton}) {
-        b->setAutoDefault(false);
-        b->setMinimumWidth(b->fontMetrics().horizontalAdvance(QStringLiteral("Resume Iteration")) + 32);
-    }
-
-    IterationDisplayBox = NewIterationDisplay(this);
-    IterationDisplayBox->setMinimumSize(
-        IterationDisplayBox->fontMetrics().horizontalAdvance(QStringLiteral(" Reference: AISC Steel Construction ")) + 40,
-        IterationDisplayBox->fontMetrics().lineSpacing() * 14);
-
-    ElapsedIndicator = new QLabel(this);
-    ElapsedIndicator->setObjectName(QStringLiteral("ElapsedIndicator"));
-    ElapsedIndicator->setMinimumWidth(
-        ElapsedIndicator->fontMetrics().horizontalAdvance(QStringLiteral("Iteration Elapsed Time  \u00BB   00h:00m:00s ")) + 8);
-    MethodLabel = Caption(FromView(WeldStrength::kMethodLabelInitialCaption), this);
+    run_.BuildControls({[this] { Run_CapacityIteration(); }, [this] { ApplyControls(); }}, 1.3,
+                       QStringLiteral("** 99999.00000    "));
+    QPlainTextEdit* display = run_.DisplayBox();
+    display->setMinimumSize(
+        display->fontMetrics().horizontalAdvance(QStringLiteral(" Reference: AISC Steel Construction ")) + 40,
+        display->fontMetrics().lineSpacing() * 14);
+    QLabel* elapsed = run_.Elapsed();
+    elapsed->setMinimumWidth(
+        elapsed->fontMetrics().horizontalAdvance(QStringLiteral("Iteration Elapsed Time  \u00BB   00h:00m:00s ")) + 8);
+    MethodLabel = BoldCaption(FromView(WeldStrength::kMethodLabelInitialCaption), this);
     MethodLabel->setObjectName(QStringLiteral("MethodLabel"));
-    CBox = new QLineEdit(this);
-    CBox->setObjectName(QStringLiteral("CBox"));
-    CBox->setReadOnly(true);
-    CBox->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    QFont big = CBox->font();
-    big.setPointSizeF(big.pointSizeF() * 1.3);
-    big.setBold(true);
-    CBox->setFont(big);
-    CBox->setMinimumWidth(QFontMetrics(big).horizontalAdvance(QStringLiteral("** 99999.00000    ")) + 16);
 
     auto* choices = new QGridLayout;
     choices->setVerticalSpacing(4);
     int row = 0;
     auto addChoice = [&](std::string_view label, QWidget* box) {
-        choices->addWidget(Caption(FromView(label), this), row++, 0);
+        choices->addWidget(BoldCaption(FromView(label), this), row++, 0);
         choices->addWidget(box, row++, 0);
     };
     addChoice(WeldStrength::kWeldStripLabel, WeldStripBox);
@@ -138,14 +105,14 @@ void CalculateFrm::BuildControls() {
     auto* left = new QVBoxLayout;
     left->addLayout(choices);
     left->addSpacing(10);
-    left->addWidget(StartIterationButton);
-    left->addWidget(StopIterationButton);
-    left->addWidget(ClearDisplayButton);
+    left->addWidget(run_.StartButton());
+    left->addWidget(run_.StopButton());
+    left->addWidget(run_.ClearButton());
     left->addStretch(1);
 
     auto* right = new QVBoxLayout;
-    right->addWidget(IterationDisplayBox, 1);
-    right->addWidget(ElapsedIndicator);
+    right->addWidget(display, 1);
+    right->addWidget(elapsed);
 
     auto* top = new QHBoxLayout;
     top->addLayout(left);
@@ -154,16 +121,12 @@ void CalculateFrm::BuildControls() {
     auto* result = new QHBoxLayout;
     result->addWidget(MethodLabel);
     result->addStretch(1);
-    result->addWidget(CBox);
+    result->addWidget(run_.Result());
 
     auto* main = new QVBoxLayout(this);
     main->setContentsMargins(12, 12, 12, 12);
     main->addLayout(top, 1);
     main->addLayout(result);
-
-    connect(StartIterationButton, &QPushButton::clicked, this, &CalculateFrm::StartIterationButton_Click);
-    connect(StopIterationButton, &QPushButton::clicked, this, &CalculateFrm::StopIterationButton_Click);
-    connect(ClearDisplayButton, &QPushButton::clicked, this, &CalculateFrm::ClearDisplayButton_Click);
 }
 
 void CalculateFrm::Initialize_WeldBox() {
@@ -187,7 +150,7 @@ void CalculateFrm::Form_Load() {
     ApplySaved(SizeBox, WeldStrength::kWeldSizeSetting);
     ApplySaved(ElectrodeBox, WeldStrength::kWeldClassSetting);
     ApplySaved(DesignMethodBox, WeldStrength::kDesignMethodSetting);
-    ctx_->run.IterationStop = -1;
+    run_.Run().IterationStop = -1;
     ApplyControls();
 }
 
@@ -200,114 +163,57 @@ void CalculateFrm::showEvent(QShowEvent* event) {
 }
 
 void CalculateFrm::Form_Activate() {
-    control_.Form_Activate();
+    run_.Control().Form_Activate();
     ApplyControls();
-    ClearDisplayWidgets();
-    CBox->clear();
-    StartIterationButton_Click();
+    run_.ClearDisplay();
+    run_.Result()->clear();
+    run_.StartClick();
 }
 
 void CalculateFrm::ApplyControls() {
-    const RunControl::Controls& c = control_.State();
-    ApplyRunButtons(c, StartIterationButton, StopIterationButton, ClearDisplayButton);
+    run_.ApplyButtons();
+    const RunControl::Controls& c = run_.Control().State();
     WeldStripBox->setEnabled(!c.InputsLocked);
     ModelBox->setEnabled(!c.InputsLocked);
     ElectrodeBox->setEnabled(!c.SizesLocked);
     SizeBox->setEnabled(!c.SizesLocked);
 }
 
-void CalculateFrm::StartIterationButton_Click() {
-    const auto ctx = ctx_;
-    const auto scope = ctx->guard.Enter();
-    QPointer<CalculateFrm> self(this);
-    control_.BeginStart(ctx->run);
-    ApplyControls();
-    Run_CapacityIteration();
-    if (!self) return;
-    control_.EndStart();
-    ApplyControls();
-}
-
-void CalculateFrm::StopIterationButton_Click() {
-    const auto ctx = ctx_;
-    const auto scope = ctx->guard.Enter();
-    QPointer<CalculateFrm> self(this);
-    const RunControl::StopAction action = control_.StopClick(ctx->run);
-    ApplyControls();
-    if (action != RunControl::StopAction::Resume) return;
-    Run_CapacityIteration();
-    if (!self) return;
-    control_.EndResume();
-    ApplyControls();
-}
-
-void CalculateFrm::ClearDisplayButton_Click() {
-    control_.ClearDisplay(ctx_->run);
-    ApplyControls();
-    ClearDisplayWidgets();
-}
-
-void CalculateFrm::ClearDisplayWidgets() {
-    ctx_->display.Clear();
-    ctx_->display.ReplaceAll = false;
-    IterationDisplayBox->clear();
-}
-
 void CalculateFrm::Run_CapacityIteration() {
-    const auto ctx = ctx_;
-    QPointer<CalculateFrm> self(this);
-    WeldFunctions::WeldRunState& run = ctx->run;
+    WeldFunctions::WeldRunState& run = run_.Run();
     WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), run.SegmentsPerInch);
-    run.IterationStop = 0;
-    ClearDisplayWidgets();
-    CBox->clear();
-    ElapsedIndicator->clear();
-    run.DisplayTarget = WeldFunctions::kDisplayCapacity;
+    run_.BeginRun(WeldFunctions::kDisplayCapacity);
 
     if (shell::SolverModelOf(ModelBox) == shell::SolverModel::AiscElement) {
         // The element model always ends by itself: no passes to show or stop.
         const auto rep = WeldFunctions::Weld_ElementCapacity(1.0, 1.0, doc_, run.SegmentsPerInch);
-        using RunControl::ElementOutcome;
-        const ElementOutcome outcome = rep.Refused     ? ElementOutcome::Refused
-                                       : rep.Converged ? ElementOutcome::Found
-                                                       : ElementOutcome::NoEquilibrium;
         UnitCapacity = rep.Capacity;
-        ctx->display.Append(RunControl::ElementClosingText(outcome));
-        FlushDisplay();
-        if (outcome == ElementOutcome::Found)
-            SetResultBox(CBox, Q(RunControl::ResultText(UnitCapacity * ElectrodeStrength * WeldSizeInches * MethodFactor, true)),
-                    false);
-        control_.RunEnded(true);
-        run.IterationStop = -1;
+        run_.EndElementRun(rep.Refused, rep.Converged,
+                           UnitCapacity * ElectrodeStrength * WeldSizeInches * MethodFactor);
         return;
     }
 
-    ctx->pump.BeforePump = [this, self] {
-        if (self) FlushDisplay();
-    };
-    const WeldFunctions::WeldRunHooks hooks = WeldRunHooksOf(*ctx);
-    const double unit = WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc_, run, hooks);
-    ctx->pump.BeforePump = nullptr;
-    if (!self || ctx->windowGone) return;
-
-    UnitCapacity = unit;
-    const double value = UnitCapacity * ElectrodeStrength * WeldSizeInches;
-    const bool converged = run.IterationStop == 0;
-    ctx->display.Append(RunControl::ClosingText(converged));
-    FlushDisplay();
-    SetResultBox(CBox, Q(RunControl::ResultText(value * MethodFactor, converged)), !converged);
-    control_.RunEnded(converged);
-    run.IterationStop = -1;
-    ApplyControls();
+    const auto unit = run_.RunPasses([this](WeldFunctions::WeldRunState& state, const WeldFunctions::WeldRunHooks& hooks) {
+        return WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc_, state, hooks);
+    });
+    if (!unit) return;
+    UnitCapacity = *unit;
+    run_.EndPasses(UnitCapacity * ElectrodeStrength * WeldSizeInches * MethodFactor);
 }
 
-void CalculateFrm::FlushDisplay() { ::FlushDisplay(ctx_->display, IterationDisplayBox, ElapsedIndicator); }
-
 void CalculateFrm::RewriteCapacity() {
-    if (CBox->text().trimmed().isEmpty()) return;
-    SetResultBox(CBox, Q(WeldStrength::CapacityText(WeldStrength::DisplayedCapacity(ElectrodeStrength, UnitCapacity,
+    if (run_.Result()->text().trimmed().isEmpty()) return;
+    SetResultBox(run_.Result(), Q(WeldStrength::CapacityText(WeldStrength::DisplayedCapacity(ElectrodeStrength, UnitCapacity,
                                                                           WeldSizeInches, MethodFactor))),
             false);
+}
+
+// A new electrode or weld size rescales the result shown; a stopped run can
+// then no longer be resumed.
+void CalculateFrm::StrengthChanged() {
+    RewriteCapacity();
+    run_.Control().SizeChanged();
+    ApplyControls();
 }
 
 void CalculateFrm::WeldStripBox_Change() { WeldStrip = static_cast<int16_t>(WeldStripBox->currentIndex()); }
@@ -315,17 +221,13 @@ void CalculateFrm::WeldStripBox_Change() { WeldStrip = static_cast<int16_t>(Weld
 void CalculateFrm::ElectrodeBox_Change() {
     WeldClass = static_cast<int16_t>(ElectrodeBox->currentIndex());
     WeldStrength::ElectrodeStrengthOf(WeldClass, ElectrodeStrength);
-    RewriteCapacity();
-    control_.SizeChanged();
-    ApplyControls();
+    StrengthChanged();
 }
 
 void CalculateFrm::SizeBox_Change() {
     WeldSize = static_cast<int16_t>(SizeBox->currentIndex());
     WeldStrength::WeldSizeInchesOf(WeldSize, WeldSizeInches);
-    RewriteCapacity();
-    control_.SizeChanged();
-    ApplyControls();
+    StrengthChanged();
 }
 
 void CalculateFrm::DesignMethod_Change() {
@@ -340,12 +242,7 @@ bool CalculateFrm::Form_QueryUnload() {
     Save(WeldStrength::kWeldSizeSetting, WeldSize);
     Save(WeldStrength::kWeldClassSetting, WeldClass);
     Save(WeldStrength::kDesignMethodSetting, DesignMethod);
-    if (!RunActive()) return true;
-    QMessageBox ask(QMessageBox::Critical, QString::fromLatin1(appinfo::kProgramTitle),
-                    FromView(RunControl::kActiveRunQuestion), QMessageBox::Yes | QMessageBox::No, this);
-    if (ask.exec() != QMessageBox::Yes) return false;
-    ctx_->run.IterationStop = -1;
-    return true;
+    return run_.ConfirmClose();
 }
 
 // Esc and the title bar's close both go through the closing question.
@@ -357,7 +254,7 @@ void CalculateFrm::closeEvent(QCloseEvent* event) {
         return;
     }
     // A run on the stack ends after its pass; the window goes once it has.
-    if (ctx_->guard.DeferClose(event)) return;
+    if (run_.DeferClose(event)) return;
     event->accept();
     done(QDialog::Rejected);
 }

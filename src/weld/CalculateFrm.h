@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QDialog>
-#include <memory>
 
 #include "board/PublicVariables.h"
 #include "weld/RunControl.h"
@@ -13,9 +12,6 @@
 
 class QComboBox;
 class QLabel;
-class QLineEdit;
-class QPlainTextEdit;
-class QPushButton;
 
 class CalculateFrm : public QDialog {
     Q_OBJECT
@@ -43,9 +39,6 @@ private:
     void Form_Activate();
     bool Form_QueryUnload();
 
-    void StartIterationButton_Click();
-    void StopIterationButton_Click();
-    void ClearDisplayButton_Click();
     void Run_CapacityIteration();
 
     void WeldStripBox_Change();
@@ -53,14 +46,13 @@ private:
     void SizeBox_Change();
     void DesignMethod_Change();
     void RewriteCapacity();
+    void StrengthChanged();
 
     void ApplyControls();
-    void FlushDisplay();
-    void ClearDisplayWidgets();
 
     PublicVariables::LayoutDocument doc_;
-    std::shared_ptr<WeldRunContext> ctx_ = std::make_shared<WeldRunContext>(this);
-    RunControl::Control control_{RunControl::RunWindow::Capacity};
+    // Run buttons, display, elapsed caption and CBox.
+    WeldRunPanel run_{this, RunControl::RunWindow::Capacity, false};
 
     int16_t WeldStrip = 3;
     int16_t WeldSize = 3;
@@ -77,11 +69,5 @@ private:
     QComboBox* SizeBox = nullptr;
     QComboBox* DesignMethodBox = nullptr;
     QComboBox* ModelBox = nullptr;
-    QPushButton* StartIterationButton = nullptr;
-    QPushButton* StopIterationButton = nullptr;
-    QPushButton* ClearDisplayButton = nullptr;
-    QPlainTextEdit* IterationDisplayBox = nullptr;
-    QLabel* ElapsedIndicator = nullptr;
     QLabel* MethodLabel = nullptr;
-    QLineEdit* CBox = nullptr;
 };

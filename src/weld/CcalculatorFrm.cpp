@@ -17,7 +17,6 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include "shell/AppInfo.h"
 #include "shell/FlexProcedures.h"
 #include "shell/MathUtil.h"
 #include "shell/Primitives.h"
@@ -32,20 +31,13 @@
 using namespace KeyFilters::KeyCode;
 namespace wc = WeldCoefficient;
 
-namespace {
+using weldview::BoldCaption;
+using weldview::FromView;
 
-QString FromView(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<int>(s.size())); }
+namespace {
 
 const QString kSection = QStringLiteral("FerrolithSetting");
 const QString kWeldViewKey = QStringLiteral("WeldView");
-
-QLabel* Caption(const QString& text, QWidget* parent) {
-    auto* l = new QLabel(text, parent);
-    QFont f = l->font();
-    f.setBold(true);
-    l->setFont(f);
-    return l;
-}
 
 }  // namespace
 
@@ -58,7 +50,6 @@ CcalculatorFrm::CcalculatorFrm(QWidget* parent) : QWidget(parent, Qt::Window) {
 }
 
 CcalculatorFrm::~CcalculatorFrm() {
-    WeldRunWindowGone(*ctx_);
     WeldFlex->disconnect(this);
     EdiTxtA->removeEventFilter(this);
 }
@@ -82,7 +73,7 @@ bool CcalculatorFrm::Span_Input_Ok(const QString& text) {
     return !(v.IsText() && v.text == "*ERROR*");
 }
 
-bool CcalculatorFrm::RunActive() const { return RunControl::Control::Active(ctx_->run); }
+bool CcalculatorFrm::RunActive() const { return run_.Active(); }
 
 void CcalculatorFrm::BuildControls() {
     WeldView = new QListWidget(this);
@@ -109,28 +100,9 @@ void CcalculatorFrm::BuildControls() {
     WeldStripBox->setObjectName(QStringLiteral("WeldStripBox"));
     ModelBox = shell::NewSolverModelBox(this);
 
-    StartIterationButton = new QPushButton(FromView(RunControl::StartCaption(control_.Window())), this);
-    StartIterationButton->setObjectName(QStringLiteral("StartIterationButton"));
-    StopIterationButton = new QPushButton(FromView(RunControl::kStopCaption), this);
-    StopIterationButton->setObjectName(QStringLiteral("StopIterationButton"));
-    ClearDisplayButton = new QPushButton(FromView(RunControl::kClearCaption), this);
-    ClearDisplayButton->setObjectName(QStringLiteral("ClearDisplayButton"));
-    for (QPushButton* b : {StartIterationButton, StopIterationButton, ClearDisplayButton})
-        b->setMinimumWidth(b->fontMetrics().horizontalAdvance(QStringLiteral("Resume Iteration")) + 28);
-
-    IterationDisplayBox = NewIterationDisplay(this);
-    IterationDisplayBox->setMinimumHeight(IterationDisplayBox->fontMetrics().lineSpacing() * 5);
-    ElapsedIndicator = new QLabel(this);
-    ElapsedIndicator->setObjectName(QStringLiteral("ElapsedIndicator"));
-    CBox = new QLineEdit(this);
-    CBox->setObjectName(QStringLiteral("CBox"));
-    CBox->setReadOnly(true);
-    CBox->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    QFont big = CBox->font();
-    big.setBold(true);
-    big.setPointSizeF(big.pointSizeF() * 1.2);
-    CBox->setFont(big);
-    CBox->setMinimumWidth(QFontMetrics(big).horizontalAdvance(QStringLiteral("** 9999.00000    ")) + 12);
+    run_.BuildControls({[this] { Run_CoefficientIteration(); }, [this] { ApplyControls(); }}, 1.2,
+                       QStringLiteral("** 9999.00000    "));
+    run_.DisplayBox()->setMinimumHeight(run_.DisplayBox()->fontMetrics().lineSpacing() * 5);
     StatusLine = new QLabel(this);
     StatusLine->setObjectName(QStringLiteral("StatusLine"));
     StatusLine->setFrameShape(QFrame::StyledPanel);
@@ -139,9 +111,9 @@ void CcalculatorFrm::BuildControls() {
     auto* gridSide = new QVBoxLayout;
     gridSide->addWidget(WeldFlex, 1);
     auto* choices = new QGridLayout;
-    choices->addWidget(Caption(FromView(WeldStrength::kWeldStripLabel), this), 0, 0);
+    choices->addWidget(BoldCaption(FromView(WeldStrength::kWeldStripLabel), this), 0, 0);
     choices->addWidget(WeldStripBox, 1, 0);
-    choices->addWidget(Caption(QStringLiteral("Model"), this), 0, 1);
+    choices->addWidget(BoldCaption(QStringLiteral("Model"), this), 0, 1);
     choices->addWidget(ModelBox, 1, 1);
     gridSide->addLayout(choices);
 
@@ -151,21 +123,21 @@ void CcalculatorFrm::BuildControls() {
     top->addLayout(gridSide, 1);
 
     auto* buttons = new QVBoxLayout;
-    buttons->addWidget(StartIterationButton);
-    buttons->addWidget(StopIterationButton);
-    buttons->addWidget(ClearDisplayButton);
+    buttons->addWidget(run_.StartButton());
+    buttons->addWidget(run_.StopButton());
+    buttons->addWidget(run_.ClearButton());
     buttons->addStretch(1);
 
     auto* result = new QVBoxLayout;
-    result->addWidget(Caption(FromView(wc::kResultCaption), this));
-    result->addWidget(CBox);
+    result->addWidget(BoldCaption(FromView(wc::kResultCaption), this));
+    result->addWidget(run_.Result());
     result->addStretch(1);
 
     auto* bottom = new QHBoxLayout;
     bottom->addLayout(buttons);
     auto* display = new QVBoxLayout;
-    display->addWidget(IterationDisplayBox, 1);
-    display->addWidget(ElapsedIndicator);
+    display->addWidget(run_.DisplayBox(), 1);
+    display->addWidget(run_.Elapsed());
     bottom->addLayout(display, 1);
     bottom->addLayout(result);
 
@@ -175,9 +147,6 @@ void CcalculatorFrm::BuildControls() {
     main->addLayout(bottom, 2);
     main->addWidget(StatusLine);
 
-    connect(StartIterationButton, &QPushButton::clicked, this, &CcalculatorFrm::StartIterationButton_Click);
-    connect(StopIterationButton, &QPushButton::clicked, this, &CcalculatorFrm::StopIterationButton_Click);
-    connect(ClearDisplayButton, &QPushButton::clicked, this, &CcalculatorFrm::ClearDisplayButton_Click);
     connect(WeldView, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= 0) WeldView_ItemClick(row + 1);
     });
@@ -245,7 +214,7 @@ void CcalculatorFrm::Form_Load() {
     if (view >= 1 && view <= wc::kConfigs) WeldView->setCurrentRow(view - 1);
     Update_Centroids();
     Update_WeldImage();
-    ctx_->run.IterationStop = -1;
+    run_.Run().IterationStop = -1;
     WeldLoading = false;
 
     // Open at a size that fits the screen, with room for the grid to grow.
@@ -257,13 +226,13 @@ void CcalculatorFrm::Form_Load() {
 }
 
 void CcalculatorFrm::Form_Activate() {
-    control_.Form_Activate();
+    run_.Control().Form_Activate();
     ApplyControls();
 }
 
 void CcalculatorFrm::ApplyControls() {
-    const RunControl::Controls& c = control_.State();
-    ApplyRunButtons(c, StartIterationButton, StopIterationButton, ClearDisplayButton);
+    run_.ApplyButtons();
+    const RunControl::Controls& c = run_.Control().State();
     for (QWidget* w : std::initializer_list<QWidget*>{WeldStripBox, WeldFlex, WeldView, ModelBox})
         w->setEnabled(!c.InputsLocked);
 }
@@ -272,12 +241,7 @@ void CcalculatorFrm::WeldView_ItemClick(int index) {
     if (index < 1 || index > wc::kConfigs) return;
     setWindowTitle(Q(wc::WindowCaption(wc::ItemText(index))));
     if (!WeldLoading) Save_WeldConfig();
-    if (index != WeldViewIndex) {
-        ElapsedIndicator->clear();
-        IterationDisplayBox->clear();
-        CBox->clear();
-        ClearDisplayButton_Click();
-    }
+    if (index != WeldViewIndex) WipeResult();
     WeldViewIndex = static_cast<int16_t>(index);
     const wc::ConfigCells& cells = WeldConfigStore()[static_cast<size_t>(index - 1)];
     EdiTxtA->setVisible(false);
@@ -315,51 +279,16 @@ void CcalculatorFrm::ShowStatus(const QString& text) { StatusLine->setText(text)
 
 // ---- Run control ------------------------------------------------------------
 
-void CcalculatorFrm::StartIterationButton_Click() {
-    const auto ctx = ctx_;
-    const auto scope = ctx->guard.Enter();
-    QPointer<CcalculatorFrm> self(this);
-    control_.BeginStart(ctx->run);
-    ApplyControls();
-    Run_CoefficientIteration();
-    if (!self) return;
-    control_.EndStart();
-    ApplyControls();
-}
-
-void CcalculatorFrm::StopIterationButton_Click() {
-    const auto ctx = ctx_;
-    const auto scope = ctx->guard.Enter();
-    QPointer<CcalculatorFrm> self(this);
-    const RunControl::StopAction action = control_.StopClick(ctx->run);
-    ApplyControls();
-    if (action != RunControl::StopAction::Resume) return;
-    Run_CoefficientIteration();
-    if (!self) return;
-    control_.EndResume();
-    ApplyControls();
-}
-
-void CcalculatorFrm::ClearDisplayButton_Click() {
-    control_.ClearDisplay(ctx_->run);
-    ApplyControls();
-    ctx_->display.Clear();
-    ctx_->display.ReplaceAll = false;
-    IterationDisplayBox->clear();
-    ElapsedIndicator->clear();
-}
-
 void CcalculatorFrm::WipeResult() {
-    CBox->clear();
-    IterationDisplayBox->clear();
-    ElapsedIndicator->clear();
-    ClearDisplayButton_Click();
+    run_.Result()->clear();
+    run_.DisplayBox()->clear();
+    run_.Elapsed()->clear();
+    run_.ClearClick();
 }
 
 void CcalculatorFrm::Run_CoefficientIteration() {
-    const auto ctx = ctx_;
     QPointer<CcalculatorFrm> self(this);
-    WeldFunctions::WeldRunState& run = ctx->run;
+    WeldFunctions::WeldRunState& run = run_.Run();
     WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), run.SegmentsPerInch);
     wc::ConfigCells cells;
     for (int r = 0; r < wc::kRows; ++r) cells[r] = S(WeldFlex->TextMatrix(r, 1));
@@ -376,54 +305,28 @@ void CcalculatorFrm::Run_CoefficientIteration() {
     const double angle = prim::Val(cells[3]);
     ShowStatus(Q(wc::ImpossibleReason(WeldViewIndex, L, WeldViewIndex == 1 ? 0.0 : kL)));
 
-    run.IterationStop = 0;
-    ctx->display.Clear();
-    ctx->display.ReplaceAll = false;
-    IterationDisplayBox->clear();
-    CBox->clear();
-    ElapsedIndicator->clear();
-    run.DisplayTarget = WeldFunctions::kDisplayCoefficient;
+    run_.BeginRun(WeldFunctions::kDisplayCoefficient);
 
     if (shell::SolverModelOf(ModelBox) == shell::SolverModel::AiscElement) {
         WeldElementModel::ElementReport rep;
         const double c = WeldElementModel::Config_C(WeldViewIndex, L, kL, aL, angle, run.SegmentsPerInch, &rep);
-        using RunControl::ElementOutcome;
-        const ElementOutcome outcome = rep.Refused     ? ElementOutcome::Refused
-                                       : rep.Converged ? ElementOutcome::Found
-                                                       : ElementOutcome::NoEquilibrium;
-        ctx->display.Append(RunControl::ElementClosingText(outcome));
-        FlushDisplay(ctx->display, IterationDisplayBox, ElapsedIndicator);
-        if (outcome == ElementOutcome::Found)
-            SetResultBox(CBox, Q(RunControl::ResultText(c, true)), false);
-        else
+        const RunControl::ElementOutcome outcome = run_.EndElementRun(rep.Refused, rep.Converged, c);
+        if (outcome != RunControl::ElementOutcome::Found)
             ShowStatus(Q(RunControl::ForWidget(prim::Trim(RunControl::ElementClosingText(outcome)))));
-        control_.RunEnded(true);
-        run.IterationStop = -1;
         return;
     }
 
-    ctx->pump.BeforePump = [this, self] {
-        if (self) FlushDisplay(ctx_->display, IterationDisplayBox, ElapsedIndicator);
-    };
-    const WeldFunctions::WeldRunHooks hooks = WeldRunHooksOf(*ctx);
-    const double c = WeldFunctions::Config_ByNumber(WeldViewIndex, L, kL, aL, angle, WeldFunctions::kSelectC,
-                                                    run, hooks);
-    ctx->pump.BeforePump = nullptr;
-    if (!self || ctx->windowGone) return;
-    const bool converged = run.IterationStop == 0;
-    ctx->display.Append(RunControl::ClosingText(converged));
-    FlushDisplay(ctx->display, IterationDisplayBox, ElapsedIndicator);
-    SetResultBox(CBox, Q(RunControl::ResultText(c, converged)), !converged);
-    control_.RunEnded(converged);
-    run.IterationStop = -1;
-    ApplyControls();
+    const auto c = run_.RunPasses([&](WeldFunctions::WeldRunState& state, const WeldFunctions::WeldRunHooks& hooks) {
+        return WeldFunctions::Config_ByNumber(WeldViewIndex, L, kL, aL, angle, WeldFunctions::kSelectC, state, hooks);
+    });
+    if (c) run_.EndPasses(*c);
 }
 
 // ---- Grid editing -------------------------------------------------------------
 
 bool CcalculatorFrm::EditableCell() const {
     return WeldFlex->Col() == 1 && WeldFlex->Row() >= 0 && WeldFlex->Row() < wc::kInputRows &&
-           ClearDisplayButton->isEnabled();
+           run_.ClearButton()->isEnabled();
 }
 
 void CcalculatorFrm::OpenEditor(int16_t key, bool takeKey) {
@@ -503,12 +406,7 @@ bool CcalculatorFrm::Form_QueryUnload() {
     settings::SaveSetting(settings::ProgramTitle(), kSection, FromView(WeldStrength::kWeldStripSetting.key),
                           QString::number(WeldStripBox->currentIndex()));
     settings::SaveSetting(settings::ProgramTitle(), kSection, kWeldViewKey, QString::number(WeldViewIndex));
-    if (!RunActive()) return true;
-    QMessageBox ask(QMessageBox::Critical, QString::fromLatin1(appinfo::kProgramTitle),
-                    FromView(RunControl::kActiveRunQuestion), QMessageBox::Yes | QMessageBox::No, this);
-    if (ask.exec() != QMessageBox::Yes) return false;
-    ctx_->run.IterationStop = -1;
-    return true;
+    return run_.ConfirmClose();
 }
 
 void CcalculatorFrm::closeEvent(QCloseEvent* event) {
@@ -517,7 +415,7 @@ void CcalculatorFrm::closeEvent(QCloseEvent* event) {
         return;
     }
     setObjectName(QString());  // a new request opens a new window
-    if (ctx_->guard.DeferClose(event)) return;
+    if (run_.DeferClose(event)) return;
     event->accept();
     deleteLater();
 }

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QWidget>
-#include <memory>
 
 #include "weld/RunControl.h"
 #include "weld/WeldCoefficient.h"
@@ -16,8 +15,6 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
-class QPlainTextEdit;
-class QPushButton;
 class WeldImageView;
 
 class CcalculatorFrm : public QWidget {
@@ -57,9 +54,6 @@ private:
     void Update_Centroids();
     void ModifyTextWeld(QLineEdit* box);
 
-    void StartIterationButton_Click();
-    void StopIterationButton_Click();
-    void ClearDisplayButton_Click();
     void Run_CoefficientIteration();
     void WipeResult();
     void ShowStatus(const QString& text);
@@ -75,8 +69,9 @@ private:
 
     void ApplyControls();
 
-    std::shared_ptr<WeldRunContext> ctx_ = std::make_shared<WeldRunContext>(this);
-    RunControl::Control control_{RunControl::RunWindow::Coefficient};
+    // Run buttons, display, elapsed caption and CBox; Clear Display also
+    // empties the elapsed caption here.
+    WeldRunPanel run_{this, RunControl::RunWindow::Coefficient, true};
 
     int16_t WeldViewIndex = 0;
     bool WeldLoading = false;
@@ -90,11 +85,5 @@ private:
     QLineEdit* EdiTxtA = nullptr;
     QComboBox* WeldStripBox = nullptr;
     QComboBox* ModelBox = nullptr;
-    QPushButton* StartIterationButton = nullptr;
-    QPushButton* StopIterationButton = nullptr;
-    QPushButton* ClearDisplayButton = nullptr;
-    QPlainTextEdit* IterationDisplayBox = nullptr;
-    QLabel* ElapsedIndicator = nullptr;
-    QLineEdit* CBox = nullptr;
     QLabel* StatusLine = nullptr;
 };

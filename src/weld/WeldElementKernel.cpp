@@ -12,6 +12,27 @@ constexpr double kDeg = 180.0 / std::numbers::pi;
 // x^c for x > 0, through the vector exp and log, which run several times
 // faster than the vector pow.
 inline double Power(double x, double c) { return std::exp(c * std::log(x)); }
+
+// A point of the group at (x, y) on a line of direction (tx, ty), under the
+// motion (vx, vy, w): its velocity (ux, uy), distance r from the center of
+// rotation, the sine component b, the angle theta (degrees) between its
+// velocity and the line, and the ultimate deformation du at that angle.
+struct PointMotion {
+    double ux, uy, r, b, theta, du;
+};
+
+[[gnu::always_inline]] inline PointMotion MotionAt(double x, double y, double tx, double ty, double vx, double vy,
+                                                   double w, double D) {
+    PointMotion m;
+    m.ux = vx - w * y;
+    m.uy = vy + w * x;
+    m.r = std::sqrt(m.ux * m.ux + m.uy * m.uy);
+    const double a = std::fabs(tx * m.ux + ty * m.uy);
+    m.b = std::fabs(tx * m.uy - ty * m.ux);
+    m.theta = std::atan2(m.b, a) * kDeg;
+    m.du = D * std::min(1.087 * Power(m.theta + 6.0, -0.65), 0.17);
+    return m;
+}
 }  // namespace
 
 // This file is built with vector math (-ffast-math, OpenMP simd): the loops
@@ -36,14 +57,8 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
     const size_t np = el.px.size();
 #pragma omp simd reduction(min : crit)
     for (size_t i = 0; i < np; ++i) {
-        const double ux = vx - w * py[i];
-        const double uy = vy + w * px[i];
-        const double r = std::sqrt(ux * ux + uy * uy);
-        const double a = std::fabs(ptx[i] * ux + pty[i] * uy);
-        const double b = std::fabs(ptx[i] * uy - pty[i] * ux);
-        const double theta = std::atan2(b, a) * kDeg;
-        const double du = D * std::min(1.087 * Power(theta + 6.0, -0.65), 0.17);
-        const double ratio = r > 0.0 ? du / r : kNoRatio;
+        const PointMotion m = MotionAt(px[i], py[i], ptx[i], pty[i], vx, vy, w, D);
+        const double ratio = m.r > 0.0 ? m.du / m.r : kNoRatio;
         crit = std::min(crit, ratio);
     }
 
@@ -59,21 +74,15 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
     double* ey = el.uy.data();
 #pragma omp simd reduction(min : crit)
     for (size_t i = 0; i < n; ++i) {
-        const double ux = vx - w * y[i];
-        const double uy = vy + w * x[i];
-        const double r = std::sqrt(ux * ux + uy * uy);
-        const double a = std::fabs(tx[i] * ux + ty[i] * uy);
-        const double b = std::fabs(tx[i] * uy - ty[i] * ux);
-        const double theta = std::atan2(b, a) * kDeg;
-        const double du = D * std::min(1.087 * Power(theta + 6.0, -0.65), 0.17);
+        const PointMotion m = MotionAt(x[i], y[i], tx[i], ty[i], vx, vy, w, D);
         // An element at the center has no deformation and no force.
-        const double inv = r > 0.0 ? 1.0 / r : 0.0;
-        rho[i] = r;
-        dm[i] = 0.209 * D * Power(theta + 2.0, -0.32);
-        sinT[i] = b * inv;
-        ex[i] = ux * inv;
-        ey[i] = uy * inv;
-        const double ratio = r > 0.0 ? du * inv : kNoRatio;
+        const double inv = m.r > 0.0 ? 1.0 / m.r : 0.0;
+        rho[i] = m.r;
+        dm[i] = 0.209 * D * Power(m.theta + 2.0, -0.32);
+        sinT[i] = m.b * inv;
+        ex[i] = m.ux * inv;
+        ey[i] = m.uy * inv;
+        const double ratio = m.r > 0.0 ? m.du * inv : kNoRatio;
         crit = std::min(crit, ratio);
     }
 

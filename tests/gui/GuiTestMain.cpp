@@ -2,11 +2,15 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include <QTest>
+
 #include "GuiTestSupport.h"
+#include "shell/FlexProcedures.h"
 
 namespace guitest {
 
@@ -52,6 +56,27 @@ void SaveScreenFits(QWidget* window, const QString& name) {
     }
     window->resize(size);
     QApplication::processEvents();
+}
+
+void TypeInGridCell(FlexGrid* grid, QLineEdit* editor, int row, int col, const QString& text, Qt::Key commit) {
+    ASSERT_FALSE(text.isEmpty());
+    grid->setCurrentCell(row, col);
+    QTest::keyClick(grid, text.at(0).toLatin1());
+    ASSERT_TRUE(editor->isVisible()) << "no editor opened over cell " << row << "," << col;
+    if (text.size() > 1) QTest::keyClicks(editor, text.mid(1));
+    QTest::keyClick(editor, commit);
+}
+
+QSize GrowthFromMinimum(QWidget* window, QWidget* part, QSize extra, const QString& name) {
+    EXPECT_LE(window->minimumSizeHint().width(), 800);
+    EXPECT_LE(window->minimumSizeHint().height(), 460);
+    window->resize(window->minimumSizeHint());
+    QApplication::processEvents();
+    const QSize small = part->size();
+    window->resize(window->minimumSizeHint() + extra);
+    QApplication::processEvents();
+    SaveScreenFits(window, name);
+    return part->size() - small;
 }
 
 }  // namespace guitest

@@ -10,6 +10,9 @@
 #include <QTimer>
 #include <functional>
 
+class FlexGrid;
+class QLineEdit;
+
 namespace guitest {
 
 // What the watchdog saw of one modal message box.
@@ -46,5 +49,17 @@ private:
 // 1600 x 1000 screen at scale 2 (784 x 452 logical pixels) and on 1366 x 768,
 // as <name>-fit-WxH-xSCALE.png; the window keeps its size. Nothing without it.
 void SaveScreenFits(QWidget* window, const QString& name);
+
+// Types into a cell of a grid with a floating editor as a user does: the
+// first key goes to the grid and opens the editor over the cell, the rest go
+// into the editor, and `commit` ends the edit. Fails when no editor opens.
+void TypeInGridCell(FlexGrid* grid, QLineEdit* editor, int row, int col, const QString& text,
+                    Qt::Key commit = Qt::Key_Return);
+
+// Checks that the window's minimum fits a 1600 x 1000 screen at scale 2
+// (800 x 460 logical pixels once the frame is off), lays it out at its
+// minimum and then `extra` larger (saving the screen fits under `name`
+// between the two) and returns how much `part` grew.
+QSize GrowthFromMinimum(QWidget* window, QWidget* part, QSize extra, const QString& name);
 
 }  // namespace guitest

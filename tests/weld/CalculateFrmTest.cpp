@@ -192,6 +192,9 @@ TEST_F(CapacityWindow, ResumeIsLiveAndClearDisplayGivesItUp) {
     QTest::mouseClick(Button("ClearDisplayButton"), Qt::LeftButton);
     ExpectButtons("cleared", "Stop Iteration", false, true);
     EXPECT_TRUE(Display().isEmpty());
+    // Here, unlike the coefficient window, the caption and the result stay.
+    EXPECT_FALSE(W<QLabel>("ElapsedIndicator")->text().isEmpty());
+    EXPECT_TRUE(CBox().startsWith("** "));
 }
 
 TEST_F(CapacityWindow, ReStartRunsAFreshSolve) {
@@ -286,4 +289,5 @@ TEST_F(CapacityWindow, Screenshots) {
     Open(Example("c-shape-right.wld"));
     WaitForRunEnd();
     frm_->grab().save(dir + "/capacity-done-x" + scale + ".png");
+    guitest::SaveScreenFits(frm_, "capacity");
 }

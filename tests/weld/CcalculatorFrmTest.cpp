@@ -55,14 +55,9 @@ protected:
         const QRect r = view->visualItemRect(view->item(config - 1));
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, r.center());
     }
-    // Types into a value cell as a user does: the first key opens the
-    // floating box, the rest go into it, the last key commits.
+    // Types into the value cell of `row`.
     void Type(int row, const QString& text, Qt::Key commit = Qt::Key_Return) {
-        grid_->setCurrentCell(row, 1);
-        QTest::keyClick(grid_, text.at(0).toLatin1());
-        ASSERT_TRUE(box_->isVisible());
-        if (text.size() > 1) QTest::keyClicks(box_, text.mid(1));
-        QTest::keyClick(box_, commit);
+        guitest::TypeInGridCell(grid_, box_, row, 1, text, commit);
     }
     void TypeAll(const QStringList& values) {
         for (int r = 0; r < values.size(); ++r) Type(r, values[r]);
@@ -209,27 +204,9 @@ TEST_F(CoefficientWindow, TableCopiesWithItsRowLabels) {
 
 TEST_F(CoefficientWindow, FitsSmallScreensAndTheGridGrows) {
     Open();
-    EXPECT_LE(frm_->minimumSizeHint().width(), 800);
-    EXPECT_LE(frm_->minimumSizeHint().height(), 460);
-    frm_->resize(frm_->minimumSizeHint());
-    QApplication::processEvents();
-    const QSize small = grid_->size();
-    frm_->resize(frm_->minimumSizeHint() + QSize(300, 200));
-    QApplication::processEvents();
-    // The window as it opens on 1600 x 1000 at scale 2 (784 x 452 logical) and on 1366 x 768.
-    const QString shots = qEnvironmentVariable("FERROLITH_SHOTS");
-    if (!shots.isEmpty()) {
-        const QSize big = frm_->size();
-        for (const QSize& screen : {QSize(784, 452), QSize(1350, 720)}) {
-            frm_->resize(frm_->sizeHint().expandedTo(frm_->minimumSizeHint()).boundedTo(screen));
-            QApplication::processEvents();
-            frm_->grab().save(QStringLiteral("%1/coefficient-fit-%2x%3-x%4.png").arg(shots).arg(screen.width()).arg(screen.height()).arg(qEnvironmentVariable("QT_SCALE_FACTOR", "1")));
-        }
-        frm_->resize(big);
-        QApplication::processEvents();
-    }
-    EXPECT_GT(grid_->width(), small.width());
-    EXPECT_GT(grid_->height(), small.height());
+    const QSize growth = guitest::GrowthFromMinimum(frm_, grid_, QSize(300, 200), "coefficient");
+    EXPECT_GT(growth.width(), 0);
+    EXPECT_GT(growth.height(), 0);
 }
 
 // With FERROLITH_SHOTS set to a folder, the window and the nine pictures at
