@@ -28,6 +28,7 @@
 #include "shell/SolverModelBox.h"
 #include "shell/MathUtil.h"
 #include "shell/QtText.h"
+#include "shell/WindowFit.h"
 #include "shell/RunPump.h"
 #include "units/ImperialProc.h"
 
@@ -203,7 +204,7 @@ void BoltCalcFrm::Form_Load() {
     Init_cFlex();
     Init_valFlex();
     LoadRecords();
-    FitScreen();
+    shell::FitToScreen(this);  // as large as the grid wants, within the screen
 }
 
 // Room for every column and fifteen rows of the grid.
@@ -212,14 +213,6 @@ QSize BoltCalcFrm::sizeHint() const {
     const QSize grid = cFlex->sizeHint();
     return base + QSize(std::max(0, preferredGrid_.width() - grid.width()),
                         std::max(0, preferredGrid_.height() - grid.height()));
-}
-
-// Opens as large as the grid wants, within the screen.
-void BoltCalcFrm::FitScreen() {
-    QSize want = sizeHint().expandedTo(minimumSizeHint());
-    if (const QScreen* screen = QGuiApplication::primaryScreen())
-        want = want.boundedTo(screen->availableGeometry().size() - QSize(16, 48));
-    resize(want);
 }
 
 void BoltCalcFrm::Init_cFlex() {

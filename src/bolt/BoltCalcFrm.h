@@ -40,7 +40,6 @@ private:
     void Init_valFlex();
     void LoadRecords();
     void SizeGrid();
-    void FitScreen();
 
     void Calculate_C(int row);
     void ModifyTextC(QLineEdit* edit);

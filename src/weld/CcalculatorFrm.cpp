@@ -21,6 +21,7 @@
 #include "shell/MathUtil.h"
 #include "shell/Primitives.h"
 #include "shell/QtText.h"
+#include "shell/WindowFit.h"
 #include "shell/SettingsStore.h"
 #include "shell/SolverModelBox.h"
 #include "units/ImperialProc.h"
@@ -218,11 +219,7 @@ void CcalculatorFrm::Form_Load() {
     WeldLoading = false;
 
     // Open at a size that fits the screen, with room for the grid to grow.
-    const QSize want = sizeHint().expandedTo(minimumSizeHint());
-    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-        const QSize avail = screen->availableGeometry().size() - QSize(16, 48);
-        resize(want.boundedTo(avail));
-    }
+    shell::FitToScreen(this);
 }
 
 void CcalculatorFrm::Form_Activate() {
