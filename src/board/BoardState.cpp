@@ -77,8 +77,13 @@ void Board::Set_Mode(int16_t index) {
     Ui.CheckedMode = index;
     Ui.LoadParamBoxVisible = false;
     Hide_Rotate_Marks();
-    // The snap box and the hover grips belong to the mode being left.
+    // The snap box, the hover grips and what the status bar and the tool tip
+    // said of them belong to the mode being left. The lines were painted anew
+    // above or are painted anew below: no hover highlight is left to undo.
     Ui.Marks.PickBox.Visible = Ui.Marks.StartBox.Visible = Ui.Marks.MidBox.Visible = Ui.Marks.EndBox.Visible = false;
+    Ui.StatusPanel2.clear();
+    surface_.SetToolTipText("");
+    HoverDrawn = 0;
 
     const char* name = "";
     for (const ModeRow& m : kModes)
@@ -573,7 +578,10 @@ void Board::DrawingBoard_DblClick() {
 
 void Board::Repaint(bool showSelection) {
     LayoutRender::Repaint(surface_, doc_, showSelection, Yield);
+    // Every line stands in its own colour again; the hovered line may since
+    // have been moved, zoomed or edited, so its old copy is never repainted.
     MoveBandShown = SelectBoxShown = false;
+    HoverDrawn = 0;
 }
 
 void Board::RefreshButton_Click() {

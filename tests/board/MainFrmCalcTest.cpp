@@ -5,12 +5,14 @@
 
 #include <QDir>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "BoardWindow.h"
 #include "GuiTestSupport.h"
 #include "board/BoardSurface.h"
 #include "board/CartesianModule.h"
@@ -157,6 +159,42 @@ TEST_F(MainFrmCalc, Screenshots) {
             const QRect box(at.toPoint() - QPoint(300, 200), QSize(600, 700));
             EXPECT_TRUE(w->Surface().Image().copy(box).save(QString(file).replace(".png", "_symbol.png")));
         }
+    }
+}
+
+// A line lit by the EDIT hover or a snap found in DRAW, then a change of
+// view: the board's pointer moves afterwards leave the picture alone, and
+// after a change of mode neither the status bar nor the board's tool tip
+// keeps the old finding.
+TEST(BoardFeedback, ChangeOfViewLeavesNoHoverOrSnapBehind) {
+    guitest::ModalWatchdog dog;
+    struct Case {
+        const char* name;
+        int mode;            // where the finding is made
+        const char* change;  // a mode bar button or a tool button
+        bool modeChange;
+    };
+    for (const Case& c : {Case{"hover, then CALCULATION", BoardState::EDIT, "ModeBarButton_14", true},
+                          Case{"hover, then zoom extent", BoardState::EDIT, "ZoomExtentButton", false},
+                          Case{"snap, then CALCULATION", BoardState::DRAW, "ModeBarButton_14", true}}) {
+        SCOPED_TRACE(c.name);
+        boardwindow::BoardWindow b(kExamples + "c-shape-right.wld");
+        b.Snap(1);
+        b.Mode(c.mode);
+        const PublicVariables::LineRec line = b.Doc().Lines[0];
+        const PublicVariables::PointRec at = c.mode == BoardState::EDIT ? line.MidPt : line.StartPt;
+        b.MoveTo(QPoint(qRound(at.X * b.s.logicalDpiX()), qRound(at.Y * b.s.logicalDpiY())));
+        auto* panel = b.w.findChild<QLabel*>("StatusPanel2");
+        ASSERT_FALSE(panel->text().isEmpty());
+
+        QTest::mouseClick(b.w.findChild<QWidget*>(c.change), Qt::LeftButton);
+        if (c.modeChange) {
+            EXPECT_EQ(panel->text(), "");
+            EXPECT_EQ(b.s.toolTip(), "");
+        }
+        const QImage shown = b.s.Image().copy();
+        b.MoveTo(QPoint(3, 3));
+        EXPECT_TRUE(b.s.Image() == shown);
     }
 }
 
