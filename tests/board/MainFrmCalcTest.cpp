@@ -198,4 +198,34 @@ TEST(BoardFeedback, ChangeOfViewLeavesNoHoverOrSnapBehind) {
     }
 }
 
+// Each way out of CALCULATION after a load edit and a Refresh: the zoom
+// buttons end in DRAW, and every way brings back the working display, the
+// dimension included, with the load panel hidden and the command line on.
+TEST(BoardFeedback, LeavingCalculationBringsBackTheWorkingDisplay) {
+    guitest::ModalWatchdog dog;
+    for (const char* way : {"ModeBarButton_2", "ModeBarButton_4", "zUPButton", "zDNButton", "ZoomExtentButton"}) {
+        SCOPED_TRACE(way);
+        boardwindow::BoardWindow b;
+        for (const char* reply : {"1,1", "1,4", "1,1", "3,1"}) b.Type(reply);
+        b.Snap(1);
+        b.Mode(BoardState::DIMENSION);
+        for (QPoint p : {b.Px(1, 1), b.Px(1, 4), b.Px(0.5, 2.5)}) b.ClickAt(p);
+        ASSERT_EQ(CartesianModule::Line_Count(b.Doc().Dims), 1);
+        b.Mode(BoardState::CALCULATION);
+        b.ClickAt(QPoint(b.s.width() - 20, b.s.height() / 2));
+        b.w.findChild<QLineEdit*>("EcInput")->setText("2'");
+        b.Press("EcButton");
+        b.Press("RefreshButton");
+
+        QTest::mouseClick(b.w.findChild<QWidget*>(way), Qt::LeftButton);
+        EXPECT_EQ(b.Board().ActiveMode, QString(way) == "ModeBarButton_4" ? BoardState::SELECTION : BoardState::DRAW);
+        EXPECT_FALSE(b.w.findChild<QWidget*>("LoadParamBox")->isVisible());
+        EXPECT_TRUE(b.box->isEnabled());
+        const QImage shown = b.s.Image().copy();
+        b.Board().Repaint(false);
+        EXPECT_TRUE(b.s.Image() == shown);
+        EXPECT_EQ(dog.Seen().size(), 0);
+    }
+}
+
 }  // namespace
