@@ -3,7 +3,9 @@
 // capacity window it opens.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QDir>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -226,6 +228,32 @@ TEST(BoardFeedback, LeavingCalculationBringsBackTheWorkingDisplay) {
         EXPECT_TRUE(b.s.Image() == shown);
         EXPECT_EQ(dog.Seen().size(), 0);
     }
+}
+
+// The question on closing compares the saved lines with the present ones in
+// world terms through the present view: the fit of the calculation display
+// counts as a change until the layout is saved; the same fit again, or a
+// return to DRAW, does not.
+TEST(BoardFeedback, TheCalculationFitAsksForASaveUntilSaved) {
+    QTemporaryDir dir;
+    const QString copy = dir.filePath("c-shape.wld");
+    ASSERT_TRUE(QFile::copy(kExamples + "c-shape-right.wld", copy));
+    guitest::ModalWatchdog dog(QMessageBox::Cancel);
+    boardwindow::BoardWindow b(copy);
+    auto questions = [&] {
+        dog.Clear();
+        b.w.close();
+        return dog.Seen().size();
+    };
+    EXPECT_EQ(questions(), 0);
+    b.w.show();
+    b.Mode(BoardState::CALCULATION);
+    EXPECT_EQ(questions(), 1);
+    EXPECT_EQ(dog.Seen()[0].text, "Save Changes To " + copy.toUpper() + " ?");
+    b.w.action("mnuSaveData")->trigger();
+    b.Press("RefreshButton");
+    b.Mode(BoardState::DRAW);
+    EXPECT_EQ(questions(), 0);
 }
 
 }  // namespace
