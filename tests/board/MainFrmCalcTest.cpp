@@ -165,20 +165,20 @@ TEST_F(MainFrmCalc, Screenshots) {
 }
 
 // A line lit by the EDIT hover or a snap found in DRAW, then a change of
-// view: the board's pointer moves afterwards leave the picture alone, and
-// after a change of mode neither the status bar nor the board's tool tip
-// keeps the old finding.
+// mode or of view: no mark, status text or tool tip keeps the old finding,
+// Delete removes nothing, and the next pointer move leaves the picture alone.
 TEST(BoardFeedback, ChangeOfViewLeavesNoHoverOrSnapBehind) {
     guitest::ModalWatchdog dog;
     struct Case {
         const char* name;
         int mode;            // where the finding is made
         const char* change;  // a mode bar button or a tool button
-        bool modeChange;
     };
-    for (const Case& c : {Case{"hover, then CALCULATION", BoardState::EDIT, "ModeBarButton_14", true},
-                          Case{"hover, then zoom extent", BoardState::EDIT, "ZoomExtentButton", false},
-                          Case{"snap, then CALCULATION", BoardState::DRAW, "ModeBarButton_14", true}}) {
+    for (const Case& c : {Case{"hover, then CALCULATION", BoardState::EDIT, "ModeBarButton_14"},
+                          Case{"hover, then zoom extent", BoardState::EDIT, "ZoomExtentButton"},
+                          Case{"hover, then Refresh", BoardState::EDIT, "RefreshButton"},
+                          Case{"snap, then CALCULATION", BoardState::DRAW, "ModeBarButton_14"},
+                          Case{"snap, then zoom in", BoardState::DRAW, "zUPButton"}}) {
         SCOPED_TRACE(c.name);
         boardwindow::BoardWindow b(kExamples + "c-shape-right.wld");
         b.Snap(1);
@@ -190,12 +190,17 @@ TEST(BoardFeedback, ChangeOfViewLeavesNoHoverOrSnapBehind) {
         ASSERT_FALSE(panel->text().isEmpty());
 
         QTest::mouseClick(b.w.findChild<QWidget*>(c.change), Qt::LeftButton);
-        if (c.modeChange) {
-            EXPECT_EQ(panel->text(), "");
-            EXPECT_EQ(b.s.toolTip(), "");
-        }
+        EXPECT_EQ(panel->text(), "");
+        EXPECT_EQ(b.s.toolTip(), "");
+        const auto& marks = b.s.Marks();
+        EXPECT_FALSE(marks.PickBox.Visible || marks.StartBox.Visible || marks.MidBox.Visible || marks.EndBox.Visible);
+        // Back in the mode of the finding, the Delete key of EDIT finds no line
+        // until the pointer is over one again.
+        if (b.Board().ActiveMode != c.mode) b.Mode(c.mode);
+        b.Key(Qt::Key_Delete);
+        EXPECT_EQ(CartesianModule::Line_Count(b.Doc().Lines), 3);
         const QImage shown = b.s.Image().copy();
-        b.MoveTo(QPoint(3, 3));
+        b.MoveTo(b.Px(2, 5));  // inside the C, on no line
         EXPECT_TRUE(b.s.Image() == shown);
     }
 }
