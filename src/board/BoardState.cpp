@@ -77,8 +77,8 @@ void Board::Set_Mode(int16_t index) {
     Ui.CheckedMode = index;
     Ui.LoadParamBoxVisible = false;
     Hide_Rotate_Marks();
-    // The snap box and the hover grips belong to the mode being left.
-    Ui.Marks.PickBox.Visible = Ui.Marks.StartBox.Visible = Ui.Marks.MidBox.Visible = Ui.Marks.EndBox.Visible = false;
+    // The lines were painted anew above or are painted anew below.
+    Drop_Pointer_Feedback();
 
     const char* name = "";
     for (const ModeRow& m : kModes)
@@ -574,6 +574,21 @@ void Board::DrawingBoard_DblClick() {
 void Board::Repaint(bool showSelection) {
     LayoutRender::Repaint(surface_, doc_, showSelection, Yield);
     MoveBandShown = SelectBoxShown = false;
+    Drop_Pointer_Feedback();
+}
+
+// After a repaint or a change of mode the last pointer test is out of date:
+// the view may have moved, or the hovered line been edited. Every line stands
+// in its own colour, so no highlight is left to undo, and the Delete key of
+// EDIT finds no line until the pointer moves over one again. The snap box,
+// the grips and the texts that told of them go with it.
+void Board::Drop_Pointer_Feedback() {
+    HoverLine.Found = 0;
+    HoverDrawn = 0;
+    auto& m = Ui.Marks;
+    m.PickBox.Visible = m.StartBox.Visible = m.MidBox.Visible = m.EndBox.Visible = false;
+    Ui.StatusPanel2.clear();
+    surface_.SetToolTipText("");
 }
 
 void Board::RefreshButton_Click() {

@@ -160,6 +160,7 @@ private:
     bool Snap(int mode, const PointRec& base, double& x, double& y);
     void Snap_Feedback(bool found, double x, double y);
     void Hover_Feedback();
+    void Drop_Pointer_Feedback();
     void Draw_Move_Band();
     void Erase_Move_Band();
     void Erase_Select_Box();

@@ -3,14 +3,18 @@
 // capacity window it opens.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QDir>
+#include <QFile>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "BoardWindow.h"
 #include "GuiTestSupport.h"
 #include "board/BoardSurface.h"
 #include "board/CartesianModule.h"
@@ -158,6 +162,103 @@ TEST_F(MainFrmCalc, Screenshots) {
             EXPECT_TRUE(w->Surface().Image().copy(box).save(QString(file).replace(".png", "_symbol.png")));
         }
     }
+}
+
+// A line lit by the EDIT hover or a snap found in DRAW, then a change of
+// mode or of view: no mark, status text or tool tip keeps the old finding,
+// Delete removes nothing, and the next pointer move leaves the picture alone.
+TEST(BoardFeedback, ChangeOfViewLeavesNoHoverOrSnapBehind) {
+    guitest::ModalWatchdog dog;
+    struct Case {
+        const char* name;
+        int mode;            // where the finding is made
+        const char* change;  // a mode bar button or a tool button
+    };
+    for (const Case& c : {Case{"hover, then CALCULATION", BoardState::EDIT, "ModeBarButton_14"},
+                          Case{"hover, then zoom extent", BoardState::EDIT, "ZoomExtentButton"},
+                          Case{"hover, then Refresh", BoardState::EDIT, "RefreshButton"},
+                          Case{"snap, then CALCULATION", BoardState::DRAW, "ModeBarButton_14"},
+                          Case{"snap, then zoom in", BoardState::DRAW, "zUPButton"}}) {
+        SCOPED_TRACE(c.name);
+        boardwindow::BoardWindow b(kExamples + "c-shape-right.wld");
+        b.Snap(1);
+        b.Mode(c.mode);
+        const PublicVariables::LineRec line = b.Doc().Lines[0];
+        const PublicVariables::PointRec at = c.mode == BoardState::EDIT ? line.MidPt : line.StartPt;
+        b.MoveTo(QPoint(qRound(at.X * b.s.logicalDpiX()), qRound(at.Y * b.s.logicalDpiY())));
+        auto* panel = b.w.findChild<QLabel*>("StatusPanel2");
+        ASSERT_FALSE(panel->text().isEmpty());
+
+        QTest::mouseClick(b.w.findChild<QWidget*>(c.change), Qt::LeftButton);
+        EXPECT_EQ(panel->text(), "");
+        EXPECT_EQ(b.s.toolTip(), "");
+        const auto& marks = b.s.Marks();
+        EXPECT_FALSE(marks.PickBox.Visible || marks.StartBox.Visible || marks.MidBox.Visible || marks.EndBox.Visible);
+        // Back in the mode of the finding, the Delete key of EDIT finds no line
+        // until the pointer is over one again.
+        if (b.Board().ActiveMode != c.mode) b.Mode(c.mode);
+        b.Key(Qt::Key_Delete);
+        EXPECT_EQ(CartesianModule::Line_Count(b.Doc().Lines), 3);
+        const QImage shown = b.s.Image().copy();
+        b.MoveTo(b.Px(2, 5));  // inside the C, on no line
+        EXPECT_TRUE(b.s.Image() == shown);
+    }
+}
+
+// Each way out of CALCULATION after a load edit and a Refresh: the zoom
+// buttons end in DRAW, and every way brings back the working display, the
+// dimension included, with the load panel hidden and the command line on.
+TEST(BoardFeedback, LeavingCalculationBringsBackTheWorkingDisplay) {
+    guitest::ModalWatchdog dog;
+    for (const char* way : {"ModeBarButton_2", "ModeBarButton_4", "zUPButton", "zDNButton", "ZoomExtentButton"}) {
+        SCOPED_TRACE(way);
+        boardwindow::BoardWindow b;
+        for (const char* reply : {"1,1", "1,4", "1,1", "3,1"}) b.Type(reply);
+        b.Snap(1);
+        b.Mode(BoardState::DIMENSION);
+        for (QPoint p : {b.Px(1, 1), b.Px(1, 4), b.Px(0.5, 2.5)}) b.ClickAt(p);
+        ASSERT_EQ(CartesianModule::Line_Count(b.Doc().Dims), 1);
+        b.Mode(BoardState::CALCULATION);
+        b.ClickAt(QPoint(b.s.width() - 20, b.s.height() / 2));
+        b.w.findChild<QLineEdit*>("EcInput")->setText("2'");
+        b.Press("EcButton");
+        b.Press("RefreshButton");
+
+        QTest::mouseClick(b.w.findChild<QWidget*>(way), Qt::LeftButton);
+        EXPECT_EQ(b.Board().ActiveMode, QString(way) == "ModeBarButton_4" ? BoardState::SELECTION : BoardState::DRAW);
+        EXPECT_FALSE(b.w.findChild<QWidget*>("LoadParamBox")->isVisible());
+        EXPECT_TRUE(b.box->isEnabled());
+        const QImage shown = b.s.Image().copy();
+        b.Board().Repaint(false);
+        EXPECT_TRUE(b.s.Image() == shown);
+        EXPECT_EQ(dog.Seen().size(), 0);
+    }
+}
+
+// The question on closing compares the saved lines with the present ones in
+// world terms through the present view: the fit of the calculation display
+// counts as a change until the layout is saved; the same fit again, or a
+// return to DRAW, does not.
+TEST(BoardFeedback, TheCalculationFitAsksForASaveUntilSaved) {
+    QTemporaryDir dir;
+    const QString copy = dir.filePath("c-shape.wld");
+    ASSERT_TRUE(QFile::copy(kExamples + "c-shape-right.wld", copy));
+    guitest::ModalWatchdog dog(QMessageBox::Cancel);
+    boardwindow::BoardWindow b(copy);
+    auto questions = [&] {
+        dog.Clear();
+        b.w.close();
+        return dog.Seen().size();
+    };
+    EXPECT_EQ(questions(), 0);
+    b.w.show();
+    b.Mode(BoardState::CALCULATION);
+    EXPECT_EQ(questions(), 1);
+    EXPECT_EQ(dog.Seen()[0].text, "Save Changes To " + copy.toUpper() + " ?");
+    b.w.action("mnuSaveData")->trigger();
+    b.Press("RefreshButton");
+    b.Mode(BoardState::DRAW);
+    EXPECT_EQ(questions(), 0);
 }
 
 }  // namespace

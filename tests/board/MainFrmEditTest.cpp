@@ -243,6 +243,19 @@ TEST_F(BoardEditing, EditHoverDeleteAndTheLineDataDialog) {
     title.clear();
     b.ClickAt(b.Px(2.5, 2.5), Qt::RightButton);
     EXPECT_EQ(title, "Line Data");
+
+    // A line turned by the dialog under the pointer: moving off it paints no
+    // copy of the line as it stood before.
+    dog.SetDialogHandler([&](QDialog* d) {
+        d->findChild<QLineEdit*>("RotBox")->setText("0");
+        QTest::mouseClick(d->findChild<QPushButton*>("ApplyButton"), Qt::LeftButton);
+        return false;
+    });
+    b.ClickAt(b.Px(2.5, 2.5), Qt::RightButton);
+    ASSERT_EQ(Ends(b.Doc(), 0)[3], Ends(b.Doc(), 0)[1]);
+    const QImage shown = b.s.Image().copy();
+    b.MoveTo(b.Px(0.5, 0.5));
+    EXPECT_TRUE(b.s.Image() == shown);
 }
 
 TEST_F(BoardEditing, AnInvalidReplyIsShownInRedAndChangesNothing) {

@@ -1,5 +1,6 @@
 // Thousands of random replies and pointer events on the real window, in
-// every mode: whatever is typed or clicked, the document stays valid.
+// every mode, with random load inputs in CALCULATION: whatever is typed or
+// clicked, the document and its load stay valid.
 #include <gtest/gtest.h>
 
 #include <QAction>
@@ -43,6 +44,9 @@ void ExpectValid(const LayoutDocument& doc, const std::string& step) {
         ASSERT_FLOAT_EQ(r.MidPt.X, static_cast<float>((static_cast<double>(r.StartPt.X) + r.EndPt.X) / 2)) << step;
     }
     for (const PointRec& p : doc.Intersections) ASSERT_TRUE(Finite(p)) << step;
+    const auto& load = doc.Load;
+    ASSERT_TRUE(Finite(load.LoadPoint) && std::isfinite(load.LoadEccentricity)) << step;
+    ASSERT_TRUE(load.LoadAngle >= 0 && load.LoadAngle < 360) << step;
 }
 
 class Fuzzer {
@@ -94,9 +98,11 @@ TEST(BoardFuzz, RandomRepliesAndPointerEventsKeepTheDocumentValid) {
         QTest::mouseClick(d.findChild<QPushButton*>("ApplyButton"), Qt::LeftButton);
     };
     const Qt::MouseButton buttons[] = {Qt::LeftButton, Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
-    const char* tools[] = {"MoveButton", "RotateButton", "DeleteButton", "zUPButton", "zDNButton", "ZoomExtentButton"};
+    const char* tools[] = {"MoveButton", "RotateButton",     "DeleteButton", "zUPButton",
+                           "zDNButton",  "ZoomExtentButton", "RefreshButton"};
+    auto* loadPanel = b.w.findChild<QWidget*>("LoadParamBox");
     auto somewhere = [&] { return QPoint(fz.Choice(b.s.width() + 40) - 20, fz.Choice(b.s.height() + 40) - 20); };
-    int mostLines = 0;
+    int mostLines = 0, calcMoves = 0, panelInputs = 0;
     for (int i = 0; i < 3000; ++i) {
         std::string step = std::to_string(i);
         const int what = fz.Choice(12);
@@ -114,10 +120,26 @@ TEST(BoardFuzz, RandomRepliesAndPointerEventsKeepTheDocumentValid) {
             case 1: QTest::mouseRelease(&b.s, button, mods, p); break;
             case 2: b.DoubleClickAt(p); break;
             case 3: b.ClickAt(p, button, mods); break;
-            default: b.MoveTo(p, fz.Choice(3) == 0 ? Qt::LeftButton : Qt::NoButton);
+            default: {
+                // The calculation display does not follow the pointer.
+                const bool calc = b.Board().ActiveMode == BoardState::CALCULATION;
+                const QImage before = calc ? b.s.Image().copy() : QImage();
+                b.MoveTo(p, fz.Choice(3) == 0 ? Qt::LeftButton : Qt::NoButton);
+                if (calc) {
+                    ASSERT_TRUE(b.s.Image() == before) << step;
+                    ++calcMoves;
+                }
+            }
             }
         } else if (what == 7) {
-            b.Mode(2 * (fz.Choice(6) + 1));
+            b.Mode(2 * (fz.Choice(7) + 1));
+            // The load panel takes a typed eccentricity or angle now and then.
+            if (loadPanel->isVisible() && fz.Choice(3) == 0) {
+                ++panelInputs;
+                const bool ec = fz.Choice(2) == 0;
+                b.w.findChild<QLineEdit*>(ec ? "EcInput" : "RotInput")->setText(fz.Reply());
+                b.Press(ec ? "EcButton" : "RotButton");
+            }
         } else if (what == 8) {
             b.Snap(fz.Choice(6));
         } else if (what == 9) {
@@ -134,6 +156,8 @@ TEST(BoardFuzz, RandomRepliesAndPointerEventsKeepTheDocumentValid) {
         mostLines = std::max<int>(mostLines, CartesianModule::Line_Count(b.Doc().Lines));
     }
     EXPECT_GT(mostLines, 5) << "the run drew lines";
+    EXPECT_GT(calcMoves, 0) << "the run moved the pointer on the calculation display";
+    EXPECT_GT(panelInputs, 0) << "the run typed into the load panel";
 }
 
 }  // namespace
