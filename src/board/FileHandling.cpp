@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cmath>
 #include <cstring>
+#include <type_traits>
 #include <optional>
 
 #include "board/CartesianModule.h"
@@ -66,6 +67,10 @@ public:
         if (Left() < sizeof(T)) return false;
         std::memcpy(&v, b_.data() + pos_, sizeof(T));
         pos_ += sizeof(T);
+        // The program never writes a value that is not a number or infinite;
+        // such bytes are damage, and would reach the solver and the boxes.
+        if constexpr (std::is_floating_point_v<T>)
+            if (!std::isfinite(v)) return false;
         return true;
     }
     bool Bytes(size_t n, std::string& s) {

@@ -172,6 +172,9 @@ TEST(WldFormat, BadFilesLeaveTheDocumentAlone) {
     patched("name longer than the file", 76, uint16_t{0xFFFF});
     patched("viewport beyond a single", 0, 1e300);
     patched("viewport not a number", 8, std::numeric_limits<double>::quiet_NaN());
+    patched("line end not a number", 42, std::numeric_limits<float>::quiet_NaN());
+    patched("load angle not a number", good.size() - 18, std::numeric_limits<double>::quiet_NaN());
+    patched("eccentricity infinite", good.size() - 10, std::numeric_limits<double>::infinity());
 
     LayoutDocument doc = OneLine();
     const std::string before = Layout_Bytes(doc);
