@@ -22,6 +22,7 @@
 #include <QTabWidget>
 #include <QThread>
 #include <QVBoxLayout>
+#include <vector>
 
 #include "calc/CalcConstantFrm.h"
 #include "calc/CalcDataFrm.h"
@@ -60,6 +61,25 @@ QRadioButton* MakeOption(QWidget* parent, const char* name, const QString& capti
     b->setObjectName(QString::fromLatin1(name));
     b->setFocusPolicy(Qt::NoFocus);
     return b;
+}
+
+// A titled box of exclusive options stacked in a column; gives the buttons in order.
+std::vector<QRadioButton*> MakeOptionBox(QWidget* page, const QString& title,
+                                         std::initializer_list<std::pair<const char*, QString>> options,
+                                         QGroupBox*& box) {
+    box = new QGroupBox(title, page);
+    auto* column = new QVBoxLayout(box);
+    column->setContentsMargins(8, 2, 8, 2);
+    column->setSpacing(0);
+    auto* group = new QButtonGroup(box);
+    std::vector<QRadioButton*> buttons;
+    for (const auto& [name, caption] : options) {
+        QRadioButton* b = MakeOption(box, name, caption);
+        column->addWidget(b);
+        group->addButton(b);
+        buttons.push_back(b);
+    }
+    return buttons;
 }
 
 }  // namespace
@@ -206,18 +226,17 @@ QWidget* CalcMainFrm::Build_Angle_Page() {
                                 "sexa", "isinh", "icosh", "itanh", "asex"},
                                4);
     auto* g = static_cast<QGridLayout*>(page->layout());
-    auto* box = new QGroupBox(QStringLiteral("Angle"), page);
-    auto* h = new QVBoxLayout(box);
-    h->setContentsMargins(8, 2, 8, 2);
-    h->setSpacing(0);
-    DegButton_ = MakeOption(box, "DegButton", QStringLiteral("Degree"));
-    RadButton_ = MakeOption(box, "RadButton", QStringLiteral("Radian"));
-    GradButton_ = MakeOption(box, "GradButton", QStringLiteral("Gradian"));
-    auto* group = new QButtonGroup(box);
+    QGroupBox* box = nullptr;
+    const auto angle = MakeOptionBox(page, QStringLiteral("Angle"),
+                                     {{"DegButton", QStringLiteral("Degree")},
+                                      {"RadButton", QStringLiteral("Radian")},
+                                      {"GradButton", QStringLiteral("Gradian")}},
+                                     box);
+    DegButton_ = angle[0];
+    RadButton_ = angle[1];
+    GradButton_ = angle[2];
     const std::pair<QRadioButton*, char> options[] = {{DegButton_, 'D'}, {RadButton_, 'R'}, {GradButton_, 'G'}};
     for (const auto& [b, mode] : options) {
-        h->addWidget(b);
-        group->addButton(b);
         const char m = mode;
         connect(b, &QRadioButton::clicked, this, [this, m] { Angle_Click(m); });
     }
@@ -230,18 +249,15 @@ QWidget* CalcMainFrm::Build_Display_Page() {
     auto* g = new QGridLayout(page);
     g->setContentsMargins(6, 6, 6, 6);
     g->setSpacing(4);
-    auto* box = new QGroupBox(QStringLiteral("Display"), page);
-    auto* h = new QVBoxLayout(box);
-    h->setContentsMargins(8, 2, 8, 2);
-    h->setSpacing(0);
-    StdButton_ = MakeOption(box, "StdButton", QStringLiteral("Normal"));
-    FxnButton_ = MakeOption(box, "FxnButton", QStringLiteral("Fixed"));
-    ScnButton_ = MakeOption(box, "ScnButton", QStringLiteral("Scientific"));
-    auto* group = new QButtonGroup(box);
-    for (QRadioButton* b : {StdButton_, FxnButton_, ScnButton_}) {
-        h->addWidget(b);
-        group->addButton(b);
-    }
+    QGroupBox* box = nullptr;
+    const auto display = MakeOptionBox(page, QStringLiteral("Display"),
+                                       {{"StdButton", QStringLiteral("Normal")},
+                                        {"FxnButton", QStringLiteral("Fixed")},
+                                        {"ScnButton", QStringLiteral("Scientific")}},
+                                       box);
+    StdButton_ = display[0];
+    FxnButton_ = display[1];
+    ScnButton_ = display[2];
     connect(StdButton_, &QRadioButton::clicked, this, [this] { CalcProcs::StdButton_Click(s_), Refresh(); });
     connect(FxnButton_, &QRadioButton::clicked, this, [this] { CalcProcs::FxnButton_Click(s_), Refresh(); });
     connect(ScnButton_, &QRadioButton::clicked, this, [this] { CalcProcs::ScnButton_Click(s_), Refresh(); });
