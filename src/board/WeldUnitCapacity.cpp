@@ -85,4 +85,14 @@ WeldElementModel::ElementReport Weld_ElementCapacity(double Fexx, double D,
                                    doc.Load.LoadAngle, Fexx, D, SegmentsPerInch);
 }
 
+std::function<std::optional<double>()> Board_ElementCheck(const PublicVariables::LayoutDocument& doc,
+                                                          int16_t SegmentsPerInch) {
+    return [lines = Board_WeldLines(doc, {}), ex = doc.Load.LoadEccentricity * 12.0,
+            angle = static_cast<double>(doc.Load.LoadAngle), SegmentsPerInch]() -> std::optional<double> {
+        const auto rep = WeldElementModel::Solve(lines, ex, angle, 1.0, 1.0, SegmentsPerInch);
+        if (!rep.Converged) return std::nullopt;
+        return rep.Capacity;
+    };
+}
+
 }  // namespace WeldFunctions

@@ -3,6 +3,9 @@
 // right of the group, and solved.
 #pragma once
 
+#include <functional>
+#include <optional>
+
 #include "board/PublicVariables.h"
 #include "weld/WeldElementModel.h"
 #include "weld/WeldFunctions.h"
@@ -27,6 +30,12 @@ WeldLineTable Board_WeldLines(const PublicVariables::LayoutDocument& doc, const 
 WeldElementModel::ElementReport Weld_ElementCapacity(double Fexx, double D,
                                                      const PublicVariables::LayoutDocument& doc,
                                                      int16_t SegmentsPerInch);
+
+// The element model's unit capacity (Fexx = D = 1) of the board's group as
+// a call that owns copies of the group and load, for a cross-check solved
+// away from the window: empty when the model finds no equilibrium.
+std::function<std::optional<double>()> Board_ElementCheck(const PublicVariables::LayoutDocument& doc,
+                                                          int16_t SegmentsPerInch);
 
 // Smallest x (or y) of all end points, kept as a single at every step; ok is
 // set true at the end. Lets window events run after each line.

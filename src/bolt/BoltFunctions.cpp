@@ -6,6 +6,7 @@
 #include "shell/Primitives.h"
 #include "shell/GuardedMath.h"
 #include "shell/MathUtil.h"
+#include "shell/Settling.h"
 
 namespace BoltFunctions {
 
@@ -16,15 +17,6 @@ namespace {
 // statement computes its value first and stores it only when it is finite.
 constexpr auto Store = guarded::Let;
 using guarded::Divide;
-
-// A residual that changed sign from one pass to the next while staying
-// beyond the tolerance: the center overshoots its fixed point.
-inline bool Swings(double before, double after) {
-    return std::fabs(before) > 1e-05 && std::fabs(after) > 1e-05 && (before < 0.0) != (after < 0.0);
-}
-
-// Passes at the end of a block in which a swing counts.
-constexpr int64_t kSwingWindow = 100;
 
 // One bolt: along and across the load line in BoltGroup_C, the unrotated
 // vertical and horizontal coordinates in BoltGroup_CPrime.
@@ -99,24 +91,16 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
     double du = 0.0, dv = 0.0, d = 0.0, dmax = 0.0, delta = 0.0, R = 0.0;
     double SumM = 0.0, SumA = 0.0, SumB = 0.0, SumD2 = 0.0;
     double P = 0.0, rA = 0.0, rB = 0.0, f = 0.0;
-    double scale = 1.0;
     int64_t pass = 0;
-    int32_t halvings = 0;
     bool done = false;
     // Settling: a run that swings about its fixed point (a residual keeps
     // changing sign while it is above the tolerance) gets half the center
     // correction at the end of each block of passes. A run that creeps
     // toward the point keeps its full step, which is what gets it there.
-    double lastRA = 0.0;
-    double lastRB = 0.0;
-    int64_t lastSwing = -1;
+    shell::Settling settling(kBoltSettling);
 
     while (!done) {
         ++pass;
-        if (pass > 1 && (pass - 1) % kSettlePasses == 0 && lastSwing >= pass - 1 - kSwingWindow) {
-            ++halvings;
-            scale *= 0.5;
-        }
 
         // Distance pass: the most distant bolt from the trial center.
         dmax = 0.0;
@@ -156,9 +140,8 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
         Store(rA, P - SumA);
         Store(rB, -SumB);
         done = std::fabs(rA) <= 1e-05 && std::fabs(rB) <= 1e-05;
-        if (Swings(lastRA, rA) || Swings(lastRB, rB)) lastSwing = pass;
-        lastRA = rA;
-        lastRB = rB;
+        settling.Observe(Iu, Iv, rA, rB);
+        const double scale = settling.Factor();
 
         // Move the center; the update still runs in the pass that converges.
         Divide(SumD2, SumM * count, f);
@@ -169,7 +152,7 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
 
     if (info != nullptr) {
         info->Passes = pass > INT32_MAX ? INT32_MAX : static_cast<int32_t>(pass);
-        info->Halvings = halvings;
+        info->Halvings = settling.Halvings();
     }
     double C = 0.0;
     Store(C, (SumA + P) / 2.0);

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "shell/Settling.h"
 #include "shell/Yield.h"
 
 namespace BoltFunctions {
@@ -22,6 +23,7 @@ struct BoltRunInfo {
 // its fixed point gets half the center correction, and a further half after
 // each further block of passes for as long as it swings.
 constexpr int32_t kSettlePasses = 1000;
+inline constexpr shell::SettlingRule kBoltSettling{1e-5, kSettlePasses, kSettlePasses, 100, false, 0.0};
 
 // C of an m by n group at spacings sv (vertical) and sh (horizontal), load at
 // eccentricity ex and angle `angle` degrees from the vertical. Empty when the

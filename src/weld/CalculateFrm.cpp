@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "board/WeldUnitCapacity.h"
+#include "shell/ModelCheckLine.h"
 #include "shell/QtText.h"
 #include "shell/SettingsStore.h"
 #include "shell/SolverModelBox.h"
@@ -127,6 +128,7 @@ void CalculateFrm::BuildControls() {
     main->setContentsMargins(12, 12, 12, 12);
     main->addLayout(top, 1);
     main->addLayout(result);
+    main->addWidget(run_.Check());
 }
 
 void CalculateFrm::Initialize_WeldBox() {
@@ -188,8 +190,7 @@ void CalculateFrm::Run_CapacityIteration() {
         // The element model always ends by itself: no passes to show or stop.
         const auto rep = WeldFunctions::Weld_ElementCapacity(1.0, 1.0, doc_, run.SegmentsPerInch);
         UnitCapacity = rep.Capacity;
-        run_.EndElementRun(rep.Refused, rep.Converged,
-                           UnitCapacity * ElectrodeStrength * WeldSizeInches * MethodFactor);
+        run_.EndElementRun(rep.Refused, rep.Converged, UnitCapacity * ShownScale());
         return;
     }
 
@@ -198,10 +199,16 @@ void CalculateFrm::Run_CapacityIteration() {
     });
     if (!unit) return;
     UnitCapacity = *unit;
-    run_.EndPasses(UnitCapacity * ElectrodeStrength * WeldSizeInches * MethodFactor);
+    if (!run_.EndPasses(UnitCapacity * ShownScale())) return;
+    // The element model on the same group and load, in kips as shown.
+    run_.Check()->Check(UnitCapacity, WeldFunctions::Board_ElementCheck(doc_, run.SegmentsPerInch), QStringLiteral("kips"),
+                        2, ShownScale());
 }
 
+double CalculateFrm::ShownScale() const { return ElectrodeStrength * WeldSizeInches * MethodFactor; }
+
 void CalculateFrm::RewriteCapacity() {
+    run_.Check()->Rescale(ShownScale());
     if (run_.Result()->text().trimmed().isEmpty()) return;
     SetResultBox(run_.Result(), Q(WeldStrength::CapacityText(WeldStrength::DisplayedCapacity(ElectrodeStrength, UnitCapacity,
                                                                           WeldSizeInches, MethodFactor))),

@@ -47,6 +47,8 @@ private:
     void DesignMethod_Change();
     void RewriteCapacity();
     void StrengthChanged();
+    // Electrode strength x weld size x method factor: unit capacity to kips shown.
+    double ShownScale() const;
 
     void ApplyControls();
 

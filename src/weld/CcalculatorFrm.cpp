@@ -19,6 +19,7 @@
 
 #include "shell/FlexProcedures.h"
 #include "shell/MathUtil.h"
+#include "shell/ModelCheckLine.h"
 #include "shell/Primitives.h"
 #include "shell/QtText.h"
 #include "shell/WindowFit.h"
@@ -132,6 +133,7 @@ void CcalculatorFrm::BuildControls() {
     auto* result = new QVBoxLayout;
     result->addWidget(BoldCaption(FromView(wc::kResultCaption), this));
     result->addWidget(run_.Result());
+    result->addWidget(run_.Check());
     result->addStretch(1);
 
     auto* bottom = new QHBoxLayout;
@@ -278,6 +280,7 @@ void CcalculatorFrm::ShowStatus(const QString& text) { StatusLine->setText(text)
 
 void CcalculatorFrm::WipeResult() {
     run_.Result()->clear();
+    run_.Check()->Clear();
     run_.DisplayBox()->clear();
     run_.Elapsed()->clear();
     run_.ClearClick();
@@ -316,7 +319,17 @@ void CcalculatorFrm::Run_CoefficientIteration() {
     const auto c = run_.RunPasses([&](WeldFunctions::WeldRunState& state, const WeldFunctions::WeldRunHooks& hooks) {
         return WeldFunctions::Config_ByNumber(WeldViewIndex, L, kL, aL, angle, WeldFunctions::kSelectC, state, hooks);
     });
-    if (c) run_.EndPasses(*c);
+    if (!c || !run_.EndPasses(*c)) return;
+    // C of the same shape and load by the element model.
+    run_.Check()->Check(
+        *c,
+        [config = WeldViewIndex, L, kL, aL, angle, spi = run.SegmentsPerInch]() -> std::optional<double> {
+            WeldElementModel::ElementReport rep;
+            const double value = WeldElementModel::Config_C(config, L, kL, aL, angle, spi, &rep);
+            if (!rep.Converged) return std::nullopt;
+            return value;
+        },
+        QString(), 5);
 }
 
 // ---- Grid editing -------------------------------------------------------------

@@ -89,6 +89,16 @@ std::string ClosingText(bool converged) {
            "            13th Edition";
 }
 
+std::string SettlingText(double relaxation, bool unsettled) {
+    if (!unsettled && relaxation >= 1.0) return {};
+    // The factor is a power of one half: name it as 1/2, 1/4 ...
+    const std::string step = "1/" + prim::Format(relaxation > 0.0 ? 1.0 / relaxation : 0.0, "0");
+    if (unsettled)
+        return "\r\r Center kept oscillating with the correction step at " + step +
+               ": no convergence. Use the AISC element model.";
+    return "\r\r Center oscillated: correction step relaxed to " + step;
+}
+
 std::string ElementClosingText(ElementOutcome outcome) {
     switch (outcome) {
         case ElementOutcome::Found:

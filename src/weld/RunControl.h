@@ -97,6 +97,11 @@ private:
 std::string ClosingText(bool converged);
 std::string ResultText(double value, bool converged);
 
+// The line a run of passes shows before its closing words when it had to
+// relax its center correction, or gave up at the smallest step: empty for
+// a run that never swung about its center.
+std::string SettlingText(double relaxation, bool unsettled);
+
 // Closing words of a run by the AISC element model, which always ends by
 // itself: an equilibrium found, none found for this load, or nothing to
 // solve. The model is named so that the result is never taken for the

@@ -250,6 +250,8 @@ double Locate_InstantaneousCenter(const WeldLineTable& lines, double ex, double 
     SolveReport& rep = report ? *report : scratch;
     rep = SolveReport{};
 
+    state.Relaxation = 1.0;
+    state.Unsettled = false;
     state.IterationStartTime = WeldRunState::Clock::now();
     state.DisplayClearTime = state.IterationStartTime;
     state.DisplayClearCount = 0;
@@ -348,6 +350,7 @@ double Locate_InstantaneousCenter(const WeldLineTable& lines, double ex, double 
 
     WeldSegmentTable segs;
     segs.reserve(static_cast<size_t>(bound) + 1);
+    shell::Settling settling(kWeldSettling);
 
     for (;;) {
         // Read only here: a pass that has begun is finished.
@@ -400,15 +403,25 @@ double Locate_InstantaneousCenter(const WeldLineTable& lines, double ex, double 
         show(xR, yR, true);
 
         Div(SumR2, n * SumM, kCorr);
-        Let(xo, xo - dP * kCorr);
-        Let(yo, yo - dF * kCorr);
+        // The factor is exactly 1 until the run swings into a cycle.
+        settling.Observe(xo, yo, dP, dF);
+        const double k = settling.Factor();
+        Let(xo, xo - dP * kCorr * k);
+        Let(yo, yo - dF * kCorr * k);
 
         if (std::fabs(dP) <= 0.00001 && std::fabs(dF) <= 0.00001) {
             rep.Converged = true;
             break;
         }
+        if (settling.GaveUp()) {
+            rep.Unsettled = true;
+            state.ResumeCenterX = xo;
+            break;
+        }
         YieldNow(hooks);
     }
+    rep.Relaxation = state.Relaxation = settling.Factor();
+    state.Unsettled = rep.Unsettled;
 
     show(xR, yR, true);
     double capacity = 0.0;

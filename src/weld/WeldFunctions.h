@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "shell/MathUtil.h"
+#include "shell/Settling.h"
 #include "shell/Yield.h"
 
 namespace WeldFunctions {
@@ -83,6 +84,12 @@ struct WeldRunState {
     int16_t DisplayClearCount = 0;
     // Kept up to date by the display procedures of the windows.
     double ElapsedSeconds = 0.0;
+
+    // How the last solve settled (see Locate_InstantaneousCenter): the
+    // factor its center correction ended with (1 where the run never swung)
+    // and whether it gave up swinging at the smallest factor.
+    double Relaxation = 1.0;
+    bool Unsettled = false;
 };
 
 // Callbacks of a run. Empty functions are not called.
@@ -108,7 +115,19 @@ struct SolveReport {
     double CenterX = 0.0;       // center of the last pass, from the centroid, group axes
     double CenterY = 0.0;       //   (not divided by the display divisor)
     int32_t Segments = 0;       // rows of the segment table in the last pass
+    double Relaxation = 1.0;    // factor of the center correction at the end (1: never relaxed)
+    bool Unsettled = false;     // still swinging at the smallest factor: ended without converging
 };
+
+// How the solve settles a run that swings about its center: the correction
+// is halved at once on an exact cycle, and at a block check (after 80,000
+// passes, then every 1,000) while the residuals still change sign; below
+// 1/1024 the run ends unsettled. An irregular swing sometimes lands on its
+// center by itself after tens of thousands of passes (74,878 is the most
+// seen over ordinary groups): the first block lies beyond that, so such runs
+// keep the passes and bits they always had, and a run that swings for ever
+// still ends within the command line's default 100,000 passes.
+inline constexpr shell::SettlingRule kWeldSettling{1e-5, 80000, 1000, 100, true, 1.0 / 1024};
 
 using shell::Degrees;
 using shell::MaxOf;
@@ -150,13 +169,17 @@ double ConcentricCapacity(const WeldLineTable& lines, double Fexx, double D);
 // Returns the capacity in kips: the mean of the moment and force estimates
 // of the last pass.
 //
-// Run control: the loop runs until two residuals are within 1e-5 or until
-// state.IterationStop is true at the head of a pass; a pass that has begun
-// always finishes. On a stop, state.ResumeCenterX keeps x of the trial center;
+// Run control: the loop runs until two residuals are within 1e-5, until
+// state.IterationStop is true at the head of a pass (a pass that has begun
+// always finishes), or until a run that keeps swinging about its center
+// gives up at the smallest correction factor (kWeldSettling); the last two
+// save state.ResumeCenterX. state.Relaxation and state.Unsettled say how the
+// run settled: a run that converges without ever swinging into a cycle
+// takes exactly the passes and gives exactly the bits it always has. On a stop, state.ResumeCenterX keeps x of the trial center;
 // a later call with state.IterationResume true starts there (with y = 0).
 // The caller sets IterationStop false before a run; the solver never resets
-// it, so after the call a false IterationStop means the run converged and a
-// true one that it was stopped. DisplayTarget picks the display callback
+// it, so after the call a false IterationStop means the run converged (or,
+// with state.Unsettled, gave up) and a true one that it was stopped. DisplayTarget picks the display callback
 // (0 capacity, 1 coefficient, other values none); it is called once per pass
 // and once more after the loop with the center of the last pass. A load
 // through the centroid (zero arm, exactly) is not iterated: the result is

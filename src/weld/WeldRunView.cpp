@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 #include "shell/AppInfo.h"
+#include "shell/ModelCheckLine.h"
 #include "shell/QtText.h"
 
 using weldview::FromView;
@@ -93,6 +94,7 @@ void WeldRunPanel::BuildControls(Hooks hooks, qreal resultScale, const QString& 
     big.setBold(true);
     result_->setFont(big);
     result_->setMinimumWidth(QFontMetrics(big).horizontalAdvance(widestResult) + 16);
+    check_ = new shell::ModelCheckLine(window_);
 
     QObject::connect(start_, &QPushButton::clicked, window_, [this] { StartClick(); });
     QObject::connect(stop_, &QPushButton::clicked, window_, [this] { StopClick(); });
@@ -172,6 +174,7 @@ void WeldRunPanel::BeginRun(int16_t displayTarget) {
     ctx_->run.IterationStop = 0;
     ClearDisplay();
     result_->clear();
+    check_->Clear();
     elapsed_->clear();
     ctx_->run.DisplayTarget = displayTarget;
 }
@@ -189,14 +192,18 @@ std::optional<double> WeldRunPanel::RunPasses(
     return value;
 }
 
-void WeldRunPanel::EndPasses(double shown) {
-    const bool converged = ctx_->run.IterationStop == 0;
+bool WeldRunPanel::EndPasses(double shown) {
+    const WeldFunctions::WeldRunState& run = ctx_->run;
+    // A run that gave up swinging ends like a stopped one, but cannot be resumed.
+    const bool converged = run.IterationStop == 0 && !run.Unsettled;
+    ctx_->display.Append(RunControl::SettlingText(run.Relaxation, run.Unsettled));
     ctx_->display.Append(RunControl::ClosingText(converged));
     Flush();
     SetResultBox(result_, Q(RunControl::ResultText(shown, converged)), !converged);
-    control_.RunEnded(converged);
+    control_.RunEnded(converged || run.Unsettled);
     ctx_->run.IterationStop = -1;
     hooks_.ApplyControls();
+    return converged;
 }
 
 RunControl::ElementOutcome WeldRunPanel::EndElementRun(bool refused, bool converged, double shown) {

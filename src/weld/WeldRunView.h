@@ -21,6 +21,9 @@ class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
 class QWidget;
+namespace shell {
+class ModelCheckLine;
+}
 
 // What a run touches, owned jointly by the window and the run on the stack,
 // so that a window deleted during a run leaves the run something valid to
@@ -74,6 +77,8 @@ public:
     QPlainTextEdit* DisplayBox() const { return display_; }
     QLabel* Elapsed() const { return elapsed_; }
     QLineEdit* Result() const { return result_; }
+    // The element model's value for the same case, under the result.
+    shell::ModelCheckLine* Check() const { return check_; }
 
     RunControl::Control& Control() { return control_; }
     WeldFunctions::WeldRunState& Run() { return ctx_->run; }
@@ -101,9 +106,10 @@ public:
     // be touched); otherwise the window closes the run with EndPasses.
     std::optional<double> RunPasses(
         const std::function<double(WeldFunctions::WeldRunState&, const WeldFunctions::WeldRunHooks&)>& passes);
-    // The end of a run of passes: its closing words, the result `shown` (red
-    // and starred when the run was stopped) and the run state.
-    void EndPasses(double shown);
+    // The end of a run of passes: how it settled, its closing words, the
+    // result `shown` (red and starred when the run was stopped or gave up)
+    // and the run state. Returns whether the run converged.
+    bool EndPasses(double shown);
 
     // Closes a run of the element model, which ends by itself: its closing
     // words, the result `shown` when an equilibrium was found, and the run
@@ -130,4 +136,5 @@ private:
     QPlainTextEdit* display_ = nullptr;
     QLabel* elapsed_ = nullptr;
     QLineEdit* result_ = nullptr;
+    shell::ModelCheckLine* check_ = nullptr;
 };

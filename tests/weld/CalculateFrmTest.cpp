@@ -9,9 +9,11 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
 
+#include "../board/BoardTestDoc.h"
 #include "GuiTestSupport.h"
 #include "board/FileHandling.h"
 #include "board/WeldUnitCapacity.h"
@@ -268,6 +270,56 @@ TEST_F(CapacityWindow, ElementModelNamesItselfAndIsRemembered) {
                           WeldStrength::DisplayedCapacity(90, rep.Capacity, 0.25, 1))));
     QTest::keyClick(W<QComboBox>("ModelBox"), Qt::Key_Up);
     EXPECT_EQ(settings::GetSetting(settings::ProgramTitle(), "FerrolithSetting", "SolverModel"), "iterative");
+}
+
+// The channel of a 10" web and 5" flanges, open toward a load on the right.
+LayoutDocument Channel(double angle, double eccentricityFt) {
+    LayoutDocument doc = boardtest::Drawn({{0, 0, 5, 0}, {0, 0, 0, 10}, {0, 10, 5, 10}});
+    doc.Load.LoadSide = 1;
+    doc.Load.LoadAngle = static_cast<float>(angle);
+    doc.Load.LoadEccentricity = static_cast<float>(eccentricityFt);
+    return doc;
+}
+
+TEST_F(CapacityWindow, AnOscillatingCenterIsRelaxedAndEveryResultIsCrossChecked) {
+    // At 0'-6" the center settles by itself: no relaxation, the element
+    // model's line within the threshold.
+    Open(Channel(0, 0.5));
+    WaitForRunEnd(5000);
+    EXPECT_FALSE(Display().contains("oscillated"));
+    QTRY_VERIFY_WITH_TIMEOUT(W<QLabel>("ModelCheckText")->text().contains(" kips ("), 5000);
+    EXPECT_FALSE(W<QLabel>("ModelCheckIcon")->isVisible());
+
+    // At 1'-6" the center took two places in turn for ever: now the step is
+    // relaxed, and the run converges within seconds.
+    delete frm_.data();
+    Open(Channel(0, 1.5));
+    WaitForRunEnd(5000);
+    EXPECT_FALSE(CBox().startsWith("** "));
+    EXPECT_FALSE(Red());
+    EXPECT_TRUE(Display().contains(QRegularExpression(
+        R"(\n\n Center oscillated: correction step relaxed to 1/\d+\n\n \*\* Instantaneous Center LOCATED !)")));
+    ExpectButtons("converged", "Stop Iteration", false, true);
+    const auto element = WeldFunctions::Weld_ElementCapacity(90, 0.25, Channel(0, 1.5), 32);
+    QTRY_COMPARE_WITH_TIMEOUT(W<QLabel>("ModelCheckText")->text().section(" (", 0, 0),
+                              "AISC element model: " + QString::number(element.Capacity, 'f', 2) + " kips", 5000);
+    // LRFD rescales both numbers at once.
+    W<QComboBox>("DesignMethod")->setCurrentIndex(2);
+    EXPECT_TRUE(W<QLabel>("ModelCheckText")->text().startsWith(
+        "AISC element model: " + QString::number(element.Capacity * 0.75, 'f', 2) + " kips"));
+
+    // At 45 degrees and 0'-9" the iteration gives far more than the element
+    // model (169.10 against 115.12 kips): the line turns into a warning.
+    delete frm_.data();
+    Open(Channel(45, 0.75));
+    WaitForRunEnd(5000);
+    EXPECT_EQ(CBox(), "169.10115  ");
+    QTRY_VERIFY_WITH_TIMEOUT(W<QLabel>("ModelCheckIcon")->isVisible(), 5000);
+    EXPECT_EQ(W<QLabel>("ModelCheckText")->text(),
+              "AISC element model: 115.12 kips (-31.9 %)\n"
+              "The iteration exceeds the AISC element model by 46.9 %: the lower value governs.");
+    EXPECT_NE(W<QLabel>("ModelCheckText")->palette().color(QPalette::WindowText),
+              frm_->palette().color(QPalette::WindowText));
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
 
@@ -126,10 +127,15 @@ TEST_F(CoefficientWindow, OldResultIsWipedOnlyByAChangeAtThreeDecimals) {
     TypeAll({"10", "5", "8", "15"});
     QTest::mouseClick(Button("StartIterationButton"), Qt::LeftButton);
     ASSERT_FALSE(CBox().isEmpty());
+    // The element model's C for the same shape comes under the result.
+    QTRY_VERIFY_WITH_TIMEOUT(W<QLabel>("ModelCheckText")->text().contains(QRegularExpression(
+                                 R"(^AISC element model: \d\.\d{5} \([+-]\d+\.\d %\))")),
+                             5000);
     Type(0, "10.0004", Qt::Key_Tab);
     EXPECT_FALSE(CBox().isEmpty()) << "10.0004 reads 10.000";
     Type(0, "10.001", Qt::Key_Tab);
     EXPECT_TRUE(CBox().isEmpty());
+    EXPECT_TRUE(W<QLabel>("ModelCheckText")->text().isEmpty());
     EXPECT_TRUE(W<QPlainTextEdit>("IterationDisplayBox")->toPlainText().isEmpty());
 }
 
@@ -189,6 +195,7 @@ TEST_F(CoefficientWindow, ElementModelNamesItself) {
     EXPECT_TRUE(W<QPlainTextEdit>("IterationDisplayBox")->toPlainText().contains("AISC element model"));
     EXPECT_FALSE(CBox().isEmpty());
     EXPECT_NE(CBox().trimmed(), kC[3]);
+    EXPECT_TRUE(W<QLabel>("ModelCheckText")->text().isEmpty()) << "no cross-check of the element model itself";
 }
 
 TEST_F(CoefficientWindow, TableCopiesWithItsRowLabels) {

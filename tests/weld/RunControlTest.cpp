@@ -103,6 +103,12 @@ TEST(RunControl, ClosingWordsAndResultText) {
     EXPECT_EQ(ResultText(1.5, false), "** 1.50000  ");
     EXPECT_NE(ElementClosingText(ElementOutcome::Found).find("AISC element model"), std::string::npos);
     EXPECT_EQ(ForWidget("a\r\rb\r\nc"), "a\n\nb\nc");
+    // How a run settled, before the closing words.
+    EXPECT_EQ(SettlingText(1.0, false), "");
+    EXPECT_EQ(SettlingText(0.25, false), "\r\r Center oscillated: correction step relaxed to 1/4");
+    EXPECT_EQ(SettlingText(1.0 / 1024, true),
+              "\r\r Center kept oscillating with the correction step at 1/1024: no convergence. Use the AISC element "
+              "model.");
 }
 
 TEST(RunControl, PassTextAlignsSignsAndShowsSkippedCenters) {

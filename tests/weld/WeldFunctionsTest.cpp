@@ -448,18 +448,22 @@ TEST(WeldConfigurations, CentroidDistances) {
 }
 
 TEST(WeldConfigurations, SweepStaysFiniteAndConverges) {
-    // k, a and the load angle over all nine shapes at 1/16". The solver has
-    // no divergence test: the cases listed never settle (they take two
-    // centers in turn or creep on for tens of thousands of passes), and all
-    // others must converge within 5000 passes (the largest seen is 2744).
+    // k, a and the load angle over all nine shapes at 1/16". The swinging
+    // cases (two centers in turn, or an irregular swing) settle only with a
+    // relaxed correction; the creeping ones (a center far out for a load
+    // close to the centroid) keep their full step and need more than the
+    // 100,000 passes given here. All others converge as they always have,
+    // within 5000 passes (the largest seen is 2744).
+    enum Kind { Swing, Creep };
     struct Known {
         int16_t config;
         double k, a, angle;
+        Kind kind;
     };
-    const std::vector<Known> oscillating = {
-        {3, 0.0, 0.5, 0},  {5, 0.0, 0.5, 0},   {6, 0.5, 1.5, 15}, {8, 0.5, 0.1, 75},
-        {8, 0.5, 1.5, 15}, {8, 0.5, 1.5, 45},  {8, 1.0, 0.1, 75}, {9, 0.5, 0.1, 75},
-        {9, 1.0, 0.1, 75}, {9, 1.0, 0.5, 45},
+    const std::vector<Known> known = {
+        {3, 0.0, 0.5, 0, Swing},   {5, 0.0, 0.5, 0, Swing},   {6, 0.5, 1.5, 15, Swing}, {8, 0.5, 1.5, 15, Swing},
+        {8, 0.5, 1.5, 45, Swing},  {9, 1.0, 0.5, 45, Swing},  {8, 0.5, 0.1, 75, Creep}, {8, 1.0, 0.1, 75, Creep},
+        {9, 0.5, 0.1, 75, Creep},  {9, 1.0, 0.1, 75, Creep},
     };
     long largest = 0;
     for (int16_t c = 1; c <= 9; ++c)
@@ -468,30 +472,31 @@ TEST(WeldConfigurations, SweepStaysFiniteAndConverges) {
                 for (double angle : {0.0, 15.0, 45.0, 75.0}) {
                     Trial run;
                     run.state.SegmentsPerInch = 16;
-                    run.maxPasses = 5000;
+                    run.maxPasses = 100000;
                     const double C = run.Config(c, 10, 10 * k, 10 * a, angle);
-                    EXPECT_TRUE(std::isfinite(C) && C > 0) << c << " " << k << " " << a << " " << angle;
-                    bool known = false;
-                    for (const Known& n : oscillating)
-                        known |= n.config == c && n.k == k && n.a == a && n.angle == angle;
-                    EXPECT_EQ(run.report.Converged, !known)
-                        << c << " " << k << " " << a << " " << angle << " passes " << run.report.Passes;
-                    if (run.report.Converged) largest = std::max(largest, run.report.Passes);
+                    const std::string what = std::to_string(c) + " " + std::to_string(k) + " " + std::to_string(a) +
+                                             " " + std::to_string(angle) + " passes " +
+                                             std::to_string(run.report.Passes);
+                    EXPECT_TRUE(std::isfinite(C) && C > 0) << what;
+                    const Known* kind = nullptr;
+                    for (const Known& n : known)
+                        if (n.config == c && n.k == k && n.a == a && n.angle == angle) kind = &n;
+                    EXPECT_EQ(run.report.Converged, !kind || kind->kind == Swing) << what;
+                    EXPECT_EQ(run.report.Relaxation < 1.0, kind && kind->kind == Swing) << what;
+                    if (!kind) largest = std::max(largest, run.report.Passes);
                 }
-    RecordProperty("LargestPassCount", static_cast<int>(largest));
+    EXPECT_LE(largest, 5000);
 }
 
-TEST(WeldConfigurations, PublishedOscillationNeverConverges) {
+TEST(WeldConfigurations, TwoCentersTakenInTurnAreACycleThatIsRelaxed) {
     Trial run;
     run.state.SegmentsPerInch = 16;
     run.maxPasses = 200;
     run.Config(3, 5, 0, 0.5, 0);
-    EXPECT_FALSE(run.report.Converged);
-    // Two centers taken in turn.
-    const auto& s = run.shown;
-    ASSERT_GT(s.size(), 10u);
-    EXPECT_EQ(s[s.size() - 2][0], s[s.size() - 4][0]);
-    EXPECT_NE(s[s.size() - 2][0], s[s.size() - 3][0]);
+    EXPECT_TRUE(run.report.Converged);
+    EXPECT_LT(run.report.Relaxation, 1.0);
+    EXPECT_EQ(run.state.Relaxation, run.report.Relaxation);
+    EXPECT_FALSE(run.state.Unsettled);
 }
 
 TEST(WeldRunText, ElapsedTime) {
