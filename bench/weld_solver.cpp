@@ -7,6 +7,7 @@
 // in for the window's cheap "is it time to pump events" test.
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <cstdint>
 
 #include "weld/WeldFunctions.h"
@@ -101,5 +102,39 @@ BENCHMARK(BM_Config_Pass)->DenseRange(1, 9)->Unit(benchmark::kMicrosecond);
 
 void BM_Config_Run(benchmark::State& st) { TimeConfig(st, kPassLimit); }
 BENCHMARK(BM_Config_Run)->DenseRange(1, 9)->Unit(benchmark::kMillisecond);
+
+
+// The settling watch on a run that converges without a cycle: its cost per
+// pass against the cost of one pass of an ordinary group (the channel above
+// at 1/32"), both measured in this benchmark. The watch is fed residuals
+// that swing and die away, so its cycle test runs on every pass: the
+// dearest case for a run that settles by itself.
+void BM_Settling_ShareOfAPass(benchmark::State& st) {
+    using Clock = std::chrono::steady_clock;
+    constexpr int kPasses = 1000;
+    double passNs = 0.0, watchNs = 0.0;
+    for (auto _ : st) {
+        auto t0 = Clock::now();
+        BenchRun run(32, kPassLimit);
+        benchmark::DoNotOptimize(SolveChannel(run));
+        auto t1 = Clock::now();
+        passNs += std::chrono::duration<double, std::nano>(t1 - t0).count() / static_cast<double>(run.report.Passes);
+
+        t0 = Clock::now();
+        shell::Settling watch(kWeldSettling);
+        double a = 1.0;
+        for (int n = 0; n < kPasses; ++n) {
+            a *= -0.97;
+            benchmark::DoNotOptimize(watch.Observe(-1.2 + a, 0.3 * a, a, -0.5 * a));
+        }
+        t1 = Clock::now();
+        watchNs += std::chrono::duration<double, std::nano>(t1 - t0).count() / kPasses;
+    }
+    const double n = static_cast<double>(st.iterations());
+    st.counters["pass_ns"] = passNs / n;
+    st.counters["watch_ns"] = watchNs / n;
+    st.counters["watch_%_of_pass"] = 100 * watchNs / passNs;
+}
+BENCHMARK(BM_Settling_ShareOfAPass)->Unit(benchmark::kMillisecond);
 
 }  // namespace

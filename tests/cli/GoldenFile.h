@@ -5,6 +5,7 @@
 //                                     a leading "@ROOT@" is the source tree)
 //   expected stdout line
 //   ...
+//   ! expected stderr line           (a warning of a run that succeeds)
 //   ? 0                              (expected exit code)
 //
 // Blank lines between cases are ignored; an expected output of nothing is
@@ -35,6 +36,7 @@ struct GoldenCase {
     int line = 0;
     std::vector<std::string> args;  // args[0] is the command
     std::string expected;
+    std::string expectedErr;  // the "! " lines
     int exitCode = 0;
 };
 
@@ -66,7 +68,7 @@ inline std::vector<GoldenCase> LoadFile(const std::filesystem::path& f, const st
                 std::vector<std::string> args = SplitTabs(line.substr(2));
                 for (auto& a : args)
                     if (a.rfind("@ROOT@", 0) == 0) a = root + a.substr(6);
-                cases.push_back({f.filename().string(), n, args, "", 0});
+                cases.push_back({f.filename().string(), n, args, "", "", 0});
                 open = &cases.back();
             }
             continue;
@@ -74,6 +76,8 @@ inline std::vector<GoldenCase> LoadFile(const std::filesystem::path& f, const st
         if (line.rfind("? ", 0) == 0) {
             open->exitCode = std::stoi(line.substr(2));
             open = nullptr;
+        } else if (line.rfind("! ", 0) == 0) {
+            open->expectedErr += line.substr(2) + "\n";
         } else {
             open->expected += line + "\n";
         }

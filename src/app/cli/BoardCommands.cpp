@@ -249,10 +249,19 @@ int Capacity(const cli::Parsed& p) {
     const double unit = WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc, run.state, run.hooks, &run.report);
     if (const int rc = run.Check(p, head); rc != 0) return rc;
     const double shown = WeldStrength::DisplayedCapacity(fexx, unit, size, factor);
+    const auto element = WeldFunctions::Board_ElementCheck(doc, run.state.SegmentsPerInch);
+    const weldcli::CrossCheck check = weldcli::CheckAgainstElementModel(
+        p, shown,
+        [&]() -> std::optional<double> {
+            const auto v = element();
+            if (!v) return std::nullopt;
+            return WeldStrength::DisplayedCapacity(fexx, *v, size, factor);
+        },
+        "kips", 2);
     if (p.format != cli::Format::Text) {
         cli::WriteRows(p, {head + cli::Row{{"capacity_kips", cli::Num(shown)},
                                     {"caption", cli::Txt(caption)}} +
-                               run.RunFields()});
+                               run.RunFields() + check.Fields()});
         return 0;
     }
     std::cout << prim::Trim(WeldStrength::CapacityText(shown)) << "\n" << caption << "\n";
@@ -288,7 +297,7 @@ const cli::Registrar kCapacity({
     cli::Options{{"--electrode", "60|70|80|90|100|110", "electrode strength Fexx in ksi (default 90)"},
                  {"--size", "SIXTEENTHS", "weld size 1 to 16 sixteenths of an inch, or 1/4\" (default 4)"},
                  {"--method", "nominal|asd|lrfd", "design method (default nominal)"}} +
-        weldcli::RunOptionList() + cli::Options{modelcli::ModelOption()},
+        weldcli::RunOptionList() + cli::Options{modelcli::ModelOption(), weldcli::NoCheckOption()},
     {"Text: the capacity to five decimals, then the caption of the method, as the capacity",
      "window shows them; exit 3 and nothing on stdout when the pass limit ends the run."},
     {"capacity examples/c-shape-right.wld", "capacity examples/c-shape-right.wld --method lrfd --size '5/16\"'",

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "shell/Primitives.h"
+#include "weld/RunControl.h"
 #include "weld/WeldStrength.h"
 
 namespace weldcli {
@@ -76,6 +77,15 @@ void LimitedRun::Start(int stripIndex) {
 int LimitedRun::Check(const cli::Parsed& p, const cli::Row& head) {
     progress->Clear();
     if (report.Refused) return cli::Fail("the group has more than 32767 segments", 1);
+    if (report.Unsettled) {
+        if (p.format == cli::Format::Json) std::cout << cli::JsonObject(head + RunFields()) << "\n";
+        std::cout.flush();
+        return cli::Fail("no convergence: the center kept oscillating with the correction step at 1/" +
+                             prim::Format(1.0 / report.Relaxation, "0") + " after " + std::to_string(report.Passes) +
+                             " passes (last center " + prim::Format(shownX, "0.000000000") + " " +
+                             prim::Format(shownY, "0.000000000") + ")",
+                         3);
+    }
     // Only a run that the pass limit stopped counts as not converged.
     if (state.IterationStop != 0 && !report.Converged) {
         if (p.format == cli::Format::Json) std::cout << cli::JsonObject(head + RunFields()) << "\n";
@@ -93,13 +103,47 @@ cli::Row LimitedRun::RunFields() const {
     return {{"converged", cli::Flag(converged)},
             {"passes", cli::Num(static_cast<double>(report.Passes))},
             {"center_x_in", cli::Num(shownX)},
-            {"center_y_in", cli::Num(shownY)}};
+            {"center_y_in", cli::Num(shownY)},
+            {"relaxed", cli::Num(report.Relaxation)}};
 }
 
 void LimitedRun::PrintVerbose() const {
     std::cout << "passes " << report.Passes << "\n";
     std::cout << "center " << prim::Format(shownX, "0.000000000") << " " << prim::Format(shownY, "0.000000000")
               << "\n";
+    // The window's line without its paragraph break.
+    const std::string settled = RunControl::SettlingText(report.Relaxation, report.Unsettled);
+    if (!settled.empty()) {
+        std::cout.flush();
+        std::cerr << "ferrolith-cli: " << settled.substr(settled.find_first_not_of("\r ")) << "\n";
+    }
+}
+
+const cli::Option& NoCheckOption() {
+    static const cli::Option option{"--no-check", "",
+                                    "leave out the cross-check against the AISC element model (fields aisc, ratio)"};
+    return option;
+}
+
+cli::Row CrossCheck::Fields() const {
+    const bool solved = done && result.solved;
+    return {{"aisc", solved ? cli::Num(result.element) : cli::Cell{}},
+            {"ratio", solved ? cli::Num(result.ratio) : cli::Cell{}}};
+}
+
+CrossCheck CheckAgainstElementModel(const cli::Parsed& p, double system,
+                                    const std::function<std::optional<double>()>& element, const char* unit,
+                                    int decimals) {
+    CrossCheck check;
+    if (p.Has("--no-check")) return check;
+    check.done = true;
+    check.result = modelcheck::Compare(system, element(), modelcheck::kDefaultPercent);
+    if (check.result.exceeds) {
+        std::cout.flush();
+        std::cerr << "ferrolith-cli: warning: " << modelcheck::CheckLine(check.result, unit, decimals) << ". "
+                  << modelcheck::WarningLine(check.result) << "\n";
+    }
+    return check;
 }
 
 }  // namespace weldcli

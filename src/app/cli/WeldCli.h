@@ -3,12 +3,14 @@
 // window's stop button.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
 #include "Cli.h"
 #include "Output.h"
 #include "Progress.h"
+#include "shell/ModelCheck.h"
 #include "weld/WeldFunctions.h"
 
 namespace weldcli {
@@ -47,13 +49,33 @@ struct LimitedRun {
     // group; 3 when the pass limit ended the run, with one line on stderr and,
     // for --format json, an object with `head`, "converged": false and the last center.
     int Check(const cli::Parsed& p, const cli::Row& head = {});
-    // converged, passes and the last center, for csv and json.
+    // converged, passes, the last center and the factor the center
+    // correction ended with ("relaxed", 1 where the run never swung), for
+    // csv and json.
     cli::Row RunFields() const;
-    // The --verbose lines of text output.
+    // The --verbose lines of text output; how the run settled goes to stderr.
     void PrintVerbose() const;
 
 private:
     void Start(int stripIndex);
 };
+
+// --no-check: the option that leaves out the element model's cross-check.
+const cli::Option& NoCheckOption();
+
+// The cross-check of a converged result of the iteration against the AISC
+// element model on the same case. Unless --no-check is given, `element`
+// (the element model's value in the unit of `system`) is solved; where the
+// iteration exceeds it by more than 5 % a warning goes to stderr.
+struct CrossCheck {
+    bool done = false;
+    modelcheck::Comparison result;
+    // aisc and ratio for csv and json (empty cells without a check or an
+    // equilibrium).
+    cli::Row Fields() const;
+};
+CrossCheck CheckAgainstElementModel(const cli::Parsed& p, double system,
+                                    const std::function<std::optional<double>()>& element, const char* unit,
+                                    int decimals);
 
 }  // namespace weldcli

@@ -9,6 +9,7 @@
 #include "Output.h"
 #include "WeldCli.h"
 #include "shell/Primitives.h"
+#include "weld/WeldElementModel.h"
 #include "weld/WeldFunctions.h"
 #include "weld/WeldStrength.h"
 
@@ -49,8 +50,18 @@ int RunWeldC(const cli::Parsed& p) {
     weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses, "weld-c");
     const double c = Config_ByNumber(config, v[0], v[1], v[2], v[3], kSelectC, run.state, run.hooks, &run.report);
     if (const int rc = run.Check(p, {modelcli::ModelField(model)}); rc != 0) return rc;
+    const weldcli::CrossCheck check = weldcli::CheckAgainstElementModel(
+        p, c,
+        [&]() -> std::optional<double> {
+            WeldElementModel::ElementReport rep;
+            const double e = WeldElementModel::Config_C(config, v[0], v[1], v[2], v[3], run.state.SegmentsPerInch, &rep);
+            if (!rep.Converged) return std::nullopt;
+            return e;
+        },
+        "", 5);
     if (p.format != cli::Format::Text) {
-        cli::WriteRows(p, {cli::Row{modelcli::ModelField(model), {"C", cli::Num(c)}} + run.RunFields()});
+        cli::WriteRows(p, {cli::Row{modelcli::ModelField(model), {"C", cli::Num(c)}} + run.RunFields() +
+                           check.Fields()});
         return 0;
     }
     std::cout << prim::Trim(prim::Format(c, "0.00000")) << "\n";
@@ -110,8 +121,16 @@ int RunWeldUnit(const cli::Parsed& p) {
     const double capacity =
         Locate_InstantaneousCenter(lines, ex, angle, fexx, size, 1.0, run.state, run.hooks, &run.report);
     if (const int rc = run.Check(p); rc != 0) return rc;
+    const weldcli::CrossCheck check = weldcli::CheckAgainstElementModel(
+        p, capacity,
+        [&]() -> std::optional<double> {
+            const auto rep = WeldElementModel::Solve(lines, ex, angle, fexx, size, run.state.SegmentsPerInch);
+            if (!rep.Converged) return std::nullopt;
+            return rep.Capacity;
+        },
+        "kips", 5);
     if (p.format != cli::Format::Text) {
-        cli::WriteRows(p, {cli::Row{{"capacity_kips", cli::Num(capacity)}} + run.RunFields()});
+        cli::WriteRows(p, {cli::Row{{"capacity_kips", cli::Num(capacity)}} + run.RunFields() + check.Fields()});
         return 0;
     }
     std::cout << prim::Format(capacity, "0.00000") << "\n";
@@ -123,7 +142,7 @@ const cli::Registrar weldC({
     "weld-c",
     "CONFIG L kL aL ANGLE",
     "coefficient C of standard weld configuration 1-9 under an eccentric load",
-    weldcli::RunOptionList() + cli::Options{modelcli::ModelOption()},
+    weldcli::RunOptionList() + cli::Options{modelcli::ModelOption(), weldcli::NoCheckOption()},
     {"CONFIG  configuration number 1 to 9, as in the coefficient window",
      "L       base length (inches); kL the other leg (inches); aL the load's eccentricity (inches)",
      "ANGLE   load angle in degrees from vertical",
@@ -154,7 +173,7 @@ const cli::Registrar weldUnit({
                  {"--angle", "DEG", "load angle in degrees from vertical", false, true},
                  {"--fexx", "KSI", "electrode strength above 0, at most 1000 (default 1)"},
                  {"--size", "INCHES", "weld size above 0, at most 100 inches (default 1)"}} +
-        weldcli::RunOptionList(),
+        weldcli::RunOptionList() + cli::Options{weldcli::NoCheckOption()},
     {"With the defaults Fexx = D = 1 the result is the unit capacity; exit 3 and nothing on",
      "stdout when the pass limit ends the run.", cli::kLengthHelp},
     {"weld-unit --line 0,0,0,3 --ex 0 --angle 0",
