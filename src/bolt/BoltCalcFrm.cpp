@@ -23,6 +23,7 @@
 #include "bolt/BoltElementModel.h"
 #include "bolt/BoltFunctions.h"
 #include "shell/FlexProcedures.h"
+#include "shell/ModelCheckLine.h"
 #include "shell/Primitives.h"
 #include "shell/SettingsStore.h"
 #include "shell/SolverModelBox.h"
@@ -56,6 +57,24 @@ const char* const kHeadings[kDataCols] = {
     "Bolt Group Coefficient\n[C]",
     "Bolt Group Coefficient\n[C']",
 };
+
+// On a row's C cell: the C of the program's iteration, at full precision,
+// while the C shown is that iteration's for the inputs shown.
+constexpr int kIteratedC = Qt::UserRole;
+
+// The group and load of a row. False when m or n is not a whole number that fits.
+struct BoltCase {
+    int16_t m = 0, n = 0;
+    double sv = 0.0, sh = 0.0, ex = 0.0, angle = 0.0;
+};
+bool ReadCase(const FlexGrid* grid, int row, BoltCase& k) {
+    auto val = [&](int col) { return prim::Val(S(grid->TextMatrix(row, col).trimmed())); };
+    k.sv = val(3);
+    k.sh = val(4);
+    k.ex = val(5);
+    k.angle = val(6);
+    return prim::ToInt16(val(1), k.m) && prim::ToInt16(val(2), k.n);
+}
 
 // Whole grid rows from the window's row count.
 int GridRowsOf(float rows) {
@@ -164,6 +183,9 @@ void BoltCalcFrm::BuildControls() {
     modelRow->addWidget(ModelBox, 1);
     right->insertLayout(0, modelRow);
 
+    ModelCheck = new shell::ModelCheckLine(this);
+    connect(ModelBox, &QComboBox::currentIndexChanged, this, &BoltCalcFrm::CheckRow);
+
     StatusLine = new QLabel(this);
     StatusLine->setObjectName(QStringLiteral("StatusLine"));
     StatusLine->setFrameShape(QFrame::StyledPanel);
@@ -176,6 +198,7 @@ void BoltCalcFrm::BuildControls() {
     main->addSpacing(4);
     main->addWidget(gridCaption);
     main->addWidget(cFlex, 1);
+    main->addWidget(ModelCheck);
     main->addWidget(StatusLine);
 
     connect(AddRowButton, &QPushButton::clicked, this, &BoltCalcFrm::AddRowButton_Click);
@@ -343,10 +366,9 @@ void BoltCalcFrm::LoadRecords() {
 
 void BoltCalcFrm::Calculate_C(int row) {
     if (row < 1 || row >= cFlex->Rows()) return;
-    QString t[7];
+    cFlex->Cell(row, 7)->setData(kIteratedC, QVariant());
     for (int c = 1; c <= 6; ++c) {
-        t[c] = cFlex->TextMatrix(row, c).trimmed();
-        if (t[c].isEmpty()) {
+        if (cFlex->TextMatrix(row, c).trimmed().isEmpty()) {
             cFlex->SetTextMatrix(row, 7, QString());
             cFlex->SetTextMatrix(row, 8, QString());
             return;
@@ -356,15 +378,12 @@ void BoltCalcFrm::Calculate_C(int row) {
     // they were; the status line says why.
     const QString rowName = QStringLiteral("Row %1: ").arg(row);
     StatusLine->clear();
-    int16_t m = 0, n = 0;
-    if (!prim::ToInt16(prim::Val(S(t[1])), m) || !prim::ToInt16(prim::Val(S(t[2])), n)) {
+    BoltCase k;
+    if (!ReadCase(cFlex, row, k)) {
         StatusLine->setText(rowName + QStringLiteral("the numbers of bolt rows must be whole numbers up to 32,767."));
         return;
     }
-    const double sv = prim::Val(S(t[3]));
-    const double sh = prim::Val(S(t[4]));
-    const double ex = prim::Val(S(t[5]));
-    const double angle = prim::Val(S(t[6]));
+    const auto [m, n, sv, sh, ex, angle] = k;
     const QString noGroup =
         rowName + QStringLiteral("no bolt group: m and n must both be at least 1, with m × n at most 32,767 bolts.");
 
@@ -394,6 +413,37 @@ void BoltCalcFrm::Calculate_C(int row) {
     if (!c || guard_.ClosePending()) return;
     cFlex->SetTextMatrix(row, 7, Q(prim::Format(*c, "##,##0.000  ")));
     cFlex->SetTextMatrix(row, 8, Q(prim::Format(*cPrime, "##,##0.000  ")));
+    cFlex->Cell(row, 7)->setData(kIteratedC, *c);
+}
+
+// The element model's C of the current row's group and load beside the
+// iteration's C, solved aside. Nothing for a row without a C of the
+// iteration, or while the element model is the chosen one.
+void BoltCalcFrm::CheckRow() {
+    const int r = cFlex->Row();
+    const QTableWidgetItem* cell = cFlex->Cell(r, 7);
+    const QVariant c = cell != nullptr ? cell->data(kIteratedC) : QVariant();
+    BoltCase k;
+    QString key;
+    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::Iterative && c.isValid() &&
+        !cell->text().trimmed().isEmpty() && ReadCase(cFlex, r, k)) {
+        key = QString::number(r) + QLatin1Char('|') + QString::number(c.toDouble(), 'g', 17);
+        for (int col = 1; col <= 6; ++col) key += QLatin1Char('|') + cFlex->TextMatrix(r, col).trimmed();
+    }
+    if (key == checkedKey_) return;  // already shown or under way
+    checkedKey_ = key;
+    if (key.isEmpty()) {
+        ModelCheck->Clear();
+        return;
+    }
+    ModelCheck->Check(
+        c.toDouble(),
+        [k]() -> std::optional<double> {
+            const auto rep = BoltElementModel::BoltGroup_C(k.m, k.n, k.sv, k.sh, k.ex, k.angle);
+            if (!rep.Converged) return std::nullopt;
+            return rep.Value;
+        },
+        QString(), 3);
 }
 
 void BoltCalcFrm::ModifyTextC(QLineEdit* edit) {
@@ -443,6 +493,7 @@ void BoltCalcFrm::ShowSelection() {
     xxFlex->SetTextMatrix(1, 1, cFlex->TextMatrix(r, 6).trimmed() + QStringLiteral("\u00B0  "));
     xxFlex->SetTextMatrix(2, 1, trimmedWith(7, QStringLiteral("   ")));
     xxFlex->SetTextMatrix(3, 1, trimmedWith(8, QStringLiteral("   ")));
+    CheckRow();
 }
 
 void BoltCalcFrm::AddRowButton_Click() {
@@ -481,6 +532,7 @@ void BoltCalcFrm::ClearButton_Click() {
         for (int c = 1; c <= 8; ++c) cFlex->SetTextMatrix(r, c, QString());
     const QString path = DataFilePath();
     if (QFile::exists(path)) QFile::remove(path);
+    CheckRow();
 }
 
 void BoltCalcFrm::SaveButton_Click() {
@@ -522,6 +574,7 @@ void BoltCalcFrm::cFlex_KeyDown(int16_t keyCode, int, bool& handled) {
         cFlex->SetTextMatrix(cFlex->Row(), col, QString());
         EdiTxt->setText(QString());
         Calculate_C(cFlex->Row());
+        CheckRow();
     } else if (keyCode == F2) {
         handled = true;
         OpenEditor(Space, true);
@@ -586,6 +639,7 @@ void BoltCalcFrm::CloseEdit() {
     EdiTxt->setVisible(false);
     closingEdit_ = false;
     if (col >= 1 && col <= 6) Calculate_C(row);
+    CheckRow();
 }
 
 bool BoltCalcFrm::EdiTxt_KeyPress(QKeyEvent* event) {

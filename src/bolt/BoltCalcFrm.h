@@ -15,6 +15,9 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+namespace shell {
+class ModelCheckLine;
+}
 
 class BoltCalcFrm : public QWidget {
     Q_OBJECT
@@ -47,6 +50,7 @@ private:
     int CountEntries() const;
     void RestoreRow(int row);
     void ShowSelection();
+    void CheckRow();
     void StyleDataRow(int row);
 
     void AddRowButton_Click();
@@ -80,6 +84,8 @@ private:
     QPushButton* RemRowButton = nullptr;
     QComboBox* ModelBox = nullptr;
     QLabel* StatusLine = nullptr;
+    shell::ModelCheckLine* ModelCheck = nullptr;
+    QString checkedKey_;  // the case the check line shows or is solving
     QSize preferredGrid_;
 
     int editRow_ = 0;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QLabel>
 #include <QFile>
 #include <QHeaderView>
@@ -396,6 +397,29 @@ TEST_F(BoltWindow, ImpossibleRowIsExplainedInTheStatusLine) {
     Type(1, 1, "4");
     EXPECT_TRUE(status->text().isEmpty());
     EXPECT_NE(grid_->TextMatrix(1, 7), "");
+}
+
+TEST_F(BoltWindow, CurrentRowIsCrossCheckedWithTheElementModel) {
+    // Both models find the same center; the iteration's C comes out 1.9 %
+    // higher, as it measures the forces by the farthest bolt's force rather
+    // than the ultimate one: within the default threshold, a warning at 1 %.
+    for (const QString percent : {"5", "1"}) {
+        settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", "ModelCheckPercent", percent);
+        Open();
+        auto* text = frm_->findChild<QLabel*>("ModelCheckText");
+        TypeRow(1, {"3", "1", "3", "3", "36", "0"});
+        EXPECT_TRUE(text->text().isEmpty()) << "the cursor went on to the empty row 2";
+        grid_->setCurrentCell(0, 3);
+        QTRY_VERIFY_WITH_TIMEOUT(text->text().startsWith("AISC element model: 0.164 (-1.9 %)"), 5000);
+        EXPECT_EQ(frm_->findChild<QLabel*>("ModelCheckIcon")->isVisible(), percent == "1");
+    }
+    auto* text = frm_->findChild<QLabel*>("ModelCheckText");
+    EXPECT_TRUE(text->text().endsWith("\nThe iteration exceeds the AISC element model by 1.9 %: the lower value governs."));
+    guitest::SaveScreenFits(frm_, "bolt-check");
+    frm_->findChild<QComboBox*>("ModelBox")->setCurrentIndex(1);
+    EXPECT_TRUE(text->text().isEmpty()) << "nothing to compare with the element model chosen";
+    frm_->findChild<QComboBox*>("ModelBox")->setCurrentIndex(0);
+    settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", "ModelCheckPercent", "5");
 }
 
 TEST_F(BoltWindow, FitsSmallScreensAndTheGridGrows) {
