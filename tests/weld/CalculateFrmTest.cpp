@@ -342,4 +342,10 @@ TEST_F(CapacityWindow, Screenshots) {
     WaitForRunEnd();
     frm_->grab().save(dir + "/capacity-done-x" + scale + ".png");
     guitest::SaveScreenFits(frm_, "capacity");
+    // A result above the element model's: the warning under it.
+    delete frm_.data();
+    Open(Channel(45, 0.75));
+    WaitForRunEnd();
+    QTRY_VERIFY_WITH_TIMEOUT(W<QLabel>("ModelCheckIcon")->isVisible(), 5000);
+    frm_->grab().save(dir + "/capacity-warning-x" + scale + ".png");
 }
