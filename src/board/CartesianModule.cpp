@@ -157,6 +157,13 @@ float To_WorldY(const LayoutDocument& doc, double y) {
     return r;
 }
 
+bool World_Fits(const LayoutDocument& doc, const PointRec& p) {
+    if (ViewScale(doc) == 0.0) return true;
+    float x = 0.0f, y = 0.0f;
+    return DivideNarrow(p.X - static_cast<double>(doc.OriginX), ViewScale(doc), x) &&
+           DivideNarrow(-static_cast<double>(p.Y) - doc.OriginY, ViewScale(doc), y);
+}
+
 float To_BoardX(const LayoutDocument& doc, double x) {
     float r = 0.0f;
     Narrow(static_cast<double>(doc.ZoomBase) * x * doc.ZoomScale + doc.OriginX, r);

@@ -40,6 +40,10 @@ float To_WorldX(const LayoutDocument& doc, double x);
 float To_WorldY(const LayoutDocument& doc, double y);
 float To_BoardX(const LayoutDocument& doc, double x);
 float To_BoardY(const LayoutDocument& doc, double y);
+// Whether both world coordinates of p fit a single, so that no conversion of
+// it fails and turns it to 0. A collapsed view (scale 0, the fit of a lone
+// point) converts every point to 0 and counts as fitting.
+bool World_Fits(const LayoutDocument& doc, const PointRec& p);
 
 // ---- Counts and slots ---------------------------------------------------------
 int16_t Line_Count(const LineTable& t);
