@@ -62,6 +62,8 @@ ReadOutcome ReadWhole(const std::string& path, size_t cap, std::string& bytes, I
 //
 // The temporary file is ".NAME.ferrolith-tmp-PID"; a save removes the ones
 // in its folder whose process is gone (a save killed midway leaves one).
+// The first save sets SIGXFSZ to be ignored, so that a file past the
+// process's size limit is a failed write ("Disk full"), not the program's end.
 IoError WriteReplacing(const std::string& path, std::string_view bytes);
 
 // The temporary file name a save of `path` by process `pid` uses.
