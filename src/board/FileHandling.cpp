@@ -1,5 +1,7 @@
 #include "board/FileHandling.h"
 
+#include <sys/stat.h>
+
 #include <cfloat>
 #include <cmath>
 #include <cstdint>
@@ -236,12 +238,46 @@ size_t Layout_MaxFileBytes() {
            PublicVariables::kMaxTableRows * (kLineFixedBytes + kLongestLineName + kDimBytes);
 }
 
-bool Read_Layout(LayoutDocument& doc, const std::string& path) {
-    std::string bytes;
-    fileio::IoError error;
-    if (fileio::ReadWhole(path, Layout_MaxFileBytes(), bytes, error) != fileio::ReadOutcome::Read) return false;
-    return Layout_FromBytes(bytes, doc);
+std::string LayoutRead::Cause() const {
+    switch (Failure) {
+        case ReadFailure::None: return "";
+        case ReadFailure::Missing: return "no such file";
+        case ReadFailure::NoPermission: return "no permission";
+        case ReadFailure::NotRegular: return "not a regular file";
+        case ReadFailure::Unreadable: return "unreadable (" + prim::LCase(Error.Description) + ")";
+        case ReadFailure::TooLarge: return "too large";
+        case ReadFailure::Empty: return "empty";
+        case ReadFailure::Damaged: return "damaged";
+    }
+    return "";
 }
+
+LayoutRead Read_Layout_Checked(LayoutDocument& doc, const std::string& path) {
+    std::string bytes;
+    LayoutRead r;
+    switch (fileio::ReadWhole(path, Layout_MaxFileBytes(), bytes, r.Error)) {
+        case fileio::ReadOutcome::Read: break;
+        case fileio::ReadOutcome::Missing: r.Failure = ReadFailure::Missing; return r;
+        case fileio::ReadOutcome::TooLarge: r.Failure = ReadFailure::TooLarge; return r;
+        case fileio::ReadOutcome::Unreadable: {
+            struct stat st {};
+            if (r.Error.Number == fileio::kErrPermission)
+                r.Failure = ReadFailure::NoPermission;
+            else if (::stat(path.c_str(), &st) == 0 && !S_ISREG(st.st_mode))
+                r.Failure = ReadFailure::NotRegular;
+            else
+                r.Failure = ReadFailure::Unreadable;
+            return r;
+        }
+    }
+    if (bytes.empty())
+        r.Failure = ReadFailure::Empty;
+    else if (!Layout_FromBytes(bytes, doc))
+        r.Failure = ReadFailure::Damaged;
+    return r;
+}
+
+bool Read_Layout(LayoutDocument& doc, const std::string& path) { return Read_Layout_Checked(doc, path).Ok(); }
 
 std::string File_Title(const std::string& path) {
     const size_t p = path.find_last_of("/\\");

@@ -145,6 +145,30 @@ TEST(CliErrors, RefusedLengthTextSaysWhy) {
     EXPECT_NE(r.err.find("not a feet-and-inch length"), std::string::npos);
 }
 
+// A layout that is not read says why, in one line.
+TEST(CliErrors, UnreadLayoutSaysWhy) {
+    namespace fs = std::filesystem;
+    const fs::path dir = fs::temp_directory_path() / ("ferrolith-cli-unread-" + std::to_string(getpid()));
+    fs::create_directories(dir / "folder.wld");
+    std::ofstream(dir / "empty.wld").close();
+    std::ofstream(dir / "damaged.wld") << "not a layout";
+    std::ofstream(dir / "big.wld").close();
+    fs::resize_file(dir / "big.wld", 8 << 20);
+    fs::copy_file(FERROLITH_GOLDEN_DIR "/../../examples/angle-left.wld", dir / "locked.wld");
+    fs::permissions(dir / "locked.wld", fs::perms::none);
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"none.wld", "no such file"}, {"folder.wld", "not a regular file"}, {"empty.wld", "empty"},
+        {"damaged.wld", "damaged"},   {"big.wld", "too large"},             {"locked.wld", "no permission"}};
+    for (const auto& [name, cause] : cases) {
+        if (name == "locked.wld" && geteuid() == 0) continue;  // permissions do not hold for root
+        const std::string path = (dir / name).string();
+        const Result r = golden::RunCli({"capacity", path});
+        EXPECT_EQ(r.code, 1) << name;
+        EXPECT_EQ(r.err, "ferrolith-cli: cannot read layout " + path + ": " + cause + "\n");
+    }
+    fs::remove_all(dir);
+}
+
 // A save past the process's file-size limit is a full disk: one line, exit 1,
 // the old file as it was and no temporary file left.
 TEST(CliErrors, SavePastTheFileSizeLimitIsAFullDisk) {
