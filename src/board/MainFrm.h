@@ -14,6 +14,7 @@
 #include "board/BoardMessages.h"
 #include "board/BoardState.h"
 #include "board/CalcDisplay.h"
+#include "board/FileHandling.h"
 #include "board/PublicVariables.h"
 #include "bolt/BoltDataHandling.h"
 #include "calc/CalcVariables.h"
@@ -108,12 +109,14 @@ private:
     // when cancelled), which becomes a recent file. `then` runs once written.
     bool Save_Layout(bool askName, bool fromQuestion, const std::function<void()>& then = {});
     bool Open_Dialog_File();
-    void Open_Path(const QString& path);
+    // False, with a message and nothing changed, when the file cannot be read.
+    bool Open_Path(const QString& path);
     void Reset_Document();
     void Mark_Saved();
     bool Both_Empty() const;
     void Set_Caption_From_File();
     void Warn(const QString& text, bool stopIcon = true);
+    void Warn_Unread(const QString& path, const FileHandling::LayoutRead& read);
 
     // ---- The load panel of CALCULATION (MainFrmCalc.cpp) -------------------------
     void BuildLoadParamBox();
