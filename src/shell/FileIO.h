@@ -51,6 +51,12 @@ enum class ReadOutcome {
 // `cap` bytes is TooLarge. `error` tells the reason of every outcome but Read.
 ReadOutcome ReadWhole(const std::string& path, size_t cap, std::string& bytes, IoError& error);
 
+// Moves a file that is too large to read out of the way, so that the tool can
+// start empty without losing it: it becomes "NAME.too-large" in the same
+// folder, or "NAME.too-large-2" and on when that name is taken. Returns the
+// new path, or "" when the file could not be moved (it is then left as it is).
+std::string SetAside(const std::string& path);
+
 // Replaces the file at `path` with `bytes`: a new file in the same folder,
 // flushed to disk, then renamed over the old one, so a failed write never
 // destroys the old file. A symbolic link is followed and its target is
