@@ -18,6 +18,7 @@
 #include "board/PublicVariables.h"
 #include "bolt/BoltDataHandling.h"
 #include "calc/CalcVariables.h"
+#include "shell/RunPump.h"
 
 class QAction;
 class SingleInstance;
@@ -133,6 +134,8 @@ private:
     PublicVariables::LayoutDocument doc_;
     BoardSurface* DrawingBoard = nullptr;
     std::unique_ptr<BoardState::Board> board_;
+    // Serves window events from inside a long crossing search.
+    shell::ThrottledPump boardPump_;
     QString FileName_ = QStringLiteral("UnNamed.wld");
     int syncedSerial_ = -1;
     // A release ends a click when it comes where the press was, and not
