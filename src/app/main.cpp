@@ -7,6 +7,7 @@
 #include "board/MainFrm.h"
 #include "calc/CalcMainFrm.h"
 #include "calc/CalcVariables.h"
+#include "shell/FileIO.h"
 #include "shell/QtText.h"
 #include "shell/SingleInstance.h"
 
@@ -39,6 +40,8 @@ int main(int argc, char** argv) {
         std::printf("ferrolith %s\n", kVersion);
         return 0;
     }
+    // Settings and files past a file-size limit fail as on a full disk.
+    fileio::IgnoreFileSizeSignal();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Ferrolith"));
     QApplication::setApplicationVersion(QString::fromLatin1(kVersion));

@@ -184,12 +184,11 @@ std::string TempPathFor(const std::string& path, long pid) {
     return folder + "." + name + kTempMark + std::to_string(pid);
 }
 
+void IgnoreFileSizeSignal() { std::signal(SIGXFSZ, SIG_IGN); }
+
 IoError WriteReplacing(const std::string& path, std::string_view bytes) {
-    // A write past the process's file-size limit would end the program by a
-    // signal; ignored, the write fails with EFBIG and is reported as a full
-    // disk, the old file left as it was.
-    static const bool fileSizeSignalIgnored = std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR;
-    (void)fileSizeSignalIgnored;
+    static const bool ignored = (IgnoreFileSizeSignal(), true);
+    (void)ignored;
     if (path.empty()) return MakeError(kErrPathNotFound);
     std::string target;
     if (const int err = ResolveLinks(path, target); err != 0) return ErrnoError(err);
