@@ -26,8 +26,10 @@ using FileError = fileio::IoError;
 // The bytes of the file for a document.
 std::string Layout_Bytes(const LayoutDocument& doc);
 // Reads the bytes of a file into the document (viewport, Dims, Lines,
-// LineCounter, Load). On any inconsistency the document is left untouched and
-// the result is false.
+// LineCounter, Load). On any inconsistency, or a value the program never
+// writes (a point whose world coordinates overflow a single, a load beyond a
+// single, a view other than the program's), the document is left untouched
+// and the result is false.
 bool Layout_FromBytes(std::string_view bytes, LayoutDocument& doc);
 
 // Writes the document to path through a temporary file in the same folder and
