@@ -7,6 +7,8 @@
 #include "board/MainFrm.h"
 #include "calc/CalcMainFrm.h"
 #include "calc/CalcVariables.h"
+#include "shell/FileIO.h"
+#include "shell/QtText.h"
 #include "shell/SingleInstance.h"
 
 namespace {
@@ -38,6 +40,8 @@ int main(int argc, char** argv) {
         std::printf("ferrolith %s\n", kVersion);
         return 0;
     }
+    // Settings and files past a file-size limit fail as on a full disk.
+    fileio::IgnoreFileSizeSignal();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Ferrolith"));
     QApplication::setApplicationVersion(QString::fromLatin1(kVersion));
@@ -61,9 +65,9 @@ int main(int argc, char** argv) {
         calc.show();
         return app.exec();
     }
-    // One document path, as the shell hands it.
-    const QStringList args = QApplication::arguments();
-    MainFrm w(nullptr, args.size() > 1 ? args.at(1) : QString());
+    // One document path, as the shell hands it, byte for byte (Qt has taken
+    // its own options out of argv).
+    MainFrm w(nullptr, argc > 1 ? QPath(argv[1]) : QString());
     w.SetCalculatorGuard(&calcGuard);
     QObject::connect(&calcGuard, &SingleInstance::ShowRequested, &w, [&w] {
         w.action(QStringLiteral("mnuSciCal"))->trigger();

@@ -530,7 +530,7 @@ PopUp Board::DrawingBoard_MouseUp(Button button, bool shift, double x, double y)
         if (left && Something_On_Board(doc_)) {
             LayoutRender::Pan_Ghost(surface_, Ghost, x, y, PanFrom.X, PanFrom.Y, true);
             surface_.Cls();
-            CartesianModule::Pan_Board(doc_, x - PanFrom.X, y - PanFrom.Y, Yield);
+            CartesianModule::Pan_Board(doc_, x - PanFrom.X, y - PanFrom.Y);
             Repaint(true);
             PanFrom = Pt(x, y);
         }

@@ -146,6 +146,9 @@ public:
 
     LayoutDocument& Doc() { return doc_; }
     board::DrawSurface& Surface() { return surface_; }
+    // Lets window events run inside a long crossing search (the one loop of
+    // the board that can grow with the square of the lines); a change of the
+    // drawing that comes in starts a search of its own and ends that one.
     shell::YieldFn Yield;
 
 private:

@@ -146,7 +146,8 @@ void Write_Inputs(const LoadRec& load, CalcState& s) {
 
 bool Apply_Eccentricity(const std::string& text, LoadRec& load, CalcState& s) {
     const prim::Variant feet = ImperialProc::Imperial_Value(prim::Trim(text), "FT");
-    if (!feet.IsNumber() || !std::isfinite(feet.number)) return false;
+    // Beyond the range of a single no layout keeps it: the reader would refuse it.
+    if (!feet.IsNumber() || !(std::fabs(feet.number) <= PublicVariables::kMaxLoadValue)) return false;
     load.LoadEccentricity = feet.number;
     s.EcInput = FeetText(feet.number);
     ++s.EcSerial;

@@ -52,13 +52,6 @@ float SlopeOf(const LineRec& l) {
 
 bool Between(float v, float a, float b) { return v >= std::min(a, b) && v <= std::max(a, b); }
 
-bool BoxesMeet(const LineRec& a, const LineRec& b) {
-    return std::max(a.StartPt.X, a.EndPt.X) >= std::min(b.StartPt.X, b.EndPt.X) &&
-           std::max(b.StartPt.X, b.EndPt.X) >= std::min(a.StartPt.X, a.EndPt.X) &&
-           std::max(a.StartPt.Y, a.EndPt.Y) >= std::min(b.StartPt.Y, b.EndPt.Y) &&
-           std::max(b.StartPt.Y, b.EndPt.Y) >= std::min(a.StartPt.Y, a.EndPt.Y);
-}
-
 template <class Table, class IsOn>
 int16_t CountOf(const Table& t, IsOn isOn) {
     if (t.size() == 1 && !isOn(t[0])) return 0;
@@ -127,8 +120,8 @@ void ScaleAndCenter(LayoutDocument& doc, float f, double mx, double my, const Re
     DimensionModule::Scale_Dims(doc.Dims, f, ok);
     const double sx = doc.ScaleWidth / 2.0 - mx;
     const double sy = doc.ScaleHeight / 2.0 - my;
-    Shift_Lines(doc.Lines, sx, sy, ok, hooks.Yield);
-    DimensionModule::Shift_Dims(doc.Dims, sx, sy, ok, hooks.Yield);
+    Shift_Lines(doc.Lines, sx, sy, ok);
+    DimensionModule::Shift_Dims(doc.Dims, sx, sy, ok);
 
     bool oldAutoRedraw = false;
     if (switchAutoRedraw && hooks.Set_AutoRedraw) oldAutoRedraw = hooks.Set_AutoRedraw(true);
@@ -155,6 +148,13 @@ float To_WorldY(const LayoutDocument& doc, double y) {
     float r = 0.0f;
     DivideNarrow(-y - doc.OriginY, ViewScale(doc), r);
     return r;
+}
+
+bool World_Fits(const LayoutDocument& doc, const PointRec& p) {
+    if (ViewScale(doc) == 0.0) return true;
+    float x = 0.0f, y = 0.0f;
+    return DivideNarrow(p.X - static_cast<double>(doc.OriginX), ViewScale(doc), x) &&
+           DivideNarrow(-static_cast<double>(p.Y) - doc.OriginY, ViewScale(doc), y);
 }
 
 float To_BoardX(const LayoutDocument& doc, double x) {
@@ -422,24 +422,6 @@ bool Lines_Cross(const LineRec& a, const LineRec& b, PointRec& out) {
            Between(x, b.StartPt.X, b.EndPt.X) && Between(y, b.StartPt.Y, b.EndPt.Y);
 }
 
-void Build_Intersections(const LineTable& t, PointTable& result, int16_t& flag, const YieldFn& yield) {
-    PointTable found = PublicVariables::BlankPoints();
-    for (size_t i = 0; i < t.size(); ++i) {
-        for (size_t j = i + 1; j < t.size(); ++j) {
-            PointRec p;
-            // A crossing lies inside both bounding boxes: pairs whose boxes do
-            // not meet cannot cross, and the full test is skipped for them.
-            if (BoxesMeet(t[i], t[j]) && Lines_Cross(t[i], t[j], p) && Add_Intersection_Slot(found)) {
-                p.Flag = -1;
-                found.back() = p;
-                flag = -1;
-            }
-            if (yield) yield();
-        }
-    }
-    result = std::move(found);
-}
-
 // ---- Viewport, zoom and pan ----------------------------------------------------------
 
 void Set_Viewport(LayoutDocument& doc) {
@@ -457,8 +439,8 @@ void Zoom_Factor(LayoutDocument& doc, float f, const RepaintHooks& hooks) {
     const double cy = doc.ScaleHeight / 2.0;
     const double dx = cx - cx * f;
     const double dy = cy - cy * f;
-    Shift_Lines(doc.Lines, dx, dy, ok, hooks.Yield);
-    DimensionModule::Shift_Dims(doc.Dims, dx, dy, ok, hooks.Yield);
+    Shift_Lines(doc.Lines, dx, dy, ok);
+    DimensionModule::Shift_Dims(doc.Dims, dx, dy, ok);
     Repaint(doc, hooks);
     // The old origin is carried, not scaled: lengths stay right, absolute
     // world positions move with each zoom.

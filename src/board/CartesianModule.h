@@ -32,7 +32,7 @@ struct RepaintHooks {
     std::function<void()> Draw_Dims;           // Draw_Dims(board, Dims)
     std::function<void()> Clear_Board;         // clear and refresh the surface
     std::function<bool(bool)> Set_AutoRedraw;  // sets AutoRedraw, returns the old value
-    YieldFn Yield;                             // lets window events run inside loops
+    YieldFn Yield;                             // lets window events run inside a long crossing search
 };
 
 // ---- Conversions (double in, single out) -------------------------------------
@@ -40,6 +40,10 @@ float To_WorldX(const LayoutDocument& doc, double x);
 float To_WorldY(const LayoutDocument& doc, double y);
 float To_BoardX(const LayoutDocument& doc, double x);
 float To_BoardY(const LayoutDocument& doc, double y);
+// Whether both world coordinates of p fit a single, so that no conversion of
+// it fails and turns it to 0. A collapsed view (scale 0, the fit of a lone
+// point) converts every point to 0 and counts as fitting.
+bool World_Fits(const LayoutDocument& doc, const PointRec& p);
 
 // ---- Counts and slots ---------------------------------------------------------
 int16_t Line_Count(const LineTable& t);
@@ -95,8 +99,11 @@ bool Find_Intersection(const LayoutDocument& doc, float x, float y, float tol, P
 int16_t Line_Kind(const LineRec& line);
 bool Perpendicular_Foot(const LineRec& line, const PointRec& p, PointRec& out);
 bool Lines_Cross(const LineRec& a, const LineRec& b, PointRec& out);
-// Replaces result by the crossings of every pair of rows; sets flag when one
-// is found and never clears it.
+// Replaces result by the crossings of every pair of rows, in the order of the
+// rows, as far as the table holds them; sets flag when one is found and never
+// clears it. Only pairs whose bounding boxes meet are tested. A long search
+// calls yield now and then; when a newer search starts inside it (a change of
+// the drawing that came in), it stops and leaves result and flag to that one.
 void Build_Intersections(const LineTable& t, PointTable& result, int16_t& flag,
                          const YieldFn& yield = {});
 

@@ -1,11 +1,12 @@
 #include "board/FileHandling.h"
 
-#include <cstdint>
-#include <cstdio>
+#include <sys/stat.h>
+
+#include <cfloat>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <type_traits>
-#include <optional>
 
 #include "board/CartesianModule.h"
 #include "shell/Primitives.h"
@@ -28,6 +29,9 @@ constexpr size_t kMaxNameBytes = 0xFFFF;
 // The longest name the program gives a line: "Line Number " and a 16-bit
 // counter plus one, sign included.
 constexpr size_t kLongestLineName = 12 + 6;
+// Two points whose world coordinates are singles lie at most 2 sqrt(2) times
+// the largest single apart.
+constexpr double kMaxWorldDistance = 3.0 * FLT_MAX;
 
 // ---- Writing --------------------------------------------------------------------
 
@@ -96,6 +100,27 @@ private:
     size_t pos_ = 0;
 };
 
+// Values the program never writes, and that would turn into wrong numbers on
+// the way to the solver: a view that is not the program's (ZoomBase is always
+// 1, the zoom never below 0), a point whose world coordinates overflow a
+// single, a length longer than any two such points lie apart, a load beyond
+// the range its inputs take.
+bool ValuesInRange(const LayoutDocument& in) {
+    using CartesianModule::World_Fits;
+    if (in.ZoomBase != 1.0f || !(in.ZoomScale >= 0.0f)) return false;
+    const auto lengthOk = [](double v) { return v >= 0.0 && v <= kMaxWorldDistance; };
+    for (const LineRec& l : in.Lines)
+        if (!World_Fits(in, l.EndPt) || !World_Fits(in, l.StartPt) || !World_Fits(in, l.MidPt) || !lengthOk(l.Length))
+            return false;
+    for (const DimensionRec& d : in.Dims)
+        if (!World_Fits(in, d.DimP1) || !World_Fits(in, d.DimP2) || !World_Fits(in, d.DimMid) ||
+            !World_Fits(in, d.DimPos) || !lengthOk(d.DimLength))
+            return false;
+    const LoadRec& load = in.Load;
+    return World_Fits(in, load.LoadPoint) && std::fabs(load.LoadAngle) <= PublicVariables::kMaxLoadValue &&
+           std::fabs(load.LoadEccentricity) <= PublicVariables::kMaxLoadValue;
+}
+
 bool ViewportValue(Reader& r, float& out) {
     double d = 0.0;
     if (!r.Get(d)) return false;
@@ -152,17 +177,17 @@ std::string Layout_Bytes(const LayoutDocument& doc) {
 
 bool Layout_FromBytes(std::string_view bytes, LayoutDocument& doc) {
     Reader r(bytes);
-    float zoomBase = 0, zoomScale = 0, originY = 0, originX = 0;
-    if (!ViewportValue(r, zoomBase) || !ViewportValue(r, zoomScale) || !ViewportValue(r, originY) ||
-        !ViewportValue(r, originX))
+    LayoutDocument in;
+    if (!ViewportValue(r, in.ZoomBase) || !ViewportValue(r, in.ZoomScale) || !ViewportValue(r, in.OriginY) ||
+        !ViewportValue(r, in.OriginX))
         return false;
 
     // Every table must keep a row: the minimum bytes of what follows each table
     // are reserved so that a count cannot run past the end of the file.
     uint32_t n = 0;
     if (!r.Header(kLineFixedBytes, n)) return false;
-    LineTable lines(n);
-    for (LineRec& l : lines) {
+    in.Lines.assign(n, LineRec{});
+    for (LineRec& l : in.Lines) {
         uint16_t len = 0;
         std::string raw;
         if (!r.Point(l.EndPt) || !r.Point(l.StartPt) || !r.Point(l.MidPt) || !r.Get(l.Exists) ||
@@ -173,33 +198,34 @@ bool Layout_FromBytes(std::string_view bytes, LayoutDocument& doc) {
 
     uint32_t m = 0;
     if (!r.Header(kDimBytes, m)) return false;
-    DimTable dims(m);
-    for (DimensionRec& d : dims) {
+    in.Dims.assign(m, DimensionRec{});
+    for (DimensionRec& d : in.Dims) {
         if (!r.Point(d.DimP1) || !r.Point(d.DimP2) || !r.Point(d.DimMid) || !r.Point(d.DimPos) ||
             !r.Get(d.DimType) || !r.Get(d.DimDone) || !r.Get(d.DimLength) || !r.Get(d.Exists) ||
             !r.Get(d.DimSpare))
             return false;
     }
 
-    int16_t counter = 0;
-    LoadRec load;
-    if (!r.Get(counter) || !r.Get(load.LoadSide) || !r.Point(load.LoadPoint) || !r.Get(load.LoadAngle) ||
+    LoadRec& load = in.Load;
+    if (!r.Get(in.LineCounter) || !r.Get(load.LoadSide) || !r.Point(load.LoadPoint) || !r.Get(load.LoadAngle) ||
         !r.Get(load.LoadEccentricity) || !r.Get(load.LoadPlaced))
         return false;
     // Bytes after the load belong to no field and are ignored.
 
-    // A table stored without rows comes back as a blank table.
-    if (lines.empty()) lines = PublicVariables::BlankLines();
-    if (dims.empty()) dims = PublicVariables::BlankDims();
+    if (!ValuesInRange(in)) return false;
 
-    doc.ZoomBase = zoomBase;
-    doc.ZoomScale = zoomScale;
-    doc.OriginY = originY;
-    doc.OriginX = originX;
-    doc.Dims = std::move(dims);
-    doc.Lines = std::move(lines);
-    doc.LineCounter = counter;
-    doc.Load = load;
+    // A table stored without rows comes back as a blank table.
+    if (in.Lines.empty()) in.Lines = PublicVariables::BlankLines();
+    if (in.Dims.empty()) in.Dims = PublicVariables::BlankDims();
+
+    doc.ZoomBase = in.ZoomBase;
+    doc.ZoomScale = in.ZoomScale;
+    doc.OriginY = in.OriginY;
+    doc.OriginX = in.OriginX;
+    doc.Dims = std::move(in.Dims);
+    doc.Lines = std::move(in.Lines);
+    doc.LineCounter = in.LineCounter;
+    doc.Load = in.Load;
     return true;
 }
 
@@ -212,12 +238,46 @@ size_t Layout_MaxFileBytes() {
            PublicVariables::kMaxTableRows * (kLineFixedBytes + kLongestLineName + kDimBytes);
 }
 
-bool Read_Layout(LayoutDocument& doc, const std::string& path) {
-    std::string bytes;
-    fileio::IoError error;
-    if (fileio::ReadWhole(path, Layout_MaxFileBytes(), bytes, error) != fileio::ReadOutcome::Read) return false;
-    return Layout_FromBytes(bytes, doc);
+std::string LayoutRead::Cause() const {
+    switch (Failure) {
+        case ReadFailure::None: return "";
+        case ReadFailure::Missing: return "no such file";
+        case ReadFailure::NoPermission: return "no permission";
+        case ReadFailure::NotRegular: return "not a regular file";
+        case ReadFailure::Unreadable: return "unreadable (" + prim::LCase(Error.Description) + ")";
+        case ReadFailure::TooLarge: return "too large";
+        case ReadFailure::Empty: return "empty";
+        case ReadFailure::Damaged: return "damaged";
+    }
+    return "";
 }
+
+LayoutRead Read_Layout_Checked(LayoutDocument& doc, const std::string& path) {
+    std::string bytes;
+    LayoutRead r;
+    switch (fileio::ReadWhole(path, Layout_MaxFileBytes(), bytes, r.Error)) {
+        case fileio::ReadOutcome::Read: break;
+        case fileio::ReadOutcome::Missing: r.Failure = ReadFailure::Missing; return r;
+        case fileio::ReadOutcome::TooLarge: r.Failure = ReadFailure::TooLarge; return r;
+        case fileio::ReadOutcome::Unreadable: {
+            struct stat st {};
+            if (r.Error.Number == fileio::kErrPermission)
+                r.Failure = ReadFailure::NoPermission;
+            else if (::stat(path.c_str(), &st) == 0 && !S_ISREG(st.st_mode))
+                r.Failure = ReadFailure::NotRegular;
+            else
+                r.Failure = ReadFailure::Unreadable;
+            return r;
+        }
+    }
+    if (bytes.empty())
+        r.Failure = ReadFailure::Empty;
+    else if (!Layout_FromBytes(bytes, doc))
+        r.Failure = ReadFailure::Damaged;
+    return r;
+}
+
+bool Read_Layout(LayoutDocument& doc, const std::string& path) { return Read_Layout_Checked(doc, path).Ok(); }
 
 std::string File_Title(const std::string& path) {
     const size_t p = path.find_last_of("/\\");

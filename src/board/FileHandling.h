@@ -26,8 +26,10 @@ using FileError = fileio::IoError;
 // The bytes of the file for a document.
 std::string Layout_Bytes(const LayoutDocument& doc);
 // Reads the bytes of a file into the document (viewport, Dims, Lines,
-// LineCounter, Load). On any inconsistency the document is left untouched and
-// the result is false.
+// LineCounter, Load). On any inconsistency, or a value the program never
+// writes (a point whose world coordinates overflow a single, a load beyond a
+// single, a view other than the program's), the document is left untouched
+// and the result is false.
 bool Layout_FromBytes(std::string_view bytes, LayoutDocument& doc);
 
 // Writes the document to path through a temporary file in the same folder and
@@ -37,9 +39,22 @@ FileError Write_Layout(const LayoutDocument& doc, const std::string& path);
 // with the longest names and 32,767 dimensions. A longer file is refused from
 // its size alone.
 size_t Layout_MaxFileBytes();
-// Replaces the document by the file's content; false (document unchanged,
-// no message) when the file cannot be read, is longer than
+// Why a layout was not read.
+enum class ReadFailure { None, Missing, NoPermission, NotRegular, Unreadable, TooLarge, Empty, Damaged };
+struct LayoutRead {
+    ReadFailure Failure = ReadFailure::None;
+    // The system's error for a file that could not be opened or read (Missing,
+    // NoPermission, NotRegular, Unreadable) and for one too large (error 7).
+    FileError Error;
+    bool Ok() const { return Failure == ReadFailure::None; }
+    // The cause in a few words: "no permission", "damaged", "too large", ...
+    std::string Cause() const;
+};
+// Replaces the document by the file's content. The document is unchanged and
+// the result says why when the file cannot be read, is longer than
 // Layout_MaxFileBytes() or does not hold a layout.
+LayoutRead Read_Layout_Checked(LayoutDocument& doc, const std::string& path);
+// The same, true when the document was replaced.
 bool Read_Layout(LayoutDocument& doc, const std::string& path);
 
 // The text behind the last path separator of path (the whole text when there

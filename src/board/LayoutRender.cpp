@@ -163,7 +163,7 @@ void Pan_Ghost(DrawSurface& board, PanGhost& ghost, double x, double y, float fr
 }
 
 void Repaint(DrawSurface& board, LayoutDocument& doc, bool showSelection, const YieldFn& yield) {
-    Draw_Lines(board, doc.Lines, kLineColor, kSelectedColor, showSelection, yield);
+    Draw_Lines(board, doc.Lines, kLineColor, kSelectedColor, showSelection);
     CartesianModule::Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound, yield);
     Draw_Dims(board, doc.Dims);
     board.Refresh();

@@ -47,7 +47,8 @@ struct PanGhost {
 };
 void Pan_Ghost(DrawSurface& board, PanGhost& ghost, double x, double y, float fromX, float fromY, bool final);
 
-// The full repaint of the working display: lines, crossings, dimensions.
+// The full repaint of the working display: lines, crossings, dimensions;
+// `yield` lets window events run inside a long crossing search.
 void Repaint(DrawSurface& board, LayoutDocument& doc, bool showSelection, const YieldFn& yield = {});
 
 }  // namespace LayoutRender

@@ -64,6 +64,7 @@ MainFrm::MainFrm(QWidget* parent, const QString& commandLine) : QMainWindow(pare
 
     DrawingBoard = new BoardSurface(this);
     board_ = std::make_unique<BoardState::Board>(doc_, *DrawingBoard);
+    board_->Yield = boardPump_.AsYield();
     board_->hooks.Show_Message = [this](const BoardMessages::BoardMessage& m) { return Show_Message(m); };
     board_->hooks.Show_LineData = [this](int16_t index) { Show_LineData(index); };
     BuildMenus();

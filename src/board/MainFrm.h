@@ -14,9 +14,11 @@
 #include "board/BoardMessages.h"
 #include "board/BoardState.h"
 #include "board/CalcDisplay.h"
+#include "board/FileHandling.h"
 #include "board/PublicVariables.h"
 #include "bolt/BoltDataHandling.h"
 #include "calc/CalcVariables.h"
+#include "shell/RunPump.h"
 
 class QAction;
 class SingleInstance;
@@ -108,12 +110,14 @@ private:
     // when cancelled), which becomes a recent file. `then` runs once written.
     bool Save_Layout(bool askName, bool fromQuestion, const std::function<void()>& then = {});
     bool Open_Dialog_File();
-    void Open_Path(const QString& path);
+    // False, with a message and nothing changed, when the file cannot be read.
+    bool Open_Path(const QString& path);
     void Reset_Document();
     void Mark_Saved();
     bool Both_Empty() const;
     void Set_Caption_From_File();
     void Warn(const QString& text, bool stopIcon = true);
+    void Warn_Unread(const QString& path, const FileHandling::LayoutRead& read);
 
     // ---- The load panel of CALCULATION (MainFrmCalc.cpp) -------------------------
     void BuildLoadParamBox();
@@ -130,6 +134,8 @@ private:
     PublicVariables::LayoutDocument doc_;
     BoardSurface* DrawingBoard = nullptr;
     std::unique_ptr<BoardState::Board> board_;
+    // Serves window events from inside a long crossing search.
+    shell::ThrottledPump boardPump_;
     QString FileName_ = QStringLiteral("UnNamed.wld");
     int syncedSerial_ = -1;
     // A release ends a click when it comes where the press was, and not

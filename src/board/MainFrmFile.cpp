@@ -39,7 +39,18 @@ void MainFrm::Mark_Saved() {
 }
 
 void MainFrm::Set_Caption_From_File() {
-    setWindowTitle(ProgramTitle() + QStringLiteral(" - ") + Q(FileHandling::File_Title(S(FileName_))).toUpper());
+    setWindowTitle(ProgramTitle() + QStringLiteral(" - ") + QPath(FileHandling::File_Title(SPath(FileName_))).toUpper());
+}
+
+// What the board says of a layout it could not read.
+void MainFrm::Warn_Unread(const QString& path, const FileHandling::LayoutRead& r) {
+    using FileHandling::ReadFailure;
+    if (r.Failure == ReadFailure::Missing)
+        Warn(QStringLiteral("Cannot find ") + path.toUpper());
+    else if (r.Failure == ReadFailure::Empty || r.Failure == ReadFailure::Damaged)
+        Warn(QStringLiteral("The document's format is invalid or not supported."));
+    else
+        Warn(Q(r.Error.Message()));
 }
 
 MainFrm::Answer MainFrm::Ask_Save_Changes() {
@@ -64,7 +75,7 @@ bool MainFrm::Save_Dialog(bool fromQuestion) {
 }
 
 void MainFrm::Write_Layout() {
-    const FileHandling::FileError err = FileHandling::Write_Layout(doc_, S(FileName_));
+    const FileHandling::FileError err = FileHandling::Write_Layout(doc_, SPath(FileName_));
     if (err.Failed()) Warn(Q(err.Message()));
 }
 
@@ -85,23 +96,29 @@ void MainFrm::Reset_Document() {
     SyncUi();
 }
 
-void MainFrm::Open_Path(const QString& path) {
+// A file that cannot be read is named in a message and changes nothing: the
+// drawing keeps its name, so that no save goes over that file unasked.
+bool MainFrm::Open_Path(const QString& path) {
     board_->Hide_Marks();
+    const FileHandling::LayoutRead read = FileHandling::Read_Layout_Checked(doc_, SPath(path));
+    if (!read.Ok()) {
+        Warn_Unread(path, read);
+        return false;
+    }
     FileName_ = path;
     Set_Caption_From_File();
     recent::SaveAsRecent(FileName_);
-    FileHandling::Read_Layout(doc_, S(FileName_));
     board_->Set_Mode(BoardState::DRAW);
     board_->Show_Prompt();
     board_->Repaint(true);
     SyncUi();
+    return true;
 }
 
 bool MainFrm::Open_Dialog_File() {
     board_->Hide_Marks();
     const QString path = filedialogs::GetOpenPath(this, QStringLiteral("Open File:"));
-    if (path.isEmpty()) return false;
-    Open_Path(path);
+    if (path.isEmpty() || !Open_Path(path)) return false;
     Mark_Saved();
     return true;
 }
@@ -163,7 +180,7 @@ void MainFrm::mnuRecDocs_Click(const QString& p) {
     if (!QFileInfo::exists(p)) {
         Warn(QStringLiteral("Cannot find ") + p.toUpper());
     } else if (Both_Empty()) {
-        Open_Path(p);
+        if (!Open_Path(p)) return;
     } else {
         switch (Ask_Save_Changes()) {
         case Answer::Cancel: return;
@@ -174,7 +191,9 @@ void MainFrm::mnuRecDocs_Click(const QString& p) {
             if (!Save_Layout(askName, true, [this] { Open_Path(FileName_); })) return;
             break;
         }
-        default: Open_Path(p); break;
+        default:
+            if (!Open_Path(p)) return;
+            break;
         }
     }
     Mark_Saved();
@@ -210,10 +229,18 @@ void MainFrm::Startup(const QString& commandLine) {
         if (dot < 0 || path.mid(dot).toUpper() != QStringLiteral(".WLD")) {
             Warn(QStringLiteral("The document's format is invalid or not supported."));
         } else {
-            recent::SaveAsRecent(FileName_);
-            FileHandling::Read_Layout(doc_, S(FileName_));
-            board_->Repaint(true);
-            Set_Caption_From_File();
+            const FileHandling::LayoutRead read = FileHandling::Read_Layout_Checked(doc_, SPath(FileName_));
+            if (read.Ok()) {
+                recent::SaveAsRecent(FileName_);
+                board_->Repaint(true);
+                Set_Caption_From_File();
+            } else {
+                // Said as Open Data says it; the board starts as a new drawing
+                // with no name, so that a save cannot go over that file.
+                Warn_Unread(FileName_, read);
+                FileName_ = kUnNamed;
+                setWindowTitle(QString::fromUtf8(appinfo::kStartCaption));
+            }
         }
     } else {
         setWindowTitle(QString::fromUtf8(appinfo::kStartCaption));

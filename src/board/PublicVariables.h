@@ -4,6 +4,7 @@
 // DimensionModule and FileHandling.
 #pragma once
 
+#include <cfloat>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -71,6 +72,10 @@ using shell::YieldFn;
 // The board at its design size: 9,975 by 7,305 twips, in inches.
 constexpr double kDesignScaleWidth = 9975.0 / 1440.0;
 constexpr double kDesignScaleHeight = 7305.0 / 1440.0;
+
+// The largest magnitude of a load's eccentricity (feet) and angle (degrees):
+// that of a single, as every input of them takes it.
+constexpr double kMaxLoadValue = FLT_MAX;
 
 // A table row index is a signed 16-bit number: at most 32,767 rows.
 constexpr size_t kMaxTableRows = 32767;

@@ -107,7 +107,8 @@ bool DecodeBoltRecords(std::string_view bytes, std::vector<BoltRecord>& records,
         error = kPastEnd;
         return false;
     }
-    if (dims != 1 || lower != 0 || count < 0) {
+    // The program writes no more rows than its grid holds.
+    if (dims != 1 || lower != 0 || count < 0 || static_cast<size_t>(count) > kMaxRecords) {
         error = kBadHeader;
         return false;
     }
@@ -149,9 +150,11 @@ ReadResult BoltData_Read(std::vector<BoltRecord>& records, const std::string& pa
             if (ShowError) ShowError(error.Message());
             return ReadResult::Unreadable;
         case fileio::ReadOutcome::TooLarge:
-            Remove(path);
+            // Not the program's, but perhaps the user's: kept under another name.
+            fileio::SetAside(path);
             status = -1;
-            return ReadResult::Malformed;
+            if (ShowError) ShowError(error.Message());
+            return ReadResult::TooLarge;
         case fileio::ReadOutcome::Read:
             break;
     }

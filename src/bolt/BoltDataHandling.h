@@ -41,7 +41,8 @@ enum class ReadResult {
     Loaded,      // records replaced, status 0
     NoFile,      // no file, or an empty one (then removed): status -1, no message
     Unreadable,  // the file could not be opened or read: message shown, file left alone, status -1
-    Malformed,   // the bytes are not a table: message shown (none for a file too large), file deleted
+    TooLarge,    // longer than kMaxFileBytes: message shown, file renamed aside (fileio::SetAside), status -1
+    Malformed,   // the bytes are not a table: message shown, file deleted
 };
 
 // Receives the text of an error message ("Error No. 62:  Input past end of
@@ -56,19 +57,21 @@ using BoltDataError = fileio::IoError;
 // kMaxFileBytes.
 bool EncodeBoltRecords(const std::vector<BoltRecord>& records, std::string& bytes,
                        BoltDataError& error);
-// Reads a file image. Every count and length is checked against the bytes
-// held; false (with the error, `records` untouched) when they do not fit.
-// Bytes after the last element are ignored.
+// Reads a file image. The element count must be one the program writes (at
+// most kMaxRecords), and every count and length is checked against the bytes
+// held, before anything is allocated; false (with the error, `records`
+// untouched) when they do not fit. Bytes after the last element are ignored.
 bool DecodeBoltRecords(std::string_view bytes, std::vector<BoltRecord>& records,
                        BoltDataError& error);
 
 // Reads the file into `records` and sets `status` to 0. With no file, or an
 // empty one, `status` becomes -1 and nothing is said. A file whose bytes are
-// malformed is deleted after the error message and `status` stays as it was;
-// one longer than kMaxFileBytes is deleted without a message, `status` -1. A
-// file that cannot be opened or read (permissions, an I/O error, not a
-// regular file) is left alone after the message, `status` -1. `records` is
-// changed only when the file was loaded. No file is created.
+// malformed is deleted after the error message and `status` stays as it was.
+// One longer than kMaxFileBytes is reported ("Error No. 7:  Out of memory")
+// and renamed aside, `status` -1. A file that cannot be opened or read
+// (permissions, an I/O error, not a regular file) is left alone after the
+// message, `status` -1. `records` is changed only when the file was loaded.
+// No file is created.
 ReadResult BoltData_Read(std::vector<BoltRecord>& records, const std::string& path, int16_t& status,
                    const ErrorFn& ShowError);
 

@@ -93,8 +93,9 @@ private:
 };
 
 // Reads and decodes one file. No file, or an empty one, is the first run. A
-// file that cannot be opened or read stays where it is; one whose bytes are
-// malformed, or that is longer than any file the program writes, is deleted.
+// file that cannot be opened or read stays where it is; one longer than any
+// file the program writes is renamed aside; one whose bytes are malformed is
+// deleted.
 template <class Decode>
 FileStatus LoadFile(const fs::path& path, uintmax_t cap, Decode decode) {
     std::string bytes;
@@ -103,7 +104,10 @@ FileStatus LoadFile(const fs::path& path, uintmax_t cap, Decode decode) {
     switch (fileio::ReadWhole(path.string(), static_cast<size_t>(cap), bytes, e)) {
         case fileio::ReadOutcome::Missing: return Make(FileStatus::Outcome::FirstRun);
         case fileio::ReadOutcome::Unreadable: return Make(FileStatus::Outcome::Unreadable, e.Number);
-        case fileio::ReadOutcome::TooLarge: st = Bad(kErrOutOfMemory); break;
+        case fileio::ReadOutcome::TooLarge:
+            st = Make(FileStatus::Outcome::TooLarge, kErrOutOfMemory);
+            st.SetAsideTo = fileio::SetAside(path.string());
+            return st;
         case fileio::ReadOutcome::Read:
             if (bytes.empty()) return Make(FileStatus::Outcome::FirstRun);
             st = decode(bytes);

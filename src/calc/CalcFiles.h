@@ -4,8 +4,9 @@
 // Both are read whole when the calculator window opens and written whole when
 // it closes. Readers check every count and length against the bytes in hand.
 // A file whose bytes are malformed is deleted (Outcome::Damaged); a file that
-// cannot be opened or read at all is left alone (Outcome::Unreadable). Both
-// carry the message the window shows, and the calculator starts empty. Writers
+// cannot be opened or read at all is left alone (Outcome::Unreadable); one
+// longer than any the program writes is renamed aside (Outcome::TooLarge).
+// All carry the message the window shows, and the calculator starts empty. Writers
 // go through a temporary file in the same folder and a rename, so a failed
 // write leaves the old file intact.
 #pragma once
@@ -67,20 +68,21 @@ struct FileStatus {
     enum class Outcome {
         Loaded,    // the file was read
         FirstRun,  // no file (or an empty one): registers clear / no data
-        Damaged,     // the bytes are malformed (or too many): the file has been deleted
+        Damaged,     // the bytes are malformed: the file has been deleted
         Unreadable,  // the file could not be opened or read: it is left as it was
+        TooLarge,    // longer than any file the program writes (error 7): renamed aside
         Saved,     // the file was written
         Failed     // the file could not be written; the old one is untouched
     };
     Outcome outcome = Outcome::Loaded;
-    int32_t ErrorNumber = 0;         // set for Damaged, Unreadable and Failed
+    int32_t ErrorNumber = 0;         // set for Damaged, Unreadable, TooLarge and Failed
     std::string ErrorDescription;    // e.g. "Input past end of file"
     bool FileDeleted = false;        // Damaged: the damaged file is gone
+    std::string SetAsideTo;          // TooLarge: where the file now is ("" when it could not be moved)
 
     // True when the window must show the warning box (stop icon, MessageTitle).
-    // A data file too big to hold (error 7, out of memory) is dropped silently.
     bool ShowMessage() const {
-        return (outcome == Outcome::Damaged && ErrorNumber != 7) || outcome == Outcome::Unreadable ||
+        return outcome == Outcome::Damaged || outcome == Outcome::Unreadable || outcome == Outcome::TooLarge ||
                outcome == Outcome::Failed;
     }
     // "Error No. " & number & ":  " & description.
@@ -108,7 +110,8 @@ FileStatus Decode_Data(std::string_view bytes, DataList& data);
 
 // Clears the registers, then reads them from `path`. A missing or empty file
 // is the first run (all registers clear). A damaged file is deleted, an
-// unreadable one left alone; either way the registers stay clear.
+// unreadable one left alone, one too large renamed aside (fileio::SetAside);
+// in each case the registers stay clear.
 FileStatus Load_Registers(const std::filesystem::path& path, RegisterArray& registers);
 // Writes all registers to `path` (folder created if needed).
 FileStatus Save_Registers(const std::filesystem::path& path, const RegisterArray& registers);

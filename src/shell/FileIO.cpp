@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <climits>
 #include <cstdint>
 #include <cstdio>
@@ -160,6 +161,21 @@ void RemoveStaleTemps(const std::string& folder) {
 
 }  // namespace
 
+std::string SetAside(const std::string& path) {
+    for (int n = 1; n <= 100; ++n) {
+        const std::string aside = path + ".too-large" + (n == 1 ? "" : "-" + std::to_string(n));
+        // Never over another file: an earlier file set aside stays too.
+        if (::renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, aside.c_str(), RENAME_NOREPLACE) == 0) return aside;
+        if (errno == EEXIST) continue;
+        if (errno != EINVAL && errno != ENOSYS) return "";
+        // A file system without the exclusive rename: test, then rename.
+        struct stat st {};
+        if (::lstat(aside.c_str(), &st) == 0) continue;
+        return std::rename(path.c_str(), aside.c_str()) == 0 ? aside : "";
+    }
+    return "";
+}
+
 std::string TempPathFor(const std::string& path, long pid) {
     const size_t slash = path.find_last_of('/');
     const std::string folder = slash == std::string::npos ? "" : path.substr(0, slash + 1);
@@ -168,7 +184,11 @@ std::string TempPathFor(const std::string& path, long pid) {
     return folder + "." + name + kTempMark + std::to_string(pid);
 }
 
+void IgnoreFileSizeSignal() { std::signal(SIGXFSZ, SIG_IGN); }
+
 IoError WriteReplacing(const std::string& path, std::string_view bytes) {
+    static const bool ignored = (IgnoreFileSizeSignal(), true);
+    (void)ignored;
     if (path.empty()) return MakeError(kErrPathNotFound);
     std::string target;
     if (const int err = ResolveLinks(path, target); err != 0) return ErrnoError(err);

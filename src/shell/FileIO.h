@@ -51,6 +51,18 @@ enum class ReadOutcome {
 // `cap` bytes is TooLarge. `error` tells the reason of every outcome but Read.
 ReadOutcome ReadWhole(const std::string& path, size_t cap, std::string& bytes, IoError& error);
 
+// A write past the process's file-size limit (ulimit -f) would end the program
+// by SIGXFSZ; with the signal ignored it fails with EFBIG, which is reported
+// as a full disk ("Disk full") and leaves the old file as it was. The program
+// calls this at its start; the first save calls it too.
+void IgnoreFileSizeSignal();
+
+// Moves a file that is too large to read out of the way, so that the tool can
+// start empty without losing it: it becomes "NAME.too-large" in the same
+// folder, or "NAME.too-large-2" and on when that name is taken. Returns the
+// new path, or "" when the file could not be moved (it is then left as it is).
+std::string SetAside(const std::string& path);
+
 // Replaces the file at `path` with `bytes`: a new file in the same folder,
 // flushed to disk, then renamed over the old one, so a failed write never
 // destroys the old file. A symbolic link is followed and its target is
@@ -62,6 +74,7 @@ ReadOutcome ReadWhole(const std::string& path, size_t cap, std::string& bytes, I
 //
 // The temporary file is ".NAME.ferrolith-tmp-PID"; a save removes the ones
 // in its folder whose process is gone (a save killed midway leaves one).
+// The first save ignores SIGXFSZ (IgnoreFileSizeSignal).
 IoError WriteReplacing(const std::string& path, std::string_view bytes);
 
 // The temporary file name a save of `path` by process `pid` uses.

@@ -233,6 +233,7 @@ TEST(CalcDisplay, TypedLoadInputsAreCheckedAndRewritten) {
         {true, "0'-6\"", true, 0.5, "6\""},  {true, " 6 ", true, 0.5, "6\""},
         {true, "1'-3 1/2\"", true, 1.2916666666666667, "1'-3 1/2\""},
         {true, "", false, 0, ""},            {true, "5-3", false, 0, ""},
+        {true, "1000000000000000000000000000000000000000'", false, 0, ""},  // beyond a single
         {false, "45\xC2\xB0", true, 45, "45\xC2\xB0"}, {false, "-90", true, 270, "270\xC2\xB0"},
         {false, "725.25", true, 5.25, "5.25\xC2\xB0"}, {false, "-", false, 0, ""},
         {false, "", false, 0, ""},           {false, "4-5", false, 0, ""},

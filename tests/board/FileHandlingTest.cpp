@@ -175,6 +175,15 @@ TEST(WldFormat, BadFilesLeaveTheDocumentAlone) {
     patched("line end not a number", 42, std::numeric_limits<float>::quiet_NaN());
     patched("load angle not a number", good.size() - 18, std::numeric_limits<double>::quiet_NaN());
     patched("eccentricity infinite", good.size() - 10, std::numeric_limits<double>::infinity());
+    // Values no input of the program takes, whose arithmetic overflows or gives a wrong capacity.
+    patched("eccentricity whose inches overflow", good.size() - 10, 1e308);
+    patched("eccentricity beyond a single", good.size() - 10, -1e307);
+    patched("load angle beyond a single", good.size() - 18, 1e39);
+    patched("zoom base other than 1", 0, 2.0);
+    patched("zoom below 0", 8, -1.05);
+    patched("line length beyond any two points", 91, 1e300);
+    patched("origin far off the drawing", 24, -3e38);
+    Put(cases.back().bytes, 42, 3e38f);  // ... and a point on its far side: its world X overflows
 
     LayoutDocument doc = OneLine();
     const std::string before = Layout_Bytes(doc);
@@ -192,6 +201,7 @@ TEST(WldFormat, TablesStoredWithoutRowsComeBackBlank) {
     // A file cannot be made so by the program, but a table must never lose its
     // last row: zero rows read as the blank table.
     std::string b(32, '\0');
+    Put(b, 0, 1.0);
     Put(b, 8, 1.0);
     b += std::string("\x01\x00\x00\x00\x00\x00\x00\x00\x00\x00", 10);
     b += std::string("\x01\x00\x00\x00\x00\x00\x00\x00\x00\x00", 10);

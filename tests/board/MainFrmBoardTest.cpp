@@ -2,6 +2,8 @@
 // zoom and pan, and the document commands with their questions.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include <QAction>
 #include <QCheckBox>
 #include <QDir>
@@ -21,6 +23,7 @@
 #include "board/FileDialogs.h"
 #include "board/FileHandling.h"
 #include "board/MainFrm.h"
+#include "shell/QtText.h"
 #include "shell/RecentFiles.h"
 
 using PublicVariables::LayoutDocument;
@@ -34,7 +37,7 @@ QString WriteLayout(const QString& path, float y = 2.0f) {
     LayoutDocument doc;
     CartesianModule::Add_Drawn_Line(doc, {1.0f, y, 0}, {3.0f, y, 0});
     CartesianModule::Add_Drawn_Line(doc, {1.0f, y, 0}, {1.0f, y + 1.5f, 0});
-    EXPECT_FALSE(FileHandling::Write_Layout(doc, path.toStdString()).Failed());
+    EXPECT_FALSE(FileHandling::Write_Layout(doc, SPath(path)).Failed());
     return path;
 }
 
@@ -81,6 +84,51 @@ TEST_F(MainFrmBoard, StartupTakesOnePairOfQuotesAndRefusesOtherFiles) {
     EXPECT_EQ(dog.Seen()[0].title, "Warning:");
     EXPECT_EQ(dog.Seen()[0].icon, QMessageBox::Critical);
     EXPECT_EQ(w.windowTitle(), "Ferrolith v1.1  [INSTANTANEOUS CENTER OF ROTATION METHOD]");
+}
+
+// A layout that cannot be read is named as Open Data names it, and the board
+// starts as a new drawing without a name, so that no save goes over the file.
+TEST_F(MainFrmBoard, StartupSaysWhyALayoutIsNotReadAndStaysUnnamed) {
+    QFile(Path("damaged.wld")).open(QIODevice::WriteOnly);
+    QFile junk(Path("junk.wld"));
+    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
+    junk.write("not a layout");
+    junk.resize(8 << 20);  // past the largest layout, as well
+    junk.close();
+    QDir(dir.path()).mkdir("folder.wld");
+    const QString format = "The document's format is invalid or not supported.";
+    const std::vector<std::pair<QString, QString>> cases = {
+        {"damaged.wld", format},
+        {"junk.wld", "Error No. 7:  Out of memory"},
+        {"folder.wld", "Error No. 75:  Path/File access error"},
+        {"gone.wld", "Cannot find " + Path("gone.wld").toUpper()}};
+    for (const auto& [name, message] : cases) {
+        guitest::ModalWatchdog dog;
+        MainFrm w(nullptr, Path(name));
+        seam.open = Path(name);
+        w.action("mnuOpenData")->trigger();
+        ASSERT_EQ(dog.Seen().size(), 2) << name.toStdString();
+        EXPECT_EQ(dog.Seen()[0].text, message);
+        EXPECT_EQ(dog.Seen()[1].text, message) << "Open Data says the same";
+        EXPECT_EQ(w.windowTitle(), "Ferrolith v1.1  [INSTANTANEOUS CENTER OF ROTATION METHOD]");
+        EXPECT_EQ(w.FileName(), "UnNamed.wld");
+    }
+    EXPECT_TRUE(recent::RecentPaths().isEmpty());
+}
+
+// A name that is not UTF-8 reaches the file as its bytes, both ways.
+TEST_F(MainFrmBoard, StartupOpensAPathThatIsNotUtf8AndSavesToIt) {
+    const std::string latin1 = dir.path().toStdString() + "/caf\xE9.wld";
+    WriteLayout(QPath(latin1));
+    MainFrm w(nullptr, QPath(latin1));
+    EXPECT_EQ(CartesianModule::Line_Count(w.Document().Lines), 2);
+    w.action("mnuSaveData")->trigger();
+    LayoutDocument back;
+    EXPECT_TRUE(FileHandling::Read_Layout(back, latin1));
+    size_t files = 0;
+    for (const auto& e : std::filesystem::directory_iterator(dir.path().toStdString())) files += e.is_regular_file();
+    EXPECT_EQ(files, 1u) << "saved over the same file";
+    std::filesystem::remove(latin1);  // Qt cannot name it to remove it
 }
 
 TEST_F(MainFrmBoard, AnEmptyBoardKeepsWorldZeroOnItsLowerEdge) {
@@ -326,11 +374,15 @@ TEST_F(MainFrmBoard, AFailedReadOrWriteLosesNothing) {
     junk.write("not a layout");
     junk.close();
     MainFrm w(nullptr, good);
+    guitest::ModalWatchdog dog;
     seam.open = Path("junk.wld");
     w.action("mnuOpenData")->trigger();
     EXPECT_EQ(CartesianModule::Line_Count(w.Document().Lines), 2) << "the drawing stays";
+    EXPECT_EQ(w.FileName(), good) << "and its name";
+    ASSERT_EQ(dog.Seen().size(), 1);
+    EXPECT_EQ(dog.Seen()[0].text, "The document's format is invalid or not supported.");
 
-    guitest::ModalWatchdog dog;
+    dog.Clear();
     seam.save = Path("no/such/folder/x.wld");
     w.action("mnuSaveAs")->trigger();
     ASSERT_EQ(dog.Seen().size(), 1);

@@ -123,14 +123,19 @@ TEST_F(BoltDataFile, DamagedFilesAreReportedAndDeleted) {
     hugeCount[5] = '\x7F';
     std::string twoDims = good;
     twoDims[0] = 2;
+    // One row more than the program writes, each row complete: refused from the header.
+    std::string tooMany = good.substr(0, 10) + std::string((kMaxRecords + 1) * 18, '\0');
+    tooMany[2] = static_cast<char>((kMaxRecords + 1) & 0xFF);
+    tooMany[3] = static_cast<char>((kMaxRecords + 1) >> 8);
     const struct {
         std::string bytes;
         const char* message;
     } cases[] = {
         {good.substr(0, good.size() - 1), "Error No. 62:  Input past end of file"},
         {good.substr(0, 7), "Error No. 62:  Input past end of file"},
-        {hugeCount, "Error No. 62:  Input past end of file"},
+        {hugeCount, "Error No. 13:  Type mismatch"},
         {twoDims, "Error No. 13:  Type mismatch"},
+        {tooMany, "Error No. 13:  Type mismatch"},
     };
     for (const auto& c : cases) {
         messages_.clear();
@@ -159,7 +164,7 @@ TEST_F(BoltDataFile, AFileThatCannotBeOpenedIsReportedAndKept) {
     EXPECT_TRUE(recs.empty());
 }
 
-TEST_F(BoltDataFile, TheLargestTableFitsAndALongerFileIsDroppedUnread) {
+TEST_F(BoltDataFile, TheLargestTableFitsAndALongerFileIsReportedAndSetAside) {
     // Every text as long as a cell shows the largest double.
     const std::string longest = prim::Format(-DBL_MAX, "##,##0.000  ");
     EXPECT_EQ(longest.size(), kLongestText);
@@ -170,14 +175,19 @@ TEST_F(BoltDataFile, TheLargestTableFitsAndALongerFileIsDroppedUnread) {
     ASSERT_TRUE(EncodeBoltRecords(one, bytes, err));
     EXPECT_EQ(10 + kMaxRecords * (bytes.size() - 10), kMaxFileBytes);
 
+    // Reported and kept under another name, never over an earlier one.
+    WriteAll(path_ + ".too-large", "earlier");
     Put(std::string(SampleBytes()));
     fs::resize_file(path_, kMaxFileBytes + 1);
     std::vector<BoltRecord> recs;
     int16_t status = 0;
-    EXPECT_EQ(BoltData_Read(recs, path_, status, Collect()), ReadResult::Malformed);
+    EXPECT_EQ(BoltData_Read(recs, path_, status, Collect()), ReadResult::TooLarge);
     EXPECT_EQ(status, -1);
-    EXPECT_TRUE(messages_.empty());
+    EXPECT_EQ(messages_, std::vector<std::string>{"Error No. 7:  Out of memory"});
     EXPECT_FALSE(fs::exists(path_));
+    EXPECT_EQ(ReadAll(path_ + ".too-large"), "earlier");
+    EXPECT_EQ(fs::file_size(path_ + ".too-large-2"), kMaxFileBytes + 1);
+    EXPECT_TRUE(recs.empty());
 }
 
 TEST_F(BoltDataFile, FailedWriteKeepsTheOldFile) {

@@ -83,8 +83,6 @@ TEST(CalcFilesNames, MessageText) {
     EXPECT_EQ(st.Message(), "Error No. 62:  Input past end of file");
     EXPECT_TRUE(st.ShowMessage());
     EXPECT_STREQ(FileStatus::MessageTitle, "Warning:");
-    st.ErrorNumber = 7;
-    EXPECT_FALSE(st.ShowMessage());
     st.outcome = Outcome::FirstRun;
     EXPECT_FALSE(st.ShowMessage());
 }
@@ -328,7 +326,7 @@ TEST_F(CalcFilesDir, AFileThatCannotBeOpenedIsReportedAndKept) {
     EXPECT_EQ(Entries(), 1u);  // no temporary file left behind
 }
 
-TEST_F(CalcFilesDir, OversizedDataFileIsDroppedSilently) {
+TEST_F(CalcFilesDir, OversizedFileIsReportedAndSetAside) {
     const fs::path sdf = dir_ / kDataFileName;
     DataList full;
     full.kind = DataList::Kind::List;
@@ -343,12 +341,15 @@ TEST_F(CalcFilesDir, OversizedDataFileIsDroppedSilently) {
     ASSERT_EQ(Load_Data(sdf, back).outcome, Outcome::Loaded);
     EXPECT_EQ(back.Values.size(), kMaxDataValues);
 
-    fs::resize_file(sdf, kDataFileMax + 1);  // refused from its size alone
+    // Refused from its size alone, reported, and kept under another name.
+    fs::resize_file(sdf, kDataFileMax + 1);
     DataList data = SampleData();
     const FileStatus st = Load_Data(sdf, data);
-    EXPECT_EQ(st.outcome, Outcome::Damaged);
-    EXPECT_EQ(st.ErrorNumber, 7);
-    EXPECT_FALSE(st.ShowMessage());
+    EXPECT_EQ(st.outcome, Outcome::TooLarge);
+    EXPECT_EQ(st.Message(), "Error No. 7:  Out of memory");
+    EXPECT_TRUE(st.ShowMessage());
+    EXPECT_EQ(st.SetAsideTo, sdf.string() + ".too-large");
+    EXPECT_EQ(fs::file_size(st.SetAsideTo), kDataFileMax + 1);
     EXPECT_FALSE(fs::exists(sdf));
     EXPECT_FALSE(data.IsList());
 }

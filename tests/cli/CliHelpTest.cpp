@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -143,6 +144,57 @@ TEST(CliErrors, RefusedLengthTextSaysWhy) {
     EXPECT_EQ(r.out, "*ERROR*\n");
     EXPECT_EQ(Lines(r.err), 1u);
     EXPECT_NE(r.err.find("not a feet-and-inch length"), std::string::npos);
+}
+
+// A layout that is not read says why, in one line.
+TEST(CliErrors, UnreadLayoutSaysWhy) {
+    namespace fs = std::filesystem;
+    const fs::path dir = fs::temp_directory_path() / ("ferrolith-cli-unread-" + std::to_string(getpid()));
+    fs::create_directories(dir / "folder.wld");
+    std::ofstream(dir / "empty.wld").close();
+    std::ofstream(dir / "damaged.wld") << "not a layout";
+    std::ofstream(dir / "big.wld").close();
+    fs::resize_file(dir / "big.wld", 8 << 20);
+    fs::copy_file(FERROLITH_GOLDEN_DIR "/../../examples/angle-left.wld", dir / "locked.wld");
+    fs::permissions(dir / "locked.wld", fs::perms::none);
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"none.wld", "no such file"}, {"folder.wld", "not a regular file"}, {"empty.wld", "empty"},
+        {"damaged.wld", "damaged"},   {"big.wld", "too large"},             {"locked.wld", "no permission"}};
+    for (const auto& [name, cause] : cases) {
+        if (name == "locked.wld" && geteuid() == 0) continue;  // permissions do not hold for root
+        const std::string path = (dir / name).string();
+        const Result r = golden::RunCli({"capacity", path});
+        EXPECT_EQ(r.code, 1) << name;
+        EXPECT_EQ(r.err, "ferrolith-cli: cannot read layout " + path + ": " + cause + "\n");
+    }
+    fs::remove_all(dir);
+}
+
+// A save past the process's file-size limit is a full disk: one line, exit 1,
+// the old file as it was and no temporary file left.
+TEST(CliErrors, SavePastTheFileSizeLimitIsAFullDisk) {
+    namespace fs = std::filesystem;
+    const fs::path dir = fs::temp_directory_path() / ("ferrolith-cli-fsize-" + std::to_string(getpid()));
+    fs::create_directories(dir);
+    const std::string out = (dir / "x.wld").string();
+    ASSERT_EQ(golden::RunCli({"wld-new", out, "--line", "0,0,0,6"}).code, 0);
+    const auto before = fs::file_size(out);
+    std::string lines;
+    for (int i = 0; i < 40; ++i) lines += " --line 0," + std::to_string(i) + ",6," + std::to_string(i);
+    // 1 block of 512 bytes: the old file fits, a layout of 40 lines does not.
+    const std::string cmd = "ulimit -f 1 && exec " FERROLITH_CLI " wld-new " + out + lines + " 2>&1";
+    FILE* pipe = popen(cmd.c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    std::string said;
+    char buf[512];
+    while (fgets(buf, sizeof buf, pipe) != nullptr) said += buf;
+    const int status = pclose(pipe);
+    ASSERT_TRUE(WIFEXITED(status)) << "ended by signal " << WTERMSIG(status);
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+    EXPECT_EQ(said, "ferrolith-cli: cannot write " + out + ": Error No. 61:  Disk full\n");
+    EXPECT_EQ(fs::file_size(out), before);
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1);
+    fs::remove_all(dir);
 }
 
 // The progress line: nothing in the first second or off a terminal, redrawn

@@ -1,5 +1,6 @@
-// The BoltInputData.dat reader on arbitrary bytes: what it accepts writes back
-// as the bytes it was read from.
+// The BoltInputData.dat reader on arbitrary bytes: what it accepts holds no
+// more rows than the program writes and writes back as the bytes it was read
+// from.
 #include "FuzzCheck.h"
 #include "bolt/BoltDataHandling.h"
 
@@ -11,6 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         FUZZ_CHECK(error.Number == 62 || error.Number == 13);
         return 0;
     }
+    FUZZ_CHECK(records.size() <= BoltDataHandling::kMaxRecords);
     std::string written;
     FUZZ_CHECK(BoltDataHandling::EncodeBoltRecords(records, written, error));
     FUZZ_CHECK(StartsWith(bytes, written));

@@ -114,6 +114,9 @@ TEST(NumberWords, GroupsAndScales) {
 TEST(NumberWords, Labels) {
     EXPECT_EQ(Number_Words(5.25, "Dollar", "Cent"), "Five Dollars And Twenty Five Cents");
     EXPECT_EQ(Number_Words(1, "Dollar", "Cent"), "One Dollar");
+    // Whole digits truncated, part digits rounded: a part that rounds up to a
+    // whole carries nothing, as the procedure has it.
+    EXPECT_EQ(Number_Words(1.995, "Dollar", "Cent"), "One Dollar");
     EXPECT_EQ(Number_Words(0.01, "Dollar", "Cent"), "One Cent");
     EXPECT_EQ(Number_Words(3, "Foot", ""), "Three Foots");
     EXPECT_EQ(Number_Words(5, "", "Cent"), "Five Hundred Cents");

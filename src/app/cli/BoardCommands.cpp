@@ -148,11 +148,16 @@ void WldInfoRows(const cli::Parsed& p, const LayoutDocument& doc) {
     cli::WriteRows(p, rows);
 }
 
+// Reads a layout; "" or the message that says why it was not read.
+std::string ReadLayout(const std::string& file, LayoutDocument& doc) {
+    const FileHandling::LayoutRead r = FileHandling::Read_Layout_Checked(doc, file);
+    return r.Ok() ? "" : "cannot read layout " + cli::Quote(file) + ": " + r.Cause();
+}
+
 int WldInfo(const cli::Parsed& p) {
     if (p.positional.size() != 1) return cli::UsageError(p, "wld-info needs one FILE.wld");
     LayoutDocument doc;
-    if (!FileHandling::Read_Layout(doc, p.positional[0]))
-        return cli::Fail("cannot read layout " + cli::Quote(p.positional[0]), 1);
+    if (const std::string e = ReadLayout(p.positional[0], doc); !e.empty()) return cli::Fail(e, 1);
     if (p.format != cli::Format::Text) {
         WldInfoRows(p, doc);
         return 0;
@@ -230,7 +235,7 @@ int Capacity(const cli::Parsed& p) {
 
     const std::string& file = p.positional[0];
     LayoutDocument doc;
-    if (!FileHandling::Read_Layout(doc, file)) return cli::Fail("cannot read layout " + cli::Quote(file), 1);
+    if (const std::string e = ReadLayout(file, doc); !e.empty()) return cli::Fail(e, 1);
 
     double fexx = 0.0, size = 0.0, factor = 0.0;
     std::string caption;

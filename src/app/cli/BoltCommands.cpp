@@ -19,8 +19,8 @@ int RunBoltC(const cli::Parsed& p) {
     if (!modelcli::ReadModel(p, model, error)) return cli::UsageError(error);
     long long m = 0, n = 0;
     double v[4] = {};
-    if (!cli::ReadWhole("M", args[0], INT16_MIN, INT16_MAX, m, error) ||
-        !cli::ReadWhole("N", args[1], INT16_MIN, INT16_MAX, n, error))
+    if (!cli::ReadWhole("M", args[0], INT32_MIN, INT32_MAX, m, error) ||
+        !cli::ReadWhole("N", args[1], INT32_MIN, INT32_MAX, n, error))
         return cli::UsageError(error);
     const char* names[3] = {"SV", "SH", "EX"};
     for (int i = 0; i < 3; ++i)
@@ -28,6 +28,16 @@ int RunBoltC(const cli::Parsed& p) {
             return cli::UsageError(error);
     if (!cli::ReadNumber("ANGLE", args[5], -cli::kSingleMax, cli::kSingleMax, v[3], error))
         return cli::UsageError(error);
+
+    // What the bolt window takes: whole counts from 1, spacings above 0 and an
+    // eccentricity of 0 or more (its cells refuse a minus sign), for every model.
+    if (m < 1 || n < 1 || m > INT16_MAX || n > INT16_MAX || m * n > INT16_MAX)
+        return cli::Fail("a bolt group needs from 1 to 32767 bolts (M x N); got M = " + args[0] + ", N = " + args[1], 1);
+    for (int i = 0; i < 3; ++i)
+        if (v[i] < 0.0 || (i < 2 && v[i] == 0.0))
+            return cli::Fail(std::string(names[i]) + " must be " + (i < 2 ? "above 0" : "0 or more") + "; got " +
+                                 cli::Quote(args[2 + i]),
+                             1);
 
     const auto m16 = static_cast<int16_t>(m), n16 = static_cast<int16_t>(n);
     if (model == shell::SolverModel::AiscElement) return modelcli::BoltC(p, m16, n16, v);
@@ -61,7 +71,8 @@ const cli::Registrar kBoltC({
     "C and C' of an M by N rectangular bolt group under an eccentric load",
     {modelcli::ModelOption()},
     {"M, N    rows and columns of bolts (M x N from 1 to 32767 bolts)",
-     "SV, SH  vertical and horizontal spacing (inches); EX eccentricity of the load (inches)",
+     "SV, SH  vertical and horizontal spacing (inches, above 0); EX eccentricity of the load",
+     "        (inches, 0 or more): what the bolt window takes; other values exit 1",
      "ANGLE   load angle in degrees from vertical",
      "Prints C and C' (inches) to four decimals. Large groups take long; on a terminal a",
      "progress line shows on stderr.", cli::kLengthHelp},
