@@ -8,12 +8,12 @@
 #include <map>
 #include <string>
 
-#include "../tests/board/AllPairsCrossings.h"
-#include "board/CartesianModule.h"
+#include "../tests/support/AllPairsCrossings.h"
+#include "board/core/Viewport.h"
 
-using PublicVariables::LineRec;
-using PublicVariables::LineTable;
-using PublicVariables::PointTable;
+using Layout::LineRec;
+using Layout::LineTable;
+using Layout::PointTable;
 
 namespace {
 
@@ -49,7 +49,7 @@ void Run(benchmark::State& state, const LineTable& t) {
     int16_t flag = 0;
     for (auto _ : state) {
         if (Pruned)
-            CartesianModule::Build_Intersections(t, result, flag);
+            Viewport::Build_Intersections(t, result, flag);
         else
             reference::AllPairsCrossings(t, result, flag);
         benchmark::DoNotOptimize(result.data());

@@ -5,11 +5,11 @@
 #include <QApplication>
 #include <cmath>
 
-#include "board/BoardSurface.h"
-#include "board/CartesianModule.h"
-#include "board/LayoutRender.h"
+#include "board/ui/BoardSurface.h"
+#include "board/core/Viewport.h"
+#include "board/core/LayoutRender.h"
 
-using PublicVariables::LayoutDocument;
+using Layout::LayoutDocument;
 
 namespace {
 
@@ -20,10 +20,10 @@ LayoutDocument BigLayout() {
         const float x = 0.3f + static_cast<float>(i % 40) * 0.16f;
         const float y = 0.3f + static_cast<float>(i / 40) * 0.18f;
         const float a = static_cast<float>(i) * 0.7f;
-        CartesianModule::Add_Drawn_Line(doc, {x, y, 0}, {x + 0.2f * std::cos(a), y + 0.2f * std::sin(a), 0});
+        Viewport::Add_Drawn_Line(doc, {x, y, 0}, {x + 0.2f * std::cos(a), y + 0.2f * std::sin(a), 0});
     }
     for (int i = 0; i < 200; ++i) {
-        CartesianModule::Add_Dim_Slot(doc.Dims);
+        Viewport::Add_Dim_Slot(doc.Dims);
         auto& d = doc.Dims.back();
         const float x = 0.4f + static_cast<float>(i % 20) * 0.3f;
         const float y = 0.4f + static_cast<float>(i / 20) * 0.45f;
@@ -68,7 +68,7 @@ BENCHMARK(BM_DrawOnly)->Unit(benchmark::kMillisecond);
 void BM_Intersections(benchmark::State& state) {
     LayoutDocument doc = BigLayout();
     for (auto _ : state)
-        CartesianModule::Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound);
+        Viewport::Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound);
 }
 BENCHMARK(BM_Intersections)->Unit(benchmark::kMillisecond);
 

@@ -2,17 +2,17 @@
 // group, with and without a yield callback of the kind the window passes.
 #include <benchmark/benchmark.h>
 
-#include "bolt/BoltFunctions.h"
+#include "bolt/core/BoltSolver.h"
 
 namespace {
 
 void Run(benchmark::State& state, int16_t m, int16_t n, double ex, double angle, bool withYield) {
-    BoltFunctions::BoltRunInfo info;
+    bolt::BoltRunInfo info;
     int64_t yields = 0;
-    BoltFunctions::YieldFn yield;
+    bolt::YieldFn yield;
     if (withYield) yield = [&yields] { ++yields; };
     for (auto _ : state) {
-        auto c = BoltFunctions::BoltGroup_C(m, n, 3.0, 3.0, ex, angle, yield, &info);
+        auto c = bolt::BoltGroup_C(m, n, 3.0, 3.0, ex, angle, yield, &info);
         benchmark::DoNotOptimize(c);
     }
     state.counters["passes"] = info.Passes;
@@ -27,7 +27,7 @@ void BM_BoltC_12x2_ex36_angle45(benchmark::State& s) { Run(s, 12, 2, 36.0, 45.0,
 void BM_BoltC_12x2_ex36_angle45_yield(benchmark::State& s) { Run(s, 12, 2, 36.0, 45.0, true); }
 void BM_BoltC_3x2_settled(benchmark::State& s) { Run(s, 3, 2, 6.0, 0.0, false); }
 void BM_BoltCPrime_20x4(benchmark::State& state) {
-    for (auto _ : state) benchmark::DoNotOptimize(BoltFunctions::BoltGroup_CPrime(20, 4, 3.0, 3.0));
+    for (auto _ : state) benchmark::DoNotOptimize(bolt::BoltGroup_CPrime(20, 4, 3.0, 3.0));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // The capacity window's run path against the headless solver on one layout.
-//   WindowRun     the whole run in CalculateFrm (offscreen): passes shown in
+//   WindowRun     the whole run in CapacityWindow (offscreen): passes shown in
 //                 the display through the throttled pump
 //   WindowOpenOnly  opening the window with a run that has nothing to iterate
 //   HeadlessRun   the same solve with no window, no display and no yield
@@ -17,24 +17,24 @@
 #include <QStandardPaths>
 #include <QTimer>
 
-#include "board/CartesianModule.h"
-#include "board/WeldUnitCapacity.h"
-#include "shell/SettingsStore.h"
-#include "weld/CalculateFrm.h"
-#include "weld/WeldStrength.h"
+#include "board/core/Viewport.h"
+#include "board/core/CapacityHandOver.h"
+#include "shell/ui/SettingsStore.h"
+#include "board/ui/CapacityWindow.h"
+#include "weld/core/WeldStrength.h"
 
 namespace {
 
-using PublicVariables::LayoutDocument;
+using Layout::LayoutDocument;
 
 // A closed box 50 by 180 in, load on the right at 30 degrees, 2 ft out:
 // long enough to time, small enough for 1/64" (29,440 segments).
 LayoutDocument BenchLayout() {
-    namespace cm = CartesianModule;
+    namespace cm = Viewport;
     LayoutDocument doc;
     const double pts[4][4] = {{0, 0, 50, 0}, {50, 0, 50, 180}, {50, 180, 0, 180}, {0, 180, 0, 0}};
     for (const auto& p : pts) {
-        PublicVariables::PointRec a, b;
+        Layout::PointRec a, b;
         a.X = cm::To_BoardX(doc, p[0]);
         a.Y = cm::To_BoardY(doc, p[1]);
         b.X = cm::To_BoardX(doc, p[2]);
@@ -53,7 +53,7 @@ void SetStrip(int index) {
     settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", "SolverModel", "iterative");
 }
 
-void WaitForEnd(CalculateFrm& frm) {
+void WaitForEnd(CapacityWindow& frm) {
     auto* cbox = frm.findChild<QLineEdit*>("CBox");
     while (frm.RunActive() || cbox->text().isEmpty()) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
 }
@@ -64,7 +64,7 @@ constexpr int kStrip = 2;  // 1/16"
 void TimeWindowRuns(benchmark::State& st, const LayoutDocument& doc) {
     SetStrip(kStrip);
     for (auto _ : st) {
-        CalculateFrm frm(doc);
+        CapacityWindow frm(doc);
         QElapsedTimer t;
         t.start();
         frm.show();
@@ -89,11 +89,11 @@ BENCHMARK(WindowOpenOnly)->UseManualTime()->Unit(benchmark::kMillisecond)->Itera
 void HeadlessRun(benchmark::State& st) {
     const LayoutDocument doc = BenchLayout();
     for (auto _ : st) {
-        WeldFunctions::WeldRunState state;
+        weld::WeldRunState state;
         WeldStrength::SegmentsPerInchOf(kStrip, state.SegmentsPerInch);
         state.IterationStop = 0;
-        WeldFunctions::SolveReport rep;
-        benchmark::DoNotOptimize(WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc, state, {}, &rep));
+        weld::SolveReport rep;
+        benchmark::DoNotOptimize(weld::Weld_UnitCapacity(1.0, 1.0, doc, state, {}, &rep));
         st.counters["passes"] = static_cast<double>(rep.Passes);
     }
 }
@@ -104,7 +104,7 @@ void StopLatency(benchmark::State& st) {
     SetStrip(static_cast<int>(st.range(0)));
     double worst = 0;
     for (auto _ : st) {
-        CalculateFrm frm(doc);
+        CapacityWindow frm(doc);
         auto* stop = frm.findChild<QPushButton*>("StopIterationButton");
         QElapsedTimer t;
         t.start();

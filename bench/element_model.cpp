@@ -5,8 +5,8 @@
 //   (d) a whole table of 15 k by 20 a for one configuration at 1/32"
 #include <benchmark/benchmark.h>
 
-#include "bolt/BoltElementModel.h"
-#include "weld/WeldElementModel.h"
+#include "bolt/core/BoltElementModel.h"
+#include "weld/core/WeldElementModel.h"
 
 using namespace WeldElementModel;
 
@@ -19,7 +19,7 @@ void Report(benchmark::State& st, const ElementReport& rep) {
 }
 
 void BM_Line320(benchmark::State& st) {
-    const WeldLineTable line = {WeldFunctions::WeldLineRec{0, 0, 0, 10}};
+    const WeldLineTable line = {weld::WeldLineRec{0, 0, 0, 10}};
     ElementReport rep;
     for (auto _ : st) {
         rep = Solve(line, 5.0, static_cast<double>(st.range(0)), 70, 0.25, 32);

@@ -10,9 +10,9 @@
 #include <chrono>
 #include <cstdint>
 
-#include "weld/WeldFunctions.h"
+#include "weld/core/InstantaneousCenter.h"
 
-using namespace WeldFunctions;
+using namespace weld;
 
 namespace {
 

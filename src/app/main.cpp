@@ -4,12 +4,12 @@
 #include <cstdio>
 #include <cstring>
 
-#include "board/MainFrm.h"
-#include "calc/CalcMainFrm.h"
-#include "calc/CalcVariables.h"
-#include "shell/FileIO.h"
-#include "shell/QtText.h"
-#include "shell/SingleInstance.h"
+#include "board/ui/MainWindow.h"
+#include "calc/ui/CalculatorWindow.h"
+#include "calc/core/CalculatorState.h"
+#include "shell/core/FileIO.h"
+#include "shell/ui/QtText.h"
+#include "shell/ui/SingleInstance.h"
 
 namespace {
 
@@ -56,8 +56,8 @@ int main(int argc, char** argv) {
         // One calculator per user: a second start hands over to the first,
         // which restores and raises its window, and ends.
         if (!calcGuard.IsFirst() && calcGuard.HandOver()) return 0;
-        CalcVariables state;
-        CalcMainFrm calc(state);
+        CalculatorState state;
+        CalculatorWindow calc(state);
         QObject::connect(&calcGuard, &SingleInstance::ShowRequested, &calc, [&calc] {
             calc.show();
             SingleInstance::Raise(&calc);
@@ -67,7 +67,7 @@ int main(int argc, char** argv) {
     }
     // One document path, as the shell hands it, byte for byte (Qt has taken
     // its own options out of argv).
-    MainFrm w(nullptr, argc > 1 ? QPath(argv[1]) : QString());
+    MainWindow w(nullptr, argc > 1 ? QPath(argv[1]) : QString());
     w.SetCalculatorGuard(&calcGuard);
     QObject::connect(&calcGuard, &SingleInstance::ShowRequested, &w, [&w] {
         w.action(QStringLiteral("mnuSciCal"))->trigger();

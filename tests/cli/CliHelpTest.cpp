@@ -14,8 +14,8 @@
 #include "CalcKeyList.h"
 #include "GoldenFile.h"
 #include "Progress.h"
-#include "calc/CalcKeys.h"
-#include "calc/CalcProcs.h"
+#include "calc/core/CalcKeys.h"
+#include "calc/core/CalculatorEngine.h"
 
 namespace {
 
@@ -228,12 +228,12 @@ TEST(CalcKeys, ListFollowsTheKeyTable) {
     for (const auto& k : cli::CalcKeyList()) {
         EXPECT_FALSE(k.does.empty()) << k.token;
         if (k.engineKey) {
-            EXPECT_TRUE(CalcProcs::Is_Key_Token(k.token)) << k.token;
+            EXPECT_TRUE(Calculator::Is_Key_Token(k.token)) << k.token;
         }
         listed.push_back(k.token.substr(0, k.token.find(':')));
     }
-    for (const CalcProcs::KeyDef& k : CalcProcs::Key_Table()) {
-        if (k.kind == CalcProcs::KeyKind::Window || k.kind == CalcProcs::KeyKind::Digit) continue;
+    for (const Calculator::KeyDef& k : Calculator::Key_Table()) {
+        if (k.kind == Calculator::KeyKind::Window || k.kind == Calculator::KeyKind::Digit) continue;
         EXPECT_NE(std::find(listed.begin(), listed.end(), k.token), listed.end()) << k.token;
         EXPECT_NE(cli::KeyDescription(k.token), "") << k.token;
     }

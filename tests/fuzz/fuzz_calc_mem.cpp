@@ -3,17 +3,17 @@
 #include <cmath>
 
 #include "FuzzCheck.h"
-#include "calc/CalcFiles.h"
+#include "calc/core/CalculatorFiles.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string_view bytes = FuzzBytes(data, size);
-    CalcFiles::RegisterArray registers;
-    const CalcFiles::FileStatus st = CalcFiles::Decode_Registers(bytes, registers);
-    if (st.outcome != CalcFiles::FileStatus::Outcome::Loaded) {
-        FUZZ_CHECK(st.outcome == CalcFiles::FileStatus::Outcome::Damaged && st.ErrorNumber != 0);
+    CalculatorFiles::RegisterArray registers;
+    const CalculatorFiles::FileStatus st = CalculatorFiles::Decode_Registers(bytes, registers);
+    if (st.outcome != CalculatorFiles::FileStatus::Outcome::Loaded) {
+        FUZZ_CHECK(st.outcome == CalculatorFiles::FileStatus::Outcome::Damaged && st.ErrorNumber != 0);
         return 0;
     }
     for (const auto& r : registers) FUZZ_CHECK(std::isfinite(r.Value));
-    FUZZ_CHECK(StartsWith(bytes, CalcFiles::Encode_Registers(registers)));
+    FUZZ_CHECK(StartsWith(bytes, CalculatorFiles::Encode_Registers(registers)));
     return 0;
 }

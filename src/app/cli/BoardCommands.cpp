@@ -9,19 +9,19 @@
 #include "Cli.h"
 #include "ModelCli.h"
 #include "WeldCli.h"
-#include "board/CartesianModule.h"
-#include "board/DimensionModule.h"
-#include "board/FileHandling.h"
-#include "board/PublicVariables.h"
-#include "shell/Primitives.h"
-#include "weld/WeldFunctions.h"
-#include "weld/WeldStrength.h"
-#include "board/WeldUnitCapacity.h"
+#include "board/core/Viewport.h"
+#include "board/core/Dimensions.h"
+#include "board/core/LayoutFile.h"
+#include "board/core/LayoutDocument.h"
+#include "shell/core/Primitives.h"
+#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldStrength.h"
+#include "board/core/CapacityHandOver.h"
 
 namespace {
 
-using namespace PublicVariables;
-namespace cm = CartesianModule;
+using namespace Layout;
+namespace cm = Viewport;
 
 // The shortest text that reads back as the same single.
 std::string SingleText(float v) {
@@ -95,7 +95,7 @@ int WldNew(const cli::Parsed& p) {
     doc.DimsSaved = doc.Dims;
 
     const std::string& out = p.positional[0];
-    const FileHandling::FileError e = FileHandling::Write_Layout(doc, out);
+    const LayoutFile::FileError e = LayoutFile::Write_Layout(doc, out);
     if (e.Number != 0)
         return cli::Fail("cannot write " + cli::Quote(out) + ": Error No. " + std::to_string(e.Number) + ":  " +
                              e.Description,
@@ -150,7 +150,7 @@ void WldInfoRows(const cli::Parsed& p, const LayoutDocument& doc) {
 
 // Reads a layout; "" or the message that says why it was not read.
 std::string ReadLayout(const std::string& file, LayoutDocument& doc) {
-    const FileHandling::LayoutRead r = FileHandling::Read_Layout_Checked(doc, file);
+    const LayoutFile::LayoutRead r = LayoutFile::Read_Layout_Checked(doc, file);
     return r.Ok() ? "" : "cannot read layout " + cli::Quote(file) + ": " + r.Cause();
 }
 
@@ -251,10 +251,10 @@ int Capacity(const cli::Parsed& p) {
     if (model == shell::SolverModel::AiscElement)
         return modelcli::Capacity(p, doc, opt.stripIndex, fexx, size, factor, caption, head);
     weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses, "capacity");
-    const double unit = WeldFunctions::Weld_UnitCapacity(1.0, 1.0, doc, run.state, run.hooks, &run.report);
+    const double unit = weld::Weld_UnitCapacity(1.0, 1.0, doc, run.state, run.hooks, &run.report);
     if (const int rc = run.Check(p, head); rc != 0) return rc;
     const double shown = WeldStrength::DisplayedCapacity(fexx, unit, size, factor);
-    const auto element = WeldFunctions::Board_ElementCheck(doc, run.state.SegmentsPerInch);
+    const auto element = weld::Board_ElementCheck(doc, run.state.SegmentsPerInch);
     const weldcli::CrossCheck check = weldcli::CheckAgainstElementModel(
         p, shown,
         [&]() -> std::optional<double> {

@@ -6,8 +6,8 @@
 #include "ModelCli.h"
 #include "Output.h"
 #include "Progress.h"
-#include "bolt/BoltFunctions.h"
-#include "shell/Primitives.h"
+#include "bolt/core/BoltSolver.h"
+#include "shell/core/Primitives.h"
 
 namespace {
 
@@ -41,11 +41,11 @@ int RunBoltC(const cli::Parsed& p) {
 
     const auto m16 = static_cast<int16_t>(m), n16 = static_cast<int16_t>(n);
     if (model == shell::SolverModel::AiscElement) return modelcli::BoltC(p, m16, n16, v);
-    const auto cPrime = BoltFunctions::BoltGroup_CPrime(m16, n16, v[0], v[1]);
+    const auto cPrime = bolt::BoltGroup_CPrime(m16, n16, v[0], v[1]);
     std::optional<double> c;
     {
         cli::Progress progress("bolt-c");
-        c = BoltFunctions::BoltGroup_C(m16, n16, v[0], v[1], v[2], v[3], [&progress] { progress.Tick(); });
+        c = bolt::BoltGroup_C(m16, n16, v[0], v[1], v[2], v[3], [&progress] { progress.Tick(); });
     }
     if (!cPrime || !c)
         return cli::Fail("a bolt group needs from 1 to 32767 bolts (M x N); got M = " + args[0] + ", N = " + args[1], 1);

@@ -6,10 +6,10 @@
 #include "CalcKeyList.h"
 #include "Cli.h"
 #include "Output.h"
-#include "calc/CalcProcs.h"
-#include "calc/CalcVariables.h"
-#include "calc/ConstantModule.h"
-#include "shell/Primitives.h"
+#include "calc/core/CalculatorEngine.h"
+#include "calc/core/CalculatorState.h"
+#include "calc/core/Constants.h"
+#include "shell/core/Primitives.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ bool RegisterKey(const std::string& arg, const std::string& key, long& number) {
     if (colon == std::string::npos || arg.substr(0, colon) != key) return false;
     long long n = 0;
     std::string error;
-    if (!cli::ReadWhole(key, arg.substr(colon + 1), 1, CalcFiles::kRegisterCount, n, error)) return false;
+    if (!cli::ReadWhole(key, arg.substr(colon + 1), 1, CalculatorFiles::kRegisterCount, n, error)) return false;
     number = static_cast<long>(n);
     return true;
 }
@@ -44,21 +44,21 @@ int RunCalc(const cli::Parsed& p) {
         (hasSci && !cli::ReadWhole("--sci", p.Value("--sci"), 0, 14, places, error)))
         return cli::UsageError(error);
 
-    CalcVariables s;
-    CalcProcs::Initial_Routine(s);
-    ConstantModule::Load_Constants(s.Constants);
-    if (rad) CalcProcs::Set_Angle_Mode(s, 'R');
-    if (grad) CalcProcs::Set_Angle_Mode(s, 'G');
+    CalculatorState s;
+    Calculator::Initial_Routine(s);
+    Constants::Load_Constants(s.Constants);
+    if (rad) Calculator::Set_Angle_Mode(s, 'R');
+    if (grad) Calculator::Set_Angle_Mode(s, 'G');
     if (hasFix || hasSci) {
         if (hasFix)
-            CalcProcs::FxnButton_Click(s);
+            Calculator::FxnButton_Click(s);
         else
-            CalcProcs::ScnButton_Click(s);
-        CalcProcs::PrecBox_Click(s, static_cast<int>(places));
+            Calculator::ScnButton_Click(s);
+        Calculator::PrecBox_Click(s, static_cast<int>(places));
     }
 
     long chosen = 0;
-    s.ShowRegisterWindow = [&chosen](CalcVariables& st) {
+    s.ShowRegisterWindow = [&chosen](CalculatorState& st) {
         st.RegisterChoice = static_cast<int16_t>(chosen - 1);
         if (st.MemoryAction == RegisterAction::Delete && chosen >= 1) {
             st.Registers[static_cast<size_t>(chosen - 1)] = {};
@@ -69,13 +69,13 @@ int RunCalc(const cli::Parsed& p) {
         std::vector<std::string> keys;
         if (cli::NumberKeys(arg, keys, error)) {
             if (!error.empty()) return cli::UsageError(error);
-            for (const std::string& k : keys) CalcProcs::Press_Key(s, k);
+            for (const std::string& k : keys) Calculator::Press_Key(s, k);
             continue;
         }
         bool reg = false;
-        for (const auto& key : CalcProcs::Key_Table()) {
+        for (const auto& key : Calculator::Key_Table()) {
             if (key.registerAction && RegisterKey(arg, key.token, chosen)) {
-                CalcProcs::Press_Key(s, key.token);
+                Calculator::Press_Key(s, key.token);
                 reg = true;
                 break;
             }
@@ -84,34 +84,34 @@ int RunCalc(const cli::Parsed& p) {
         // "cnst:N" picks row N of the constant table, as a click and OK would.
         if (arg.rfind("cnst:", 0) == 0) {
             long long row = 0;
-            if (!cli::ReadWhole("cnst", arg.substr(5), 1, ConstantModule::kConstantCount, row, error))
+            if (!cli::ReadWhole("cnst", arg.substr(5), 1, Constants::kConstantCount, row, error))
                 return cli::UsageError(error);
-            s.ShowConstantWindow = [row](CalcVariables& st) {
+            s.ShowConstantWindow = [row](CalculatorState& st) {
                 st.ConstantChoice = "  " + prim::PlainText(st.Constants.ConstantData[static_cast<size_t>(row - 1)].Value);
             };
-            CalcProcs::Press_Key(s, "cnst");
+            Calculator::Press_Key(s, "cnst");
             s.ShowConstantWindow = nullptr;
             continue;
         }
         // Mode switches of the window's option buttons, usable between keys.
         long long n = 0;
         if (arg == "deg" || arg == "rad" || arg == "grad") {
-            CalcProcs::Set_Angle_Mode(s, arg == "rad" ? 'R' : arg == "grad" ? 'G' : 'D');
+            Calculator::Set_Angle_Mode(s, arg == "rad" ? 'R' : arg == "grad" ? 'G' : 'D');
             continue;
         }
         if (arg == "norm") {
-            CalcProcs::StdButton_Click(s);
+            Calculator::StdButton_Click(s);
             continue;
         }
         if ((arg.rfind("fix:", 0) == 0 || arg.rfind("sci:", 0) == 0) && cli::ReadWhole(arg.substr(0, 3), arg.substr(4), 0, 14, n, error)) {
             if (arg[0] == 'f')
-                CalcProcs::FxnButton_Click(s);
+                Calculator::FxnButton_Click(s);
             else
-                CalcProcs::ScnButton_Click(s);
-            CalcProcs::PrecBox_Click(s, static_cast<int>(n));
+                Calculator::ScnButton_Click(s);
+            Calculator::PrecBox_Click(s, static_cast<int>(n));
             continue;
         }
-        if (!CalcProcs::Press_Key(s, arg))
+        if (!Calculator::Press_Key(s, arg))
             return cli::UsageError("unknown calculator key " + cli::Quote(arg) + " (see ferrolith-cli calc --keys)");
     }
     if (p.format != cli::Format::Text)

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "Cli.h"
-#include "calc/CalcKeys.h"
+#include "calc/core/CalcKeys.h"
 
 namespace cli {
 
@@ -82,7 +82,7 @@ const std::map<std::string, std::string>& Descriptions() {
 }
 
 // Keys the command gives a register or row number: "kin:12".
-bool TakesNumber(const CalcProcs::KeyDef& k) { return k.registerAction.has_value() || std::string(k.token) == "cnst"; }
+bool TakesNumber(const Calculator::KeyDef& k) { return k.registerAction.has_value() || std::string(k.token) == "cnst"; }
 
 }  // namespace
 
@@ -97,8 +97,8 @@ const std::vector<CalcKeyInfo>& CalcKeyList() {
             {"0-9", "digit keys (a whole number such as 100, 2.5, -3 or 1.5e3 is typed as its keys)", false}};
         // Every key of the calculator's own table, in key pad order; the
         // window's own keys (clock, data window) have no token here.
-        for (const CalcProcs::KeyDef& k : CalcProcs::Key_Table()) {
-            if (k.kind == CalcProcs::KeyKind::Window || k.kind == CalcProcs::KeyKind::Digit) continue;
+        for (const Calculator::KeyDef& k : Calculator::Key_Table()) {
+            if (k.kind == Calculator::KeyKind::Window || k.kind == Calculator::KeyKind::Digit) continue;
             std::string does = KeyDescription(k.token);
             if (does.empty()) does = k.word != nullptr && *k.word != 0 ? k.word : k.caption;
             out.push_back({std::string(k.token) + (TakesNumber(k) ? ":N" : ""), does, !TakesNumber(k)});

@@ -7,8 +7,8 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "shell/Primitives.h"
-#include "units/ImperialProc.h"
+#include "shell/core/Primitives.h"
+#include "units/core/ImperialText.h"
 
 namespace cli {
 
@@ -256,7 +256,7 @@ bool ReadLength(const std::string& what, const std::string& text, bool feet, dou
         error = plainError;
         return false;
     }
-    const prim::Variant r = ImperialProc::Imperial_Value(text, feet ? "FT" : "IN");
+    const prim::Variant r = Imperial::Imperial_Value(text, feet ? "FT" : "IN");
     if (!r.IsNumber()) {
         error = what + ": not a length: " + Quote(text) + " (write 5'-3 1/2\", 5', 6\" or a plain number)";
         return false;

@@ -7,8 +7,8 @@
 
 #include "Cli.h"
 #include "Output.h"
-#include "board/PublicVariables.h"
-#include "shell/SolverModel.h"
+#include "board/core/LayoutDocument.h"
+#include "shell/core/SolverModel.h"
 
 namespace modelcli {
 
@@ -25,7 +25,7 @@ int WeldC(const cli::Parsed& p, int16_t config, const double (&v)[4], int stripI
 
 // capacity by the element model: the same two lines as the system's run;
 // `head` leads the csv and json row.
-int Capacity(const cli::Parsed& p, const PublicVariables::LayoutDocument& doc, int stripIndex, double fexx,
+int Capacity(const cli::Parsed& p, const Layout::LayoutDocument& doc, int stripIndex, double fexx,
              double size, double factor, const std::string& caption, const cli::Row& head);
 
 // bolt-c by the element model: "C C'" with four decimals.

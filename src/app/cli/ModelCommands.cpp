@@ -12,13 +12,13 @@
 #include "Output.h"
 #include "Progress.h"
 #include "WeldCli.h"
-#include "board/WeldUnitCapacity.h"
-#include "bolt/BoltElementModel.h"
-#include "bolt/BoltFunctions.h"
-#include "shell/Primitives.h"
-#include "weld/WeldElementModel.h"
-#include "weld/WeldFunctions.h"
-#include "weld/WeldStrength.h"
+#include "board/core/CapacityHandOver.h"
+#include "bolt/core/BoltElementModel.h"
+#include "bolt/core/BoltSolver.h"
+#include "shell/core/Primitives.h"
+#include "weld/core/WeldElementModel.h"
+#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldStrength.h"
 
 namespace modelcli {
 
@@ -142,7 +142,7 @@ std::string StripText(int stripIndex) { return "strip 1/" + std::to_string(Strip
 std::optional<double> IterativeC(int16_t config, double L, double k, double a, double angle, int stripIndex,
                                  long long maxPasses, cli::Progress& progress) {
     weldcli::LimitedRun run(stripIndex, maxPasses, progress);
-    const double c = WeldFunctions::Config_ByNumber(config, L, k * L, a * L, angle, WeldFunctions::kSelectC, run.state,
+    const double c = weld::Config_ByNumber(config, L, k * L, a * L, angle, weld::kSelectC, run.state,
                                                     run.hooks, &run.report);
     if (run.report.Refused || !(run.report.Converged || run.report.Concentric)) return std::nullopt;
     return c;
@@ -237,7 +237,7 @@ int BoltTable(const cli::Parsed& p) {
             if (model == SolverModel::AiscElement)
                 row.push_back(value(BoltElementModel::BoltGroup_C(m, cols, sv, sh, ex, angle)));
             else
-                row.push_back(BoltFunctions::BoltGroup_C(m, cols, sv, sh, ex, angle, [&] {
+                row.push_back(bolt::BoltGroup_C(m, cols, sv, sh, ex, angle, [&] {
                     progress.Tick("cell " + std::to_string(done + 1) + " of " + cells);
                 }));
             ++done;
@@ -245,7 +245,7 @@ int BoltTable(const cli::Parsed& p) {
         if (model == SolverModel::AiscElement)
             row.push_back(value(BoltElementModel::BoltGroup_CPrime(m, cols, sv, sh)));
         else
-            row.push_back(BoltFunctions::BoltGroup_CPrime(m, cols, sv, sh));
+            row.push_back(bolt::BoltGroup_CPrime(m, cols, sv, sh));
         for (size_t i = 0; i < exs.size(); ++i)
             t.machine.push_back({{"n", cli::Num(nv)},
                                  {"ex_in", cli::Num(exs[i])},
@@ -319,7 +319,7 @@ int WeldC(const cli::Parsed& p, int16_t config, const double (&v)[4], int stripI
     const double c = WeldElementModel::Config_C(config, v[0], v[1], v[2], v[3], Strip(stripIndex), &rep);
     if (rep.Refused) return cli::Fail("nothing to solve: no weld, or more than 1000000 elements", 1);
     // As the system's run shows it: from the centroid, in the units of L.
-    const double s = WeldFunctions::Config_Scale(v[0], config == 1 ? 0.0 : v[1]);
+    const double s = weld::Config_Scale(v[0], config == 1 ? 0.0 : v[1]);
     if (!rep.Converged) return NoEquilibrium(p, rep.Motion, rep.CentroidX, rep.CentroidY);
     if (p.format != cli::Format::Text) {
         cli::Row row = {ModelField(SolverModel::AiscElement), {"C", cli::Num(c)}, {"converged", cli::Flag(true)},
@@ -341,9 +341,9 @@ int WeldC(const cli::Parsed& p, int16_t config, const double (&v)[4], int stripI
     return 0;
 }
 
-int Capacity(const cli::Parsed& p, const PublicVariables::LayoutDocument& doc, int stripIndex, double fexx,
+int Capacity(const cli::Parsed& p, const Layout::LayoutDocument& doc, int stripIndex, double fexx,
              double size, double factor, const std::string& caption, const cli::Row& head) {
-    const WeldElementModel::ElementReport rep = WeldFunctions::Weld_ElementCapacity(1.0, 1.0, doc, Strip(stripIndex));
+    const WeldElementModel::ElementReport rep = weld::Weld_ElementCapacity(1.0, 1.0, doc, Strip(stripIndex));
     if (rep.Refused) return cli::Fail("nothing to solve: no weld, or more than 1000000 elements", 1);
     if (!rep.Converged) return NoEquilibrium(p, rep.Motion, rep.CentroidX, rep.CentroidY);
     const double shown = WeldStrength::DisplayedCapacity(fexx, rep.Capacity, size, factor);

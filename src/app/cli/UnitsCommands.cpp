@@ -4,8 +4,8 @@
 
 #include "Cli.h"
 #include "Output.h"
-#include "shell/Primitives.h"
-#include "units/ImperialProc.h"
+#include "shell/core/Primitives.h"
+#include "units/core/ImperialText.h"
 
 namespace {
 
@@ -21,9 +21,9 @@ int ArchValue(const cli::Parsed& p) {
     if (u != "IN" && u != "FT") return cli::UsageError("--unit must be IN or FT, not " + cli::Quote(p.Value("--unit")));
     if (p.positional.size() != 1) return cli::UsageError(p, "arch-value takes one TEXT");
     const std::string& text = p.positional[0];
-    const prim::Variant v = ImperialProc::Imperial_Value(text, u);
+    const prim::Variant v = Imperial::Imperial_Value(text, u);
     if (!v.IsNumber()) {
-        if (p.format == cli::Format::Text) std::cout << ImperialProc::kError << "\n";
+        if (p.format == cli::Format::Text) std::cout << Imperial::kError << "\n";
         return cli::Fail("not a feet-and-inch length: " + cli::Quote(text) +
                              " (forms: 5'-3 1/2\", 5', 3 1/2\", 63.5; a blank only before a fraction)",
                          1);
@@ -46,7 +46,7 @@ int ArchText(const cli::Parsed& p) {
     const double max = words ? kWordsFeetMax : kTextFeetMax;
     double feet = 0;
     if (!cli::ReadLength("FEET", p.positional[0], true, -max, max, feet, error)) return cli::UsageError(error);
-    const std::string text = ImperialProc::Imperial_Text(feet, 16, static_cast<int16_t>(mode), words ? -1 : 0);
+    const std::string text = Imperial::Imperial_Text(feet, 16, static_cast<int16_t>(mode), words ? -1 : 0);
     if (p.format != cli::Format::Text)
         cli::WriteRows(p, {{{"feet", cli::Num(feet)}, {"text", cli::Txt(text)}}});
     else
@@ -62,7 +62,7 @@ int Words(const cli::Parsed& p) {
     double v = 0;
     std::string error;
     if (!cli::ReadNumber("NUMBER", p.positional[0], -max, max, v, error)) return cli::UsageError(error);
-    const std::string text = ImperialProc::Number_Words(v, p.Value("--whole"), p.Value("--part"));
+    const std::string text = Imperial::Number_Words(v, p.Value("--whole"), p.Value("--part"));
     if (p.format != cli::Format::Text)
         cli::WriteRows(p, {{{"number", cli::Num(v)}, {"words", cli::Txt(text)}}});
     else

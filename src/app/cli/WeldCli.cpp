@@ -2,9 +2,9 @@
 
 #include <iostream>
 
-#include "shell/Primitives.h"
-#include "weld/RunControl.h"
-#include "weld/WeldStrength.h"
+#include "shell/core/Primitives.h"
+#include "weld/core/RunControl.h"
+#include "weld/core/WeldStrength.h"
 
 namespace weldcli {
 
@@ -63,7 +63,7 @@ LimitedRun::LimitedRun(int stripIndex, long long passes, cli::Progress& shared)
 
 void LimitedRun::Start(int stripIndex) {
     WeldStrength::SegmentsPerInchOf(stripIndex, state.SegmentsPerInch);
-    state.DisplayTarget = WeldFunctions::kDisplayCapacity;
+    state.DisplayTarget = weld::kDisplayCapacity;
     state.IterationResume = 0;
     state.IterationStop = maxPasses == 0 ? -1 : 0;
     hooks.DisplayCapacity = [this](double, double x, double y, double divisor, bool) {

@@ -10,8 +10,8 @@
 #include "Cli.h"
 #include "Output.h"
 #include "Progress.h"
-#include "shell/ModelCheck.h"
-#include "weld/WeldFunctions.h"
+#include "shell/core/ModelCheck.h"
+#include "weld/core/InstantaneousCenter.h"
 
 namespace weldcli {
 
@@ -34,9 +34,9 @@ bool ReadCoords(const std::string& what, const std::string& text, double (&v)[4]
 // A run without a window. The display callback sets the stop flag once the
 // pass limit is reached, like a click on Stop during a pass.
 struct LimitedRun {
-    WeldFunctions::WeldRunState state;
-    WeldFunctions::WeldRunHooks hooks;
-    WeldFunctions::SolveReport report;
+    weld::WeldRunState state;
+    weld::WeldRunHooks hooks;
+    weld::SolveReport report;
     long long maxPasses = kDefaultMaxPasses;
     double shownX = 0.0, shownY = 0.0;  // last center shown, divided by the divisor
     std::optional<cli::Progress> ownProgress;

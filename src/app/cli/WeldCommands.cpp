@@ -8,14 +8,14 @@
 #include "ModelCli.h"
 #include "Output.h"
 #include "WeldCli.h"
-#include "shell/Primitives.h"
-#include "weld/WeldElementModel.h"
-#include "weld/WeldFunctions.h"
-#include "weld/WeldStrength.h"
+#include "shell/core/Primitives.h"
+#include "weld/core/WeldElementModel.h"
+#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldStrength.h"
 
 namespace {
 
-using namespace WeldFunctions;
+using namespace weld;
 
 bool ReadConfig(const std::string& text, int16_t& config, std::string& error) {
     long long v = 0;

@@ -1,0 +1,98 @@
+#include "board/core/CapacityHandOver.h"
+
+#include "board/core/Viewport.h"
+
+namespace weld {
+
+namespace {
+
+float LinesMin(const WeldLineTable& lines, bool& ok, const WeldRunHooks& hooks, bool isX) {
+    float running = 0.0f;
+    for (size_t i = 0; i < lines.size(); ++i) {
+        const WeldLineRec& l = lines[i];
+        const double a = isX ? l.x1 : l.y1;
+        const double b = isX ? l.x2 : l.y2;
+        // The running value is a single: every step rounds it.
+        running = static_cast<float>(i == 0 ? MinOf({a, b}) : MinOf({a, b, static_cast<double>(running)}));
+        if (hooks.Yield) hooks.Yield();
+    }
+    ok = true;
+    return running;
+}
+
+}  // namespace
+
+float Lines_MinX(const WeldLineTable& lines, bool& ok, const WeldRunHooks& hooks) {
+    return LinesMin(lines, ok, hooks, true);
+}
+
+float Lines_MinY(const WeldLineTable& lines, bool& ok, const WeldRunHooks& hooks) {
+    return LinesMin(lines, ok, hooks, false);
+}
+
+WeldLineTable Board_WeldLines(const Layout::LayoutDocument& doc, const WeldRunHooks& hooks) {
+    using Viewport::To_WorldX;
+    using Viewport::To_WorldY;
+
+    // World inches, single precision held in doubles. The point stored second
+    // in the board record (StartPt) is the solver's first point.
+    WeldLineTable lines(doc.Lines.size());
+    for (size_t i = 0; i < doc.Lines.size(); ++i) {
+        const Layout::LineRec& r = doc.Lines[i];
+        lines[i].x1 = To_WorldX(doc, r.StartPt.X);
+        lines[i].y1 = To_WorldY(doc, r.StartPt.Y);
+        lines[i].x2 = To_WorldX(doc, r.EndPt.X);
+        lines[i].y2 = To_WorldY(doc, r.EndPt.Y);
+    }
+
+    // Into the positive quadrant, lowest x and y at 0.
+    bool ok = false;
+    const float minX = Lines_MinX(lines, ok, hooks);
+    const float minY = Lines_MinY(lines, ok, hooks);
+    for (WeldLineRec& l : lines) {
+        l.x1 -= minX;
+        l.x2 -= minX;
+        l.y1 -= minY;
+        l.y2 -= minY;
+    }
+
+    // A load on the left: mirror in x so the solver always sees it on the right.
+    if (doc.Load.LoadSide == 0) {
+        for (WeldLineRec& l : lines) {
+            l.x1 = -l.x1;
+            l.x2 = -l.x2;
+        }
+        const float mirroredMinX = Lines_MinX(lines, ok, hooks);
+        for (WeldLineRec& l : lines) {
+            l.x1 -= mirroredMinX;
+            l.x2 -= mirroredMinX;
+        }
+    }
+
+    return lines;
+}
+
+double Weld_UnitCapacity(double Fexx, double D, const Layout::LayoutDocument& doc,
+                         WeldRunState& state, const WeldRunHooks& hooks, SolveReport* report) {
+    return Locate_InstantaneousCenter(Board_WeldLines(doc, hooks), doc.Load.LoadEccentricity * 12.0,
+                                      doc.Load.LoadAngle, Fexx, D, 1.0, state, hooks, report);
+}
+
+WeldElementModel::ElementReport Weld_ElementCapacity(double Fexx, double D,
+                                                     const Layout::LayoutDocument& doc,
+                                                     int16_t SegmentsPerInch) {
+    return WeldElementModel::Solve(Board_WeldLines(doc, {}), doc.Load.LoadEccentricity * 12.0,
+                                   doc.Load.LoadAngle, Fexx, D, SegmentsPerInch);
+}
+
+std::function<std::optional<double>()> Board_ElementCheck(const Layout::LayoutDocument& doc,
+                                                          int16_t SegmentsPerInch) {
+    return [lines = Board_WeldLines(doc, {}), ex = doc.Load.LoadEccentricity * 12.0,
+            angle = static_cast<double>(doc.Load.LoadAngle), SegmentsPerInch]() -> std::optional<double> {
+        const auto rep = WeldElementModel::Solve(lines, ex, angle, 1.0, 1.0, SegmentsPerInch);
+        if (!rep.Converged) return std::nullopt;
+        return rep.Capacity;
+    };
+}
+
+}  // namespace weld

@@ -1,0 +1,70 @@
+// The drawing board's picture control: a persistent image in device pixels
+// on which the board's procedures draw in inches. The widget shows the image
+// and reports pointer events in board units.
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+#include <memory>
+#include <QWidget>
+
+#include "board/core/DrawSurface.h"
+
+class BoardSurface : public QWidget, public board::DrawSurface {
+    Q_OBJECT
+public:
+    explicit BoardSurface(QWidget* parent = nullptr);
+
+    double ScaleWidth() const override;
+    double ScaleHeight() const override;
+    void Cls() override;
+    void Line(double x1, double y1, double x2, double y2, uint32_t color) override;
+    void Circle(double x, double y, double radius, uint32_t color) override;
+    void Print(const std::string& text) override;
+    double TextWidth(const std::string& text) const override;
+    double TextHeight() const override;
+    void Refresh() override;
+    void SetMousePointer(board::Pointer p) override;
+    void SetToolTipText(const std::string& text) override;
+
+    // The picture as drawn so far.
+    const QImage& Image() const;
+    board::Pointer MousePointer() const { return pointer_; }
+    // Board units to device pixels of the image, and widget pixels to units.
+    QPointF ToDevice(double x, double y) const;
+    QPointF ToBoard(const QPointF& widgetPos) const;
+    // The marks over the picture (snap box, grips, rotate base); not part of it.
+    void SetMarks(const board::BoardMarks& marks);
+    const board::BoardMarks& Marks() const { return marks_; }
+    // One of the three custom cursors, drawn here.
+    static QCursor CustomCursor(board::Pointer p, qreal dpr);
+
+signals:
+    void MouseDown(int button, bool shift, double x, double y);
+    void MouseMove(int buttons, bool shift, double x, double y);
+    void MouseUp(int button, bool shift, double x, double y);
+    void DoubleClick();
+    // The size in board units changed; the picture was cleared.
+    void Resized();
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
+    void mouseDoubleClickEvent(QMouseEvent*) override;
+
+private:
+    void Allocate();
+    // One painter stays open on the image while drawing goes on; it is
+    // closed before the image is read or replaced.
+    QPainter& Painter();
+    void EndPainting() const;
+    double UnitPx() const;  // device pixels per inch
+    QFont CurrentFont() const;  // the text font, sized for the image's device pixels
+    QImage image_;
+    mutable std::unique_ptr<QPainter> painter_;
+    board::Pointer pointer_ = board::Pointer::Default;
+    board::BoardMarks marks_;
+};

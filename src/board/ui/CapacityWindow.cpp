@@ -1,0 +1,267 @@
+#include "board/ui/CapacityWindow.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "board/core/CapacityHandOver.h"
+#include "shell/ui/ModelCheckLine.h"
+#include "shell/ui/QtText.h"
+#include "shell/ui/SettingsStore.h"
+#include "shell/ui/SolverModelBox.h"
+#include "weld/core/WeldStrength.h"
+
+using weldview::BoldCaption;
+using weldview::FromView;
+
+namespace {
+
+using WeldStrength::SavedIndex;
+
+QString Section() { return QString::fromLatin1(WeldStrength::kSettingsSection.data()); }
+
+void Fill(QComboBox* box, const auto& items) {
+    for (std::string_view item : items) box->addItem(FromView(item));
+}
+
+// A saved list index, clamped from above; a negative one is not clamped and
+// cannot be set, so the box keeps what it has.
+void ApplySaved(QComboBox* box, const SavedIndex& setting) {
+    const int saved = settings::GetSettingInt(settings::ProgramTitle(), Section(),
+                                              FromView(setting.key), setting.defaultValue);
+    const int index = static_cast<int>(WeldStrength::ClampSaved(setting, saved));
+    if (index >= 0 && index < box->count()) box->setCurrentIndex(index);
+}
+
+void Save(const SavedIndex& setting, int16_t value) {
+    settings::SaveSetting(settings::ProgramTitle(), Section(), FromView(setting.key),
+                          QString::number(value));
+}
+
+}  // namespace
+
+CapacityWindow::CapacityWindow(const Layout::LayoutDocument& doc, QWidget* parent)
+    : QDialog(parent), doc_(doc) {
+    setObjectName(QStringLiteral("CalculateFrm"));
+    setWindowTitle(QStringLiteral("Weld Group Capacity"));
+    setSizeGripEnabled(true);
+    BuildControls();
+    Form_Load();
+}
+
+CapacityWindow::~CapacityWindow() = default;
+
+void CapacityWindow::ShowModal(const Layout::LayoutDocument& doc, QWidget* parent) {
+    auto* frm = new CapacityWindow(doc, parent);
+    frm->setAttribute(Qt::WA_DeleteOnClose);
+    frm->exec();
+}
+
+bool CapacityWindow::RunActive() const { return run_.Active(); }
+
+void CapacityWindow::BuildControls() {
+    WeldStripBox = new QComboBox(this);
+    WeldStripBox->setObjectName(QStringLiteral("WeldStripBox"));
+    ElectrodeBox = new QComboBox(this);
+    ElectrodeBox->setObjectName(QStringLiteral("ElectrodeBox"));
+    SizeBox = new QComboBox(this);
+    SizeBox->setObjectName(QStringLiteral("SizeBox"));
+    DesignMethodBox = new QComboBox(this);
+    DesignMethodBox->setObjectName(QStringLiteral("DesignMethod"));
+    ModelBox = shell::NewSolverModelBox(this);
+
+    run_.BuildControls({[this] { Run_CapacityIteration(); }, [this] { ApplyControls(); }}, 1.3,
+                       QStringLiteral("** 99999.00000    "));
+    QPlainTextEdit* display = run_.DisplayBox();
+    display->setMinimumSize(
+        display->fontMetrics().horizontalAdvance(QStringLiteral(" Reference: AISC Steel Construction ")) + 40,
+        display->fontMetrics().lineSpacing() * 14);
+    QLabel* elapsed = run_.Elapsed();
+    elapsed->setMinimumWidth(
+        elapsed->fontMetrics().horizontalAdvance(QStringLiteral("Iteration Elapsed Time  \u00BB   00h:00m:00s ")) + 8);
+    MethodLabel = BoldCaption(FromView(WeldStrength::kMethodLabelInitialCaption), this);
+    MethodLabel->setObjectName(QStringLiteral("MethodLabel"));
+
+    auto* choices = new QGridLayout;
+    choices->setVerticalSpacing(4);
+    int row = 0;
+    auto addChoice = [&](std::string_view label, QWidget* box) {
+        choices->addWidget(BoldCaption(FromView(label), this), row++, 0);
+        choices->addWidget(box, row++, 0);
+    };
+    addChoice(WeldStrength::kWeldStripLabel, WeldStripBox);
+    addChoice(WeldStrength::kElectrodeLabel, ElectrodeBox);
+    addChoice(WeldStrength::kSizeLabel, SizeBox);
+    addChoice(WeldStrength::kDesignMethodLabel, DesignMethodBox);
+    addChoice("Model", ModelBox);
+
+    auto* left = new QVBoxLayout;
+    left->addLayout(choices);
+    left->addSpacing(10);
+    left->addWidget(run_.StartButton());
+    left->addWidget(run_.StopButton());
+    left->addWidget(run_.ClearButton());
+    left->addStretch(1);
+
+    auto* right = new QVBoxLayout;
+    right->addWidget(display, 1);
+    right->addWidget(elapsed);
+
+    auto* top = new QHBoxLayout;
+    top->addLayout(left);
+    top->addLayout(right, 1);
+
+    auto* result = new QHBoxLayout;
+    result->addWidget(MethodLabel);
+    result->addStretch(1);
+    result->addWidget(run_.Result());
+
+    auto* main = new QVBoxLayout(this);
+    main->setContentsMargins(12, 12, 12, 12);
+    main->addLayout(top, 1);
+    main->addLayout(result);
+    main->addWidget(run_.Check());
+}
+
+void CapacityWindow::Initialize_WeldBox() {
+    Fill(WeldStripBox, WeldStrength::kWeldStripItems);
+    Fill(ElectrodeBox, WeldStrength::kElectrodeItems);
+    Fill(SizeBox, WeldStrength::kSizeItems);
+    Fill(DesignMethodBox, WeldStrength::kDesignMethodItems);
+}
+
+void CapacityWindow::Form_Load() {
+    Initialize_WeldBox();
+    WeldStripBox->setCurrentIndex(-1);
+    ElectrodeBox->setCurrentIndex(-1);
+    SizeBox->setCurrentIndex(-1);
+    DesignMethodBox->setCurrentIndex(-1);
+    connect(WeldStripBox, &QComboBox::currentIndexChanged, this, &CapacityWindow::WeldStripBox_Change);
+    connect(ElectrodeBox, &QComboBox::currentIndexChanged, this, &CapacityWindow::ElectrodeBox_Change);
+    connect(SizeBox, &QComboBox::currentIndexChanged, this, &CapacityWindow::SizeBox_Change);
+    connect(DesignMethodBox, &QComboBox::currentIndexChanged, this, &CapacityWindow::DesignMethod_Change);
+    ApplySaved(WeldStripBox, WeldStrength::kWeldStripSetting);
+    ApplySaved(SizeBox, WeldStrength::kWeldSizeSetting);
+    ApplySaved(ElectrodeBox, WeldStrength::kWeldClassSetting);
+    ApplySaved(DesignMethodBox, WeldStrength::kDesignMethodSetting);
+    run_.Run().IterationStop = -1;
+    ApplyControls();
+}
+
+void CapacityWindow::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (activated_) return;
+    activated_ = true;
+    // The run starts from the event loop, once the window is on screen.
+    QTimer::singleShot(0, this, &CapacityWindow::Form_Activate);
+}
+
+void CapacityWindow::Form_Activate() {
+    run_.Control().Form_Activate();
+    ApplyControls();
+    run_.ClearDisplay();
+    run_.Result()->clear();
+    run_.StartClick();
+}
+
+void CapacityWindow::ApplyControls() {
+    run_.ApplyButtons();
+    const RunControl::Controls& c = run_.Control().State();
+    WeldStripBox->setEnabled(!c.InputsLocked);
+    ModelBox->setEnabled(!c.InputsLocked);
+    ElectrodeBox->setEnabled(!c.SizesLocked);
+    SizeBox->setEnabled(!c.SizesLocked);
+}
+
+void CapacityWindow::Run_CapacityIteration() {
+    weld::WeldRunState& run = run_.Run();
+    WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), run.SegmentsPerInch);
+    run_.BeginRun(weld::kDisplayCapacity);
+
+    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::AiscElement) {
+        // The element model always ends by itself: no passes to show or stop.
+        const auto rep = weld::Weld_ElementCapacity(1.0, 1.0, doc_, run.SegmentsPerInch);
+        UnitCapacity = rep.Capacity;
+        run_.EndElementRun(rep.Refused, rep.Converged, UnitCapacity * ShownScale());
+        return;
+    }
+
+    const auto unit = run_.RunPasses([this](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
+        return weld::Weld_UnitCapacity(1.0, 1.0, doc_, state, hooks);
+    });
+    if (!unit) return;
+    UnitCapacity = *unit;
+    if (!run_.EndPasses(UnitCapacity * ShownScale())) return;
+    // The element model on the same group and load, in kips as shown.
+    run_.Check()->Check(UnitCapacity, weld::Board_ElementCheck(doc_, run.SegmentsPerInch), QStringLiteral("kips"),
+                        2, ShownScale());
+}
+
+double CapacityWindow::ShownScale() const { return ElectrodeStrength * WeldSizeInches * MethodFactor; }
+
+void CapacityWindow::RewriteCapacity() {
+    run_.Check()->Rescale(ShownScale());
+    if (run_.Result()->text().trimmed().isEmpty()) return;
+    SetResultBox(run_.Result(), Q(WeldStrength::CapacityText(WeldStrength::DisplayedCapacity(ElectrodeStrength, UnitCapacity,
+                                                                          WeldSizeInches, MethodFactor))),
+            false);
+}
+
+// A new electrode or weld size rescales the result shown; a stopped run can
+// then no longer be resumed.
+void CapacityWindow::StrengthChanged() {
+    RewriteCapacity();
+    run_.Control().SizeChanged();
+    ApplyControls();
+}
+
+void CapacityWindow::WeldStripBox_Change() { WeldStrip = static_cast<int16_t>(WeldStripBox->currentIndex()); }
+
+void CapacityWindow::ElectrodeBox_Change() {
+    WeldClass = static_cast<int16_t>(ElectrodeBox->currentIndex());
+    WeldStrength::ElectrodeStrengthOf(WeldClass, ElectrodeStrength);
+    StrengthChanged();
+}
+
+void CapacityWindow::SizeBox_Change() {
+    WeldSize = static_cast<int16_t>(SizeBox->currentIndex());
+    WeldStrength::WeldSizeInchesOf(WeldSize, WeldSizeInches);
+    StrengthChanged();
+}
+
+void CapacityWindow::DesignMethod_Change() {
+    DesignMethod = static_cast<int16_t>(DesignMethodBox->currentIndex());
+    std::string caption;
+    if (WeldStrength::MethodOf(DesignMethod, MethodFactor, caption)) MethodLabel->setText(Q(caption));
+    RewriteCapacity();
+}
+
+bool CapacityWindow::Form_QueryUnload() {
+    Save(WeldStrength::kWeldStripSetting, WeldStrip);
+    Save(WeldStrength::kWeldSizeSetting, WeldSize);
+    Save(WeldStrength::kWeldClassSetting, WeldClass);
+    Save(WeldStrength::kDesignMethodSetting, DesignMethod);
+    return run_.ConfirmClose();
+}
+
+// Esc and the title bar's close both go through the closing question.
+void CapacityWindow::reject() { close(); }
+
+void CapacityWindow::closeEvent(QCloseEvent* event) {
+    if (!Form_QueryUnload()) {
+        event->ignore();
+        return;
+    }
+    // A run on the stack ends after its pass; the window goes once it has.
+    if (run_.DeferClose(event)) return;
+    event->accept();
+    done(QDialog::Rejected);
+}

@@ -1,0 +1,75 @@
+// The window "Weld Group Capacity": runs the capacity of the board's weld
+// group as soon as it is shown, shows the trial centers as they go by, lets
+// the user stop, resume and restart the run, and scales the unit capacity for
+// electrode, weld size and design method without a new run.
+#pragma once
+
+#include <QDialog>
+
+#include "board/core/LayoutDocument.h"
+#include "weld/core/RunControl.h"
+#include "weld/ui/RunPanel.h"
+
+class QComboBox;
+class QLabel;
+
+class CapacityWindow : public QDialog {
+    Q_OBJECT
+public:
+    // The window works on its own copy of the document (lines and load).
+    CapacityWindow(const Layout::LayoutDocument& doc, QWidget* parent = nullptr);
+    ~CapacityWindow() override;
+
+    // Shows the window modally and deletes it when it closes; the run starts
+    // as soon as it is shown.
+    static void ShowModal(const Layout::LayoutDocument& doc, QWidget* parent);
+
+    // Whether a run is on the stack (tests and the main window's closing).
+    bool RunActive() const;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void reject() override;
+
+private:
+    void BuildControls();
+    void Initialize_WeldBox();
+    void Form_Load();
+    void Form_Activate();
+    bool Form_QueryUnload();
+
+    void Run_CapacityIteration();
+
+    void WeldStripBox_Change();
+    void ElectrodeBox_Change();
+    void SizeBox_Change();
+    void DesignMethod_Change();
+    void RewriteCapacity();
+    void StrengthChanged();
+    // Electrode strength x weld size x method factor: unit capacity to kips shown.
+    double ShownScale() const;
+
+    void ApplyControls();
+
+    Layout::LayoutDocument doc_;
+    // Run buttons, display, elapsed caption and CBox.
+    WeldRunPanel run_{this, RunControl::RunWindow::Capacity, false};
+
+    int16_t WeldStrip = 3;
+    int16_t WeldSize = 3;
+    int16_t WeldClass = 3;
+    int16_t DesignMethod = 0;
+    double UnitCapacity = 0.0;
+    double MethodFactor = 1.0;
+    double WeldSizeInches = 0.25;
+    double ElectrodeStrength = 90.0;
+    bool activated_ = false;
+
+    QComboBox* WeldStripBox = nullptr;
+    QComboBox* ElectrodeBox = nullptr;
+    QComboBox* SizeBox = nullptr;
+    QComboBox* DesignMethodBox = nullptr;
+    QComboBox* ModelBox = nullptr;
+    QLabel* MethodLabel = nullptr;
+};

@@ -1,0 +1,132 @@
+#include "bolt/core/BoltElementModel.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "shell/core/MathUtil.h"
+
+namespace BoltElementModel {
+
+namespace {
+
+struct Bolts {
+    std::vector<double> x, y;  // in the load frame (or the group's axes for C')
+    mutable std::vector<double> rho;
+
+    double Gyration() const {
+        double s = 0.0;
+        for (size_t i = 0; i < x.size(); ++i) s += x[i] * x[i] + y[i] * y[i];
+        const double g = x.empty() ? 0.0 : std::sqrt(s / static_cast<double>(x.size()));
+        return g > 0.0 && std::isfinite(g) ? g : 1.0;
+    }
+};
+
+// Bolts laid out row by row from the bottom left about the centroid, as the
+// system's solver lays them out; each point goes through `place`.
+template <class Place>
+bool LayOut(int16_t m, int16_t n, double sv, double sh, Place place) {
+    const int32_t count = static_cast<int32_t>(m) * static_cast<int32_t>(n);
+    if (m < 1 || n < 1 || count > 32767 || !std::isfinite(sv) || !std::isfinite(sh)) return false;
+    for (int32_t i = 0; i < m; ++i)
+        for (int32_t j = 0; j < n; ++j) place(sh * j - sh * (n - 1) / 2.0, sv * i - sv * (m - 1) / 2.0);
+    return true;
+}
+
+shell::Resultant Forces(const Bolts& b, const shell::Motion& m) {
+    shell::Resultant out;
+    const size_t n = b.x.size();
+    double rmax = 0.0;
+    for (size_t i = 0; i < n; ++i) {
+        const double ux = m.vx - m.w * b.y[i];
+        const double uy = m.vy + m.w * b.x[i];
+        b.rho[i] = std::sqrt(ux * ux + uy * uy);
+        rmax = std::max(rmax, b.rho[i]);
+    }
+    if (!(rmax > 0.0) || !std::isfinite(rmax)) return out;
+    double fx = 0.0, fy = 0.0, mo = 0.0;
+    for (size_t i = 0; i < n; ++i) {
+        const double r = b.rho[i];
+        if (!(r > 0.0)) continue;
+        const double R = BoltForce(kUltimateDeformation * r / rmax) / r;
+        const double ux = (m.vx - m.w * b.y[i]) * R;
+        const double uy = (m.vy + m.w * b.x[i]) * R;
+        fx += ux;
+        fy += uy;
+        mo += b.x[i] * uy - b.y[i] * ux;
+    }
+    out.fx = fx;
+    out.fy = fy;
+    out.moment = mo;
+    out.ok = std::isfinite(fx) && std::isfinite(fy) && std::isfinite(mo);
+    return out;
+}
+
+void Finish(const shell::MotionResult& res, BoltReport& rep) {
+    rep.Iterations = res.iterations;
+    rep.Starts = res.starts;
+    rep.Evaluations = res.evaluations;
+    rep.Residual = res.residual;
+    rep.Converged = res.converged;
+    rep.Value = res.converged ? res.load : 0.0;
+}
+
+}  // namespace
+
+double BoltForce(double delta) { return std::pow(1.0 - std::exp(-10.0 * delta), 0.55); }
+
+BoltReport BoltGroup_C(int16_t m, int16_t n, double sv, double sh, double ex, double angle) {
+    BoltReport rep;
+    if (!std::isfinite(ex) || !std::isfinite(angle)) {
+        rep.Refused = true;
+        return rep;
+    }
+    const shell::LoadFrame frame(0.0, 0.0, shell::Radians(angle));
+    Bolts b;
+    if (!LayOut(m, n, sv, sh, [&](double x0, double y0) {
+            double X, Y;
+            frame.ToLoad(x0, y0, X, Y);
+            b.x.push_back(X);
+            b.y.push_back(Y);
+        })) {
+        rep.Refused = true;
+        return rep;
+    }
+    b.rho.assign(b.x.size(), 0.0);
+
+    shell::MotionProblem problem;
+    problem.arm = frame.Arm(ex);
+    problem.length = b.Gyration();
+    problem.force = static_cast<double>(b.x.size());
+    rep.Concentric = problem.arm == 0.0;
+    const shell::MotionResult res =
+        shell::SolveMotion(problem, [&b](const shell::Motion& mo) { return Forces(b, mo); });
+    Finish(res, rep);
+    rep.Motion = frame.Back(res.motion);
+    return rep;
+}
+
+BoltReport BoltGroup_CPrime(int16_t m, int16_t n, double sv, double sh) {
+    BoltReport rep;
+    Bolts b;
+    if (!LayOut(m, n, sv, sh, [&](double x0, double y0) {
+            b.x.push_back(x0);
+            b.y.push_back(y0);
+        })) {
+        rep.Refused = true;
+        return rep;
+    }
+    b.rho.assign(b.x.size(), 0.0);
+
+    shell::MotionProblem problem;
+    problem.pureMoment = true;
+    problem.length = b.Gyration();
+    problem.force = static_cast<double>(b.x.size());
+    const shell::MotionResult res =
+        shell::SolveMotion(problem, [&b](const shell::Motion& mo) { return Forces(b, mo); });
+    Finish(res, rep);
+    rep.Motion = shell::LoadFrame().Back(res.motion);
+    return rep;
+}
+
+}  // namespace BoltElementModel

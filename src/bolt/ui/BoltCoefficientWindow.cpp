@@ -1,0 +1,682 @@
+#include "bolt/ui/BoltCoefficientWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
+
+#include "bolt/core/BoltElementModel.h"
+#include "bolt/core/BoltSolver.h"
+#include "shell/ui/GridEditor.h"
+#include "shell/ui/ModelCheckLine.h"
+#include "shell/core/Primitives.h"
+#include "shell/ui/SettingsStore.h"
+#include "shell/ui/SolverModelBox.h"
+#include "shell/core/MathUtil.h"
+#include "shell/ui/QtText.h"
+#include "shell/ui/WindowFit.h"
+#include "shell/ui/RunPump.h"
+#include "units/core/ImperialText.h"
+
+using namespace KeyFilters::KeyCode;
+
+namespace {
+
+constexpr int kDataCols = 9;
+constexpr float kMinRows = 16.0f;
+constexpr int kMaxRows = 32767;
+
+// Grid colours: the heading background, and blue and red text.
+const QColor kHeadingBack(0xC0, 0xFF, 0xFF);
+const QColor kBlue(0x00, 0x00, 0xFF);
+const QColor kRed(0xFF, 0x00, 0x00);
+
+const char* const kHeadings[kDataCols] = {
+    "No.",
+    "Number of Bolt Rows on the Vertical",
+    "Number of Bolt Rows on the Horizontal",
+    "Bolt Spacing on the Vertical",
+    "Bolt Spacing on the Horizontal",
+    "Load Eccentricity",
+    "Load Angle from the Vertical [degrees]",
+    "Bolt Group Coefficient\n[C]",
+    "Bolt Group Coefficient\n[C']",
+};
+
+// On a row's C cell: the C of the program's iteration, at full precision,
+// while the C shown is that iteration's for the inputs shown.
+constexpr int kIteratedC = Qt::UserRole;
+
+// The group and load of a row. False when m or n is not a whole number that fits.
+struct BoltCase {
+    int16_t m = 0, n = 0;
+    double sv = 0.0, sh = 0.0, ex = 0.0, angle = 0.0;
+};
+bool ReadCase(const CellGrid* grid, int row, BoltCase& k) {
+    auto val = [&](int col) { return prim::Val(S(grid->TextMatrix(row, col).trimmed())); };
+    k.sv = val(3);
+    k.sh = val(4);
+    k.ex = val(5);
+    k.angle = val(6);
+    return prim::ToInt16(val(1), k.m) && prim::ToInt16(val(2), k.n);
+}
+
+// Whole grid rows from the window's row count.
+int GridRowsOf(float rows) {
+    const double r = prim::RoundEven(static_cast<double>(rows));
+    return static_cast<int>(std::clamp(r, 2.0, static_cast<double>(kMaxRows)));
+}
+
+}  // namespace
+
+BoltCoefficientWindow::BoltCoefficientWindow(std::vector<BoltRows::BoltRecord>& records, QWidget* parent)
+    : QWidget(parent, Qt::Window), BoltRecords(records) {
+    setObjectName(QStringLiteral("BoltCalcFrm"));
+    setWindowTitle(QStringLiteral("Bolt Group Coefficient"));
+    BuildControls();
+    Form_Load();
+}
+
+QString BoltCoefficientWindow::DataFilePath() {
+    return settings::DataFolder() + QLatin1Char('/') +
+           QString::fromLatin1(BoltRows::kBoltDataFileName);
+}
+
+void BoltCoefficientWindow::BuildControls() {
+    QFont tahoma(QStringLiteral("Tahoma"));
+    tahoma.setPointSizeF(font().pointSizeF());
+
+    auto* heading = new QLabel(QStringLiteral("Eccentrically Loaded Bolt Groups"), this);
+    heading->setObjectName(QStringLiteral("HeadingLabel"));
+    QFont hf = tahoma;
+    hf.setPointSizeF(tahoma.pointSizeF() * 1.45);
+    hf.setBold(true);
+    heading->setFont(hf);
+    heading->setStyleSheet(QStringLiteral("color: #000080;"));
+
+    auto* stripCaption = new QLabel(QStringLiteral("Selected Inputs:"), this);
+    stripCaption->setObjectName(QStringLiteral("StripLabel"));
+    QFont bold = tahoma;
+    bold.setBold(true);
+    stripCaption->setFont(bold);
+
+    ccFlex = new CellGrid(0, 1, this);
+    ccFlex->setObjectName(QStringLiteral("ccFlex"));
+    xxFlex = new CellGrid(0, 1, this);
+    xxFlex->setObjectName(QStringLiteral("xxFlex"));
+
+    SaveButton = new QPushButton(QStringLiteral("Save Entries"), this);
+    SaveButton->setObjectName(QStringLiteral("SaveButton"));
+    ClearButton = new QPushButton(QStringLiteral("Clear Entries"), this);
+    ClearButton->setObjectName(QStringLiteral("ClearButton"));
+    AddRowButton = new QPushButton(QStringLiteral("Add Row"), this);
+    AddRowButton->setObjectName(QStringLiteral("AddRowButton"));
+    RemRowButton = new QPushButton(QStringLiteral("Remove Row"), this);
+    RemRowButton->setObjectName(QStringLiteral("RemRowButton"));
+    for (QPushButton* b : {SaveButton, ClearButton, AddRowButton, RemRowButton}) b->setFont(tahoma);
+
+    auto* gridCaption = new QLabel(
+        QStringLiteral("Tabulated Bolt Data     [See Tables 7-7 to 7-14 of AISC Steel "
+                       "Construction Manual - 13th Edition]"),
+        this);
+    gridCaption->setObjectName(QStringLiteral("GridLabel"));
+    gridCaption->setFont(bold);
+
+    cFlex = new CellGrid(1, 1, this);
+    cFlex->setObjectName(QStringLiteral("cFlex"));
+    cFlex->setFont(tahoma);
+
+    // The floating edit box lies on the same container as the grid.
+    EdiTxt = new QLineEdit(this);
+    EdiTxt->setObjectName(QStringLiteral("EdiTxt"));
+    EdiTxt->setFrame(false);
+    EdiTxt->setFont(tahoma);
+    EdiTxt->setStyleSheet(QStringLiteral("background: #FFFFE8; border: 1px solid #3060C0; padding: 0 4px;"));
+    EdiTxt->setVisible(false);
+    EdiTxt->installEventFilter(this);
+
+    auto* strip = new QHBoxLayout;
+    strip->setSpacing(6);
+    strip->addWidget(ccFlex);
+    strip->addWidget(xxFlex);
+    strip->addStretch(1);
+
+    auto* buttons = new QGridLayout;
+    buttons->setHorizontalSpacing(8);
+    buttons->setVerticalSpacing(8);
+    buttons->addWidget(AddRowButton, 0, 0);
+    buttons->addWidget(RemRowButton, 0, 1);
+    buttons->addWidget(ClearButton, 1, 0);
+    buttons->addWidget(SaveButton, 1, 1);
+    for (QPushButton* b : {SaveButton, ClearButton, AddRowButton, RemRowButton})
+        b->setMinimumWidth(b->sizeHint().width() + 16);
+
+    auto* top = new QHBoxLayout;
+    auto* left = new QVBoxLayout;
+    left->addWidget(stripCaption);
+    left->addLayout(strip);
+    top->addLayout(left);
+    top->addStretch(1);
+    auto* right = new QVBoxLayout;
+    right->addStretch(1);
+    right->addLayout(buttons);
+    top->addLayout(right);
+
+    ModelBox = shell::NewSolverModelBox(this);
+    auto* modelRow = new QHBoxLayout;
+    modelRow->addWidget(new QLabel(QStringLiteral("Model"), this));
+    modelRow->addWidget(ModelBox, 1);
+    right->insertLayout(0, modelRow);
+
+    ModelCheck = new shell::ModelCheckLine(this);
+    connect(ModelBox, &QComboBox::currentIndexChanged, this, &BoltCoefficientWindow::CheckRow);
+
+    StatusLine = new QLabel(this);
+    StatusLine->setObjectName(QStringLiteral("StatusLine"));
+    StatusLine->setFrameShape(QFrame::StyledPanel);
+
+    auto* main = new QVBoxLayout(this);
+    main->setContentsMargins(12, 10, 12, 12);
+    main->setSpacing(8);
+    main->addWidget(heading);
+    main->addLayout(top);
+    main->addSpacing(4);
+    main->addWidget(gridCaption);
+    main->addWidget(cFlex, 1);
+    main->addWidget(ModelCheck);
+    main->addWidget(StatusLine);
+
+    connect(AddRowButton, &QPushButton::clicked, this, &BoltCoefficientWindow::AddRowButton_Click);
+    connect(RemRowButton, &QPushButton::clicked, this, &BoltCoefficientWindow::RemRowButton_Click);
+    connect(ClearButton, &QPushButton::clicked, this, &BoltCoefficientWindow::ClearButton_Click);
+    connect(SaveButton, &QPushButton::clicked, this, &BoltCoefficientWindow::SaveButton_Click);
+
+    connect(cFlex, &CellGrid::KeyDown, this, &BoltCoefficientWindow::cFlex_KeyDown);
+    connect(cFlex, &CellGrid::KeyPress, this, &BoltCoefficientWindow::cFlex_KeyPress);
+    connect(cFlex, &CellGrid::DblClick, this, &BoltCoefficientWindow::cFlex_DblClick);
+    connect(cFlex, &CellGrid::MouseDown, this, &BoltCoefficientWindow::cFlex_MouseDown);
+    connect(cFlex, &CellGrid::SelChange, this, &BoltCoefficientWindow::ShowSelection);
+    connect(cFlex, &CellGrid::LeaveCell, this, [this](int, int) { CloseEdit(); });
+    connect(cFlex, &CellGrid::GotFocus, this, &BoltCoefficientWindow::CloseEdit);
+    connect(cFlex, &CellGrid::Scroll, this, &BoltCoefficientWindow::cFlex_Scroll);
+}
+
+void BoltCoefficientWindow::Form_Load() {
+    const QString stored = settings::GetSetting(settings::ProgramTitle(),
+                                                QStringLiteral("TrussmereSetting"),
+                                                QStringLiteral("cFlexRows"), QStringLiteral("16"));
+    Rows = static_cast<float>(prim::Val(S(stored)));
+    Rows = static_cast<float>(shell::MaxOf({Rows, kMinRows}));
+    if (!(Rows <= static_cast<float>(kMaxRows))) Rows = static_cast<float>(kMaxRows);
+    RemRowButton->setEnabled(Rows > kMinRows);
+    Init_cFlex();
+    Init_valFlex();
+    LoadRecords();
+    shell::FitToScreen(this);  // as large as the grid wants, within the screen
+}
+
+// Room for every column and fifteen rows of the grid.
+QSize BoltCoefficientWindow::sizeHint() const {
+    const QSize base = QWidget::sizeHint();
+    const QSize grid = cFlex->sizeHint();
+    return base + QSize(std::max(0, preferredGrid_.width() - grid.width()),
+                        std::max(0, preferredGrid_.height() - grid.height()));
+}
+
+void BoltCoefficientWindow::Init_cFlex() {
+    cFlex->SetCols(kDataCols);
+    cFlex->SetRows(GridRowsOf(Rows));
+    QHeaderView* head = cFlex->horizontalHeader();
+    head->setDefaultAlignment(Qt::Alignment(static_cast<int>(Qt::AlignCenter) | static_cast<int>(Qt::TextWordWrap)));
+    for (int c = 0; c < kDataCols; ++c) {
+        QTableWidgetItem* h = cFlex->Cell(0, c);
+        h->setText(QString::fromUtf8(kHeadings[c]));
+        h->setTextAlignment(Qt::Alignment(static_cast<int>(Qt::AlignCenter) | static_cast<int>(Qt::TextWordWrap)));
+        h->setBackground(kHeadingBack);
+        h->setForeground(c > 6 ? kBlue : kRed);
+    }
+    for (int r = 1; r < cFlex->Rows(); ++r) StyleDataRow(r);
+    SizeGrid();
+    cFlex->setCurrentCell(0, 1);
+}
+
+// Widths and heights of the grid's own units (1/1440 inch) at the screen's
+// resolution, widened where the font needs more room so nothing is clipped.
+void BoltCoefficientWindow::SizeGrid() {
+    const double perUnit = logicalDpiY() / 1440.0;
+    auto px = [perUnit](int units) { return static_cast<int>(std::lround(units * perUnit)); };
+    const QFontMetrics fm(cFlex->font());
+    QFont headFont = cFlex->horizontalHeader()->font();
+    const QFontMetrics hm(headFont);
+
+    int colWidth = px(1087);
+    // The widest single word of a heading and the widest possible result must fit.
+    for (const char* h : kHeadings) {
+        for (const QString& w : QString::fromUtf8(h).split(QRegularExpression(QStringLiteral("[ \\n]")))) {
+            colWidth = std::max(colWidth, hm.horizontalAdvance(w) + 14);
+        }
+    }
+    colWidth = std::max(colWidth, fm.horizontalAdvance(QStringLiteral("99,999.000  ")) + 10);
+    const int numberWidth =
+        std::max(px(535), fm.horizontalAdvance(QStringLiteral("No.")) + 16);
+    cFlex->setColumnWidth(0, numberWidth);
+    for (int c = 1; c < kDataCols; ++c) cFlex->setColumnWidth(c, colWidth);
+
+    int headHeight = px(952);
+    for (int c = 0; c < kDataCols; ++c) {
+        const QRect need = hm.boundingRect(QRect(0, 0, cFlex->columnWidth(c) - 8, 1000),
+                                           Qt::AlignCenter | Qt::TextWordWrap,
+                                           cFlex->TextMatrix(0, c));
+        headHeight = std::max(headHeight, need.height() + 16);
+    }
+    cFlex->horizontalHeader()->setFixedHeight(headHeight);
+    const int rowHeight = std::max(px(350), fm.height() + 8);
+    cFlex->SetRowHeightAll(rowHeight);
+
+    // The grid asks for room for every column and fifteen rows, but makes do
+    // with less on a small screen: it scrolls, and grows with the window.
+    int width = 2 * cFlex->frameWidth() + cFlex->verticalScrollBar()->sizeHint().width();
+    for (int c = 0; c < kDataCols; ++c) width += cFlex->columnWidth(c);
+    preferredGrid_ = QSize(width, 2 * cFlex->frameWidth() + headHeight + 15 * rowHeight);
+    cFlex->setMinimumSize(std::min(width, 360), 2 * cFlex->frameWidth() + headHeight + 3 * rowHeight);
+    cFlex->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    cFlex->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+}
+
+void BoltCoefficientWindow::StyleDataRow(int row) {
+    QTableWidgetItem* no = cFlex->Cell(row, 0);
+    if (no == nullptr) return;
+    no->setText(QString::number(row));
+    no->setTextAlignment(Qt::AlignCenter);
+    no->setForeground(kBlue);
+    no->setBackground(kHeadingBack);
+    for (int c = 1; c < kDataCols; ++c) {
+        QTableWidgetItem* it = cFlex->Cell(row, c);
+        it->setTextAlignment(c <= 2 ? Qt::AlignCenter : (Qt::AlignRight | Qt::AlignVCenter));
+        if (c >= 7) it->setForeground(kBlue);
+    }
+}
+
+void BoltCoefficientWindow::Init_valFlex() {
+    const double perUnit = logicalDpiY() / 1440.0;
+    auto px = [perUnit](int units) { return static_cast<int>(std::lround(units * perUnit)); };
+    const char* const names[2][4] = {{"m", "n", "sv", "sh"}, {"ex", "\u00D8", "C", "C'"}};
+    CellGrid* grids[2] = {ccFlex, xxFlex};
+    for (int g = 0; g < 2; ++g) {
+        CellGrid* f = grids[g];
+        QFont tahoma = cFlex->font();
+        f->setFont(tahoma);
+        f->SetCols(2);
+        f->SetRows(4);
+        const QFontMetrics fm(tahoma);
+        f->SetRowHeightAll(std::max(px(295), fm.height() + 6));
+        f->setColumnWidth(0, std::max(px(700), fm.horizontalAdvance(QStringLiteral("sv")) + 16));
+        f->setColumnWidth(1, std::max(px(1060), fm.horizontalAdvance(QStringLiteral("9999 15/16\"   ")) + 8));
+        f->setSelectionMode(QAbstractItemView::NoSelection);
+        f->setFocusPolicy(Qt::NoFocus);
+        f->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        f->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        f->setShowGrid(true);
+        for (int r = 0; r < 4; ++r) {
+            QTableWidgetItem* h = f->Cell(r, 0);
+            h->setText(QString::fromUtf8(names[g][r]));
+            h->setTextAlignment(Qt::AlignCenter);
+            h->setBackground(kHeadingBack);
+            h->setForeground(r >= 2 && g == 1 ? kBlue : kRed);
+            QTableWidgetItem* v = f->Cell(r, 1);
+            v->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            v->setFlags(Qt::ItemIsEnabled);
+        }
+        const int w = f->columnWidth(0) + f->columnWidth(1) + 2 * f->frameWidth();
+        const int h = 4 * f->rowHeight(0) + 2 * f->frameWidth();
+        f->setFixedSize(w, h);
+    }
+}
+
+void BoltCoefficientWindow::LoadRecords() {
+    int16_t status = 0;
+    BoltRows::BoltData_Read(BoltRecords, S(DataFilePath()), status,
+                                    [this](const std::string& m) {
+                                        ShowMessage(QMessageBox::Critical, QStringLiteral("Warning:"), Q(m));
+                                    });
+    if (status == -1) return;
+    const int last = cFlex->Rows() - 1;
+    for (const auto& rec : BoltRecords) {
+        if (rec.Row < 1 || rec.Row > last) continue;
+        const std::string* texts[8] = {&rec.M, &rec.N, &rec.Sv, &rec.Sh,
+                                       &rec.Ex, &rec.Angle, &rec.C, &rec.CPrime};
+        for (int c = 1; c <= 8; ++c) cFlex->SetTextMatrix(rec.Row, c, Q(*texts[c - 1]));
+    }
+}
+
+void BoltCoefficientWindow::Calculate_C(int row) {
+    if (row < 1 || row >= cFlex->Rows()) return;
+    cFlex->Cell(row, 7)->setData(kIteratedC, QVariant());
+    for (int c = 1; c <= 6; ++c) {
+        if (cFlex->TextMatrix(row, c).trimmed().isEmpty()) {
+            cFlex->SetTextMatrix(row, 7, QString());
+            cFlex->SetTextMatrix(row, 8, QString());
+            return;
+        }
+    }
+    // A count that does not fit, or a group without bolts, leaves C and C' as
+    // they were; the status line says why.
+    const QString rowName = QStringLiteral("Row %1: ").arg(row);
+    StatusLine->clear();
+    BoltCase k;
+    if (!ReadCase(cFlex, row, k)) {
+        StatusLine->setText(rowName + QStringLiteral("the numbers of bolt rows must be whole numbers up to 32,767."));
+        return;
+    }
+    const auto [m, n, sv, sh, ex, angle] = k;
+    const QString noGroup =
+        rowName + QStringLiteral("no bolt group: m and n must both be at least 1, with m × n at most 32,767 bolts.");
+
+    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::AiscElement) {
+        const auto c = BoltElementModel::BoltGroup_C(m, n, sv, sh, ex, angle);
+        const auto cp = BoltElementModel::BoltGroup_CPrime(m, n, sv, sh);
+        if (c.Refused || cp.Refused) {
+            StatusLine->setText(noGroup);
+            return;
+        }
+        if (!c.Converged) {
+            StatusLine->setText(rowName + QStringLiteral("the AISC element model finds no equilibrium for this load."));
+            return;
+        }
+        cFlex->SetTextMatrix(row, 7, Q(prim::Format(c.Value, "##,##0.000  ")));
+        cFlex->SetTextMatrix(row, 8, Q(prim::Format(cp.Converged ? cp.Value : 0.0, "##,##0.000  ")));
+        return;
+    }
+    const auto cPrime = bolt::BoltGroup_CPrime(m, n, sv, sh);
+    if (!cPrime) {
+        StatusLine->setText(noGroup);
+        return;
+    }
+    // The window stays live during a long run.
+    shell::ThrottledPump pump;
+    const auto c = bolt::BoltGroup_C(m, n, sv, sh, ex, angle, pump.AsYield());
+    if (!c || guard_.ClosePending()) return;
+    cFlex->SetTextMatrix(row, 7, Q(prim::Format(*c, "##,##0.000  ")));
+    cFlex->SetTextMatrix(row, 8, Q(prim::Format(*cPrime, "##,##0.000  ")));
+    cFlex->Cell(row, 7)->setData(kIteratedC, *c);
+}
+
+// The element model's C of the current row's group and load beside the
+// iteration's C, solved aside. Nothing for a row without a C of the
+// iteration, or while the element model is the chosen one.
+void BoltCoefficientWindow::CheckRow() {
+    const int r = cFlex->Row();
+    const QTableWidgetItem* cell = cFlex->Cell(r, 7);
+    const QVariant c = cell != nullptr ? cell->data(kIteratedC) : QVariant();
+    BoltCase k;
+    QString key;
+    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::Iterative && c.isValid() &&
+        !cell->text().trimmed().isEmpty() && ReadCase(cFlex, r, k)) {
+        key = QString::number(r) + QLatin1Char('|') + QString::number(c.toDouble(), 'g', 17);
+        for (int col = 1; col <= 6; ++col) key += QLatin1Char('|') + cFlex->TextMatrix(r, col).trimmed();
+    }
+    if (key == checkedKey_) return;  // already shown or under way
+    checkedKey_ = key;
+    if (key.isEmpty()) {
+        ModelCheck->Clear();
+        return;
+    }
+    ModelCheck->Check(
+        c.toDouble(),
+        [k]() -> std::optional<double> {
+            const auto rep = BoltElementModel::BoltGroup_C(k.m, k.n, k.sv, k.sh, k.ex, k.angle);
+            if (!rep.Converged) return std::nullopt;
+            return rep.Value;
+        },
+        QString(), 3);
+}
+
+void BoltCoefficientWindow::ModifyTextC(QLineEdit* edit) {
+    if (edit->text().trimmed().isEmpty()) return;
+    edit->setText(Q(prim::Format(prim::Val(S(edit->text())), "0.000##  ")));
+}
+
+bool BoltCoefficientWindow::RowHasEntry(int row) const {
+    for (int c = 1; c <= 6; ++c)
+        if (!cFlex->TextMatrix(row, c).trimmed().isEmpty()) return true;
+    return false;
+}
+
+int BoltCoefficientWindow::CountEntries() const {
+    int count = 0;
+    for (int r = 1; r < cFlex->Rows(); ++r)
+        if (RowHasEntry(r)) ++count;
+    return count;
+}
+
+void BoltCoefficientWindow::RestoreRow(int row) {
+    for (const auto& rec : BoltRecords) {
+        if (rec.Row != row) continue;
+        const std::string* texts[8] = {&rec.M, &rec.N, &rec.Sv, &rec.Sh,
+                                       &rec.Ex, &rec.Angle, &rec.C, &rec.CPrime};
+        for (int c = 1; c <= 8; ++c) cFlex->SetTextMatrix(row, c, Q(*texts[c - 1]));
+        return;
+    }
+}
+
+void BoltCoefficientWindow::ShowSelection() {
+    const int r = cFlex->Row();
+    auto trimmedWith = [this, r](int col, const QString& tail) {
+        const QString t = cFlex->TextMatrix(r, col).trimmed();
+        return t.isEmpty() ? t : t + tail;
+    };
+    auto inches = [this, r](int col) {
+        const QString t = cFlex->TextMatrix(r, col);
+        if (t.trimmed().isEmpty()) return QString();
+        return Q(Imperial::Imperial_Text(prim::Val(S(t)) / 12.0, 16, 1, 0)) + QStringLiteral("   ");
+    };
+    ccFlex->SetTextMatrix(0, 1, trimmedWith(1, QStringLiteral("    ")));
+    ccFlex->SetTextMatrix(1, 1, trimmedWith(2, QStringLiteral("    ")));
+    ccFlex->SetTextMatrix(2, 1, inches(3));
+    ccFlex->SetTextMatrix(3, 1, inches(4));
+    xxFlex->SetTextMatrix(0, 1, inches(5));
+    xxFlex->SetTextMatrix(1, 1, cFlex->TextMatrix(r, 6).trimmed() + QStringLiteral("\u00B0  "));
+    xxFlex->SetTextMatrix(2, 1, trimmedWith(7, QStringLiteral("   ")));
+    xxFlex->SetTextMatrix(3, 1, trimmedWith(8, QStringLiteral("   ")));
+    CheckRow();
+}
+
+void BoltCoefficientWindow::AddRowButton_Click() {
+    const auto busy = guard_.Enter();
+    if (Rows >= static_cast<float>(kMaxRows)) return;
+    Rows += 1.0f;
+    cFlex->SetRows(GridRowsOf(Rows));
+    const int last = cFlex->Rows() - 1;
+    StyleDataRow(last);
+    cFlex->SetTopRow(std::max(1, cFlex->Rows() - 11));
+    cFlex->SetRow(last);
+    RestoreRow(last);
+    RemRowButton->setEnabled(Rows > kMinRows);
+}
+
+void BoltCoefficientWindow::RemRowButton_Click() {
+    const auto busy = guard_.Enter();
+    Rows = static_cast<float>(shell::MaxOf({Rows - 1.0f, kMinRows}));
+    cFlex->SetRows(GridRowsOf(Rows));
+    RemRowButton->setEnabled(Rows > kMinRows);
+}
+
+void BoltCoefficientWindow::ClearButton_Click() {
+    const auto busy = guard_.Enter();
+    if (CountEntries() == 0) {
+        ShowMessage(QMessageBox::Warning, QStringLiteral("Warning:"),
+                    QStringLiteral("No Entries to Clear ! "));
+        return;
+    }
+    QMessageBox ask(QMessageBox::Critical, QStringLiteral("Warning:"),
+                    QStringLiteral("Are you sure you really want to clear Entries?"),
+                    QMessageBox::Yes | QMessageBox::No, this);
+    if (ask.exec() != QMessageBox::Yes) return;
+    EdiTxt->setVisible(false);
+    for (int r = 1; r < cFlex->Rows(); ++r)
+        for (int c = 1; c <= 8; ++c) cFlex->SetTextMatrix(r, c, QString());
+    const QString path = DataFilePath();
+    if (QFile::exists(path)) QFile::remove(path);
+    CheckRow();
+}
+
+void BoltCoefficientWindow::SaveButton_Click() {
+    const auto busy = guard_.Enter();
+    const int count = CountEntries();
+    if (count < 1) {
+        ShowMessage(QMessageBox::Warning, QStringLiteral("For Your Info:"),
+                    QStringLiteral("No Entries to Save ! "));
+        return;
+    }
+    BoltRecords.assign(static_cast<size_t>(count), {});
+    size_t next = 0;
+    for (int r = 1; r < cFlex->Rows() && next < BoltRecords.size(); ++r) {
+        if (!RowHasEntry(r)) continue;
+        auto& rec = BoltRecords[next++];
+        rec.Row = static_cast<int16_t>(r);
+        std::string* texts[8] = {&rec.M, &rec.N, &rec.Sv, &rec.Sh,
+                                 &rec.Ex, &rec.Angle, &rec.C, &rec.CPrime};
+        for (int c = 1; c <= 8; ++c) *texts[c - 1] = S(cFlex->TextMatrix(r, c));
+    }
+    BoltRows::BoltData_Write(BoltRecords, S(DataFilePath()), [this](const std::string& m) {
+        ShowMessage(QMessageBox::Critical, QStringLiteral("Warning:"), Q(m));
+    });
+    ShowMessage(QMessageBox::Information, QStringLiteral("Warning:"),
+                QStringLiteral("Entries succesfully Saved ! "));
+}
+
+void BoltCoefficientWindow::ShowMessage(int icon, const QString& title, const QString& text) {
+    QMessageBox box(static_cast<QMessageBox::Icon>(icon), title, text, QMessageBox::Ok, this);
+    box.exec();
+}
+
+void BoltCoefficientWindow::cFlex_KeyDown(int16_t keyCode, int, bool& handled) {
+    const auto busy = guard_.Enter();
+    const int col = cFlex->Col();
+    if (col < 1 || col > 6) return;
+    if (keyCode == Delete) {
+        handled = true;
+        cFlex->SetTextMatrix(cFlex->Row(), col, QString());
+        EdiTxt->setText(QString());
+        Calculate_C(cFlex->Row());
+        CheckRow();
+    } else if (keyCode == F2) {
+        handled = true;
+        OpenEditor(Space, true);
+    }
+}
+
+int16_t BoltCoefficientWindow::FilterKey(int col, int16_t key, bool boxIsRefilled) const {
+    // A key that opens the box replaces its text, so it is judged against an empty box.
+    KeyFilters::BoxState box = boxIsRefilled ? KeyFilters::BoxState{} : GridEditor::StateOf(EdiTxt);
+    if (col == 1 || col == 2) return KeyFilters::Key_Digit(key);
+    if (col >= 3 && col <= 5) return KeyFilters::Key_UnsignedDecimal(key, box);
+    if (col == 6) return KeyFilters::Key_SignedDecimal(key, box);
+    return 0;
+}
+
+void BoltCoefficientWindow::cFlex_KeyPress(int16_t key) {
+    const auto busy = guard_.Enter();
+    if (key == Esc) return;
+    const int col = cFlex->Col();
+    if (col < 1 || col > 6) return;
+    const int16_t passed = FilterKey(col, key, true);
+    if (passed != 0) OpenEditor(passed, true);
+}
+
+void BoltCoefficientWindow::cFlex_DblClick() {
+    const auto busy = guard_.Enter();
+    const int col = cFlex->Col();
+    if (col >= 1 && col <= 6) OpenEditor(Space, true);
+}
+
+void BoltCoefficientWindow::cFlex_MouseDown(Qt::MouseButton button) {
+    const auto busy = guard_.Enter();
+    if (button != Qt::LeftButton) return;
+    RowClicked = true;
+    ShowSelection();
+}
+
+void BoltCoefficientWindow::cFlex_Scroll() {
+    const auto busy = guard_.Enter();
+    const int col = cFlex->Col();
+    if (EdiTxt->isVisible() && col >= 1 && col <= 6) GridEditor::Flex_OpenEditor(cFlex, EdiTxt, 0, false);
+}
+
+void BoltCoefficientWindow::OpenEditor(int16_t key, bool takeKey) {
+    editRow_ = cFlex->Row();
+    editCol_ = cFlex->Col();
+    EdiTxt->setAlignment(editCol_ <= 2 ? Qt::AlignCenter : (Qt::AlignRight | Qt::AlignVCenter));
+    GridEditor::Flex_OpenEditor(cFlex, EdiTxt, key, takeKey);
+}
+
+void BoltCoefficientWindow::CloseEdit() {
+    const auto busy = guard_.Enter();
+    if (closingEdit_) return;
+    ShowSelection();
+    if (!EdiTxt->isVisible()) return;
+    closingEdit_ = true;
+    const int row = editRow_;
+    const int col = editCol_;
+    if (col >= 3 && col <= 6) ModifyTextC(EdiTxt);
+    if (col >= 1 && col <= 6) cFlex->SetTextMatrix(row, col, EdiTxt->text());
+    if (EdiTxt->hasFocus()) cFlex->setFocus();
+    EdiTxt->setVisible(false);
+    closingEdit_ = false;
+    if (col >= 1 && col <= 6) Calculate_C(row);
+    CheckRow();
+}
+
+bool BoltCoefficientWindow::EdiTxt_KeyPress(QKeyEvent* event) {
+    const int shift = static_cast<int>(event->modifiers());
+    auto leave = [&](int16_t how) {
+        GridEditor::Flex_LeaveEditor(cFlex, EdiTxt, how, shift, [this] { CloseEdit(); });
+    };
+    auto commit = [this] {
+        if (editCol_ >= 3 && editCol_ <= 6) ModifyTextC(EdiTxt);
+    };
+    return GridEditor::Editor_KeyDown(event, EdiTxt, commit, leave,
+                                          [this](int16_t ch) { return FilterKey(editCol_, ch, false); });
+}
+
+bool BoltCoefficientWindow::eventFilter(QObject* watched, QEvent* event) {
+    const auto busy = guard_.Enter();
+    if (watched == EdiTxt) {
+        if (event->type() == QEvent::KeyPress) return EdiTxt_KeyPress(static_cast<QKeyEvent*>(event));
+        if (event->type() == QEvent::FocusOut) {
+            const auto reason = static_cast<QFocusEvent*>(event)->reason();
+            if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) CloseEdit();
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+// The children outlive this object's own destructor: while they go, a scroll
+// bar or the edit box may still signal or filter through this window.
+BoltCoefficientWindow::~BoltCoefficientWindow() {
+    cFlex->disconnect(this);
+    EdiTxt->removeEventFilter(this);
+}
+
+void BoltCoefficientWindow::closeEvent(QCloseEvent* event) {
+    setObjectName(QString());  // a new request opens a new window
+    // A handler still on the stack (a long run serving events) finishes first.
+    if (guard_.DeferClose(event)) return;
+    event->accept();
+    deleteLater();
+}

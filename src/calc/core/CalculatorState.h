@@ -1,0 +1,107 @@
+// The scientific calculator's state. One instance lives for the whole run of
+// the program and is handed to every calculator procedure; the windows only
+// turn clicks and keys into tokens and copy the display fields to labels, so
+// the texts they show are kept here too.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "calc/core/CalculatorFiles.h"
+#include "calc/core/Constants.h"
+#include "shell/core/Variant.h"
+
+// What the register window is opened for; the value is the window's action index.
+enum class RegisterAction : int16_t { In = 0, Recall = 1, Swap = 2, Add = 3, Minus = 4, Delete = 5 };
+
+struct CalculatorState {
+    using Variant = prim::Variant;
+
+    // ---- Key engine ------------------------------------------------------
+    std::string KeyToken;        // token being processed; functions put the result text here
+    int16_t ErrorLock = 0;       // "Error" shown: every token but "AC" is ignored
+    int16_t FractionMode = 0;    // a fraction is being typed
+    std::string EntryText;       // the operand being typed
+    int16_t ExpMode = 0;         // exponent digits are being typed
+    int16_t SignPressed = 0;     // the sign key was used on a non-empty entry
+    Variant SexaCount;           // step counter of the "sexa" key, empty when idle
+    int16_t ExpNegative = 0;     // sign of the exponent being typed
+    int16_t NumberEntered = 0;   // a digit or result came since AC
+    int16_t ResultPending = 0;   // Show_Result left a value for Enter_Digit
+    double ResultValue = 0.0;
+    std::string ResultFullText;  // ResultValue at full precision
+    std::string CarryText;       // operand taken when EntryText is empty at an operator
+    std::string MantissaText;    // last non-empty EntryText; the mantissa in exponent entry
+    std::string ExponentText;    // exponent digits with their sign
+    std::string FractionText;    // the fraction as typed, "a", "a/b" or "a/b/c"
+
+    // ---- Priority evaluation ------------------------------------------------
+    std::string PendingOp, PriorOp, OldestOp;
+    std::vector<double> Operands;   // oldest first
+    Variant RunningTotal;           // number, the text "Error", or empty
+    double Operand0 = 0.0, Operand1 = 0.0, Operand2 = 0.0;
+    Variant DisplayValue;           // X, the number on the display
+    Variant DisplayText;            // its text form
+    Variant KValue;                 // constant calculation
+    std::string KOperator;
+    std::vector<std::string> RepeatOps;  // empty: no list
+    Variant ErrorWord;
+
+    // ---- Functions and conversions -------------------------------------------
+    int16_t PolarPending = 0, RectPending = 0, ConversionArmed = 0;
+    Variant PolarRadius, RectX, SecondValue;
+    int16_t RandomShown = 0;
+
+    // ---- Display modes ------------------------------------------------------
+    Variant FixDigits, SciDigits, SavedFixDigits, SavedSciDigits;
+    // Option buttons of the display mode and the precision list PrecBox.
+    int16_t FxnButton = 0, ScnButton = 0, StdButton = -1;
+    int16_t PrecBoxIndex = -1;      // -1: no item chosen
+    int16_t PrecBoxEnabled = 0;
+
+    // ---- Memory, data, angle mode ----------------------------------------------
+    double MemoryValue = 0.0;
+    CalculatorFiles::RegisterArray Registers{};
+    RegisterAction MemoryAction = RegisterAction::In;
+    int16_t RegisterChoice = -1;    // chosen register index, -1 for none
+    std::string RegisterText;       // description given in the register window
+    double RegisterWork = 0.0;      // value kept aside by the register swap
+    CalculatorFiles::DataList DataValues;
+    // CalcMem.mem / SdfInput.sdf could not be opened at the start: it is kept
+    // as it is, never overwritten at the close.
+    int16_t RegisterFileUnread = 0, DataFileUnread = 0;
+    // The registers, data and M memory have been read from their files in this run.
+    bool FilesLoaded = false;
+    Constants::ConstantTable Constants;  // row texts and records of the constant window
+    Variant ConstantChoice;         // value text chosen in the constant window
+    int16_t IsRadian = 0, IsGradian = 0, IsDegree = -1;
+    int16_t TimeShown = 0;
+    int16_t ReadOutOn = 0;
+
+    // ---- Form-level values of the main window ------------------------------------
+    double SexaAccumulator = 0.0;   // running value of the "sexa" key
+    int16_t FractionStep = 0;       // step of the decimal/fraction key (1 mixed, 2 improper)
+    std::string ImproperText;       // improper form left by Fraction_Value
+
+    // ---- What the window's labels show ------------------------------------------
+    std::string DisplayBox, ExpoBox, DateBox, OperatorIndicator, CCalc_Indicator, Mem_Indicator;
+    std::string Mode_Indicator = "DEGREE";
+    std::string DispMode_Indicator = "NORM";
+
+    // ---- Hooks to the platform (all optional) ---------------------------------------
+    // Speech: receives the words to say; an empty text cuts off what is being said.
+    std::function<void(const std::string&)> Speak;
+    // Present date-time as a day count from 30 Dec 1899 with the time as fraction
+    // (the random key reads it); the system clock when not set.
+    std::function<double()> Now;
+    // Clipboard text for the paste key; empty when the clipboard holds none.
+    std::function<std::string()> ClipboardText;
+    // Warning box: text and title.
+    std::function<void(const std::string&, const std::string&)> ShowMessage;
+    // Modal register window: reads MemoryAction, sets RegisterChoice and RegisterText.
+    std::function<void(CalculatorState&)> ShowRegisterWindow;
+    // Modal constant window: sets ConstantChoice (empty at Exit).
+    std::function<void(CalculatorState&)> ShowConstantWindow;
+};

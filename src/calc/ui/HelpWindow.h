@@ -1,0 +1,43 @@
+// The calculator's help window: the topic list, the text of the chosen topic
+// and, with read-out-loud on, the topic spoken with each word marked in the
+// text as the voice reaches it.
+#pragma once
+
+#include <QDialog>
+
+struct CalculatorState;
+class QLabel;
+class QListWidget;
+class QPushButton;
+class QTextEdit;
+class Voice;
+
+class HelpWindow : public QDialog {
+    Q_OBJECT
+public:
+    HelpWindow(CalculatorState& s, QWidget* parent = nullptr);
+    ~HelpWindow() override;
+
+    // Opens the window modally over `parent`.
+    static void Open(CalculatorState& s, QWidget* parent);
+
+    // The window's voice (tests listen to its word events).
+    Voice* HelpVoice() const { return voice_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void Form_Load();
+    void MenuBox_Click(int row);
+    void Voice_Word(int characterPosition, int length);
+    void ExitButton_Click();
+
+    CalculatorState& s_;
+    Voice* voice_ = nullptr;
+    int titleLength_ = 0;  // title of the topic being read, for the marking
+    QListWidget* MenuBox = nullptr;
+    QTextEdit* HBox = nullptr;
+    QLabel* DemImage = nullptr;
+    QPushButton* ExitButton = nullptr;
+};

@@ -1,0 +1,64 @@
+// The AISC element model of a weld group, solved to equilibrium. It stands
+// beside the program's own iteration (Locate_InstantaneousCenter), which stays
+// the default: it takes the same weld lines, strip, load angle and
+// eccentricity, turns the group into the same load frame, and reports the
+// same capacity and coefficient C, but gives every element its own
+// deformation limits:
+//   theta   angle between the element's force and its axis
+//   Du      = 1.087 (theta + 6)^-0.65 w, at most 0.17 w
+//   Dm      = 0.209 (theta + 2)^-0.32 w
+//   critical ratio c = least Du / r over the weld, element deformation c r
+//   p       = c r / Dm
+//   R       = 0.60 Fexx (1 + 0.5 sin^1.5 theta) [p (1.9 - 0.9 p)]^0.3 x throat area
+// with theta in degrees. Each line is cut into equal elements no longer than
+// the strip, along its true length; the critical ratio is also taken at the
+// line ends, so that it does not hang on where the last element's midpoint
+// falls. The center is found by the equilibrium solver of shell/MotionSolver,
+// which always ends: a group with no equilibrium gives Converged = false and
+// a capacity of 0, never a number that does not balance.
+#pragma once
+
+#include <cstdint>
+
+#include "shell/core/MotionSolver.h"
+#include "weld/core/InstantaneousCenter.h"
+
+namespace WeldElementModel {
+
+using weld::WeldLineTable;
+
+struct ElementReport {
+    bool Converged = false;                   // an equilibrium was found; Capacity holds it
+    bool Concentric = false;                  // the load passes through the centroid (zero arm)
+    bool Refused = false;                     // no weld to solve, a bad strip, or too many elements
+    double Capacity = 0.0;                    // kips; 0 unless converged
+    double CentroidX = 0.0, CentroidY = 0.0;  // of the group, input coordinates
+    // The group's motion at the solution (or at the best point of a failed
+    // solve), in input coordinates; only its direction is meaningful.
+    shell::GroupMotion Motion;
+    int32_t Elements = 0;
+    int32_t Iterations = 0;  // Newton steps over all starts
+    int32_t Starts = 0;
+    int32_t Evaluations = 0;  // element force sweeps
+    double Residual = 0.0;    // scaled equilibrium residual at the end
+};
+
+// Groups beyond this many elements are refused.
+constexpr int32_t kMaxElements = 1000000;
+
+// Capacity of a weld group by the element model.
+//   lines            the group, inches, Y up (not changed)
+//   ex, angle        eccentricity (inches, load on the +x side) and load angle
+//                    in degrees, as for Locate_InstantaneousCenter
+//   Fexx, D          electrode strength (ksi) and weld size (in)
+//   SegmentsPerInch  the strip: 4, 8, 16, 32 or 64
+ElementReport Solve(const WeldLineTable& lines, double ex, double angle, double Fexx, double D,
+                    int16_t SegmentsPerInch);
+
+// Coefficient C of standard configuration 1 to 9 by the element model: the
+// same shapes, scaling and reference length as weld::Config_ByNumber
+// with the selector for C (0 for other configuration numbers).
+double Config_C(int16_t config, double L, double kL, double aL, double Angle, int16_t SegmentsPerInch,
+                ElementReport* report = nullptr);
+
+}  // namespace WeldElementModel

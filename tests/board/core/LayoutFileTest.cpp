@@ -1,0 +1,318 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+
+#include "support/BoardTestDoc.h"
+#include "board/core/Dimensions.h"
+#include "board/core/LayoutFile.h"
+
+using namespace Layout;
+using namespace LayoutFile;
+using boardtest::P;
+namespace fs = std::filesystem;
+
+namespace {
+
+LayoutDocument OneLine() {
+    LayoutDocument doc;
+    Viewport::Add_Drawn_Line(doc, P(1, 1), P(3, 2));
+    return doc;
+}
+
+// A document with a bit of everything: zoomed viewport, names outside ASCII,
+// a selected line, dimensions of each kind, a placed load.
+LayoutDocument Rich() {
+    LayoutDocument doc;
+    Viewport::Add_Drawn_Line(doc, P(0.5f, 4), P(0.5f, 1));
+    Viewport::Add_Drawn_Line(doc, P(0.5f, 1), P(4.25f, 1));
+    Viewport::Add_Drawn_Line(doc, P(0.5f, 4), P(4.25f, 2.125f));
+    Viewport::Zoom_Factor(doc, 1.05f);
+    doc.Lines[1].Selected = -1;
+    doc.Lines[2].LineName = "Naht \xC3\xA9 \xE2\x82\xAC \xC2\x81 \xC2\x9D";  // é, €, and two undefined code points
+    doc.LineCounter = 7;
+    DimensionRec d = boardtest::Dim(0.5f, 4, 0.5f, 1, 0.2f, 2.5f);
+    d.DimLength = 3.0;
+    doc.Dims[0] = d;
+    d.DimType = 2;
+    d.DimSpare = 5;
+    doc.Dims.push_back(d);
+    doc.Load.LoadSide = 1;
+    doc.Load.LoadPoint = {6.1f, 2.2f, 0};
+    doc.Load.LoadAngle = 30;
+    doc.Load.LoadEccentricity = 0.75;
+    doc.Load.LoadPlaced = -1;
+    return doc;
+}
+
+template <class T>
+T At(const std::string& b, size_t off) {
+    T v;
+    std::memcpy(&v, b.data() + off, sizeof v);
+    return v;
+}
+
+template <class T>
+void Put(std::string& b, size_t off, T v) {
+    std::memcpy(b.data() + off, &v, sizeof v);
+}
+
+fs::path TempDir() {
+    fs::path dir = fs::temp_directory_path() / ("ferrolith-board-" + std::to_string(::getpid()));
+    fs::create_directories(dir);
+    return dir;
+}
+
+}  // namespace
+
+TEST(WldFormat, OneLineDocumentLayout) {
+    const LayoutDocument doc = OneLine();
+    const std::string b = Layout_Bytes(doc);
+    const size_t nameLen = std::string("Line Number 1").size();
+    ASSERT_EQ(b.size(), 84 + (44 + nameLen) + 56);
+
+    EXPECT_EQ(At<double>(b, 0), 1.0);                                // ZoomBase
+    EXPECT_EQ(At<double>(b, 8), 1.0);                                // ZoomScale
+    EXPECT_EQ(At<double>(b, 16), static_cast<double>(doc.OriginY));  // Y before X
+    EXPECT_EQ(At<double>(b, 24), 0.0);
+    EXPECT_EQ(At<uint16_t>(b, 32), 1);   // one dimension of the array
+    EXPECT_EQ(At<uint32_t>(b, 34), 1u);  // N
+    EXPECT_EQ(At<int32_t>(b, 38), 0);    // lower bound
+    EXPECT_EQ(At<float>(b, 42), 3.0f);   // EndPt comes first
+    EXPECT_EQ(At<float>(b, 52), 1.0f);   // then StartPt
+    EXPECT_EQ(At<float>(b, 62), 2.0f);   // MidPt.X
+    EXPECT_EQ(At<int16_t>(b, 72), -1);   // Exists
+    EXPECT_EQ(At<uint16_t>(b, 76), nameLen);
+    EXPECT_EQ(b.substr(78, nameLen), "Line Number 1");
+    const size_t dimHeader = 78 + nameLen + 8;
+    EXPECT_EQ(At<uint32_t>(b, dimHeader + 2), 1u);  // one blank dimension entry
+    EXPECT_EQ(At<int16_t>(b, dimHeader + 10 + 52), 0);
+    EXPECT_EQ(At<int16_t>(b, b.size() - 32), 1);  // LineCounter
+
+    LayoutDocument back;
+    ASSERT_TRUE(Layout_FromBytes(b, back));
+    EXPECT_TRUE(Dimensions::Dims_Empty(back.Dims));
+    EXPECT_EQ(Viewport::Line_Count(back.Lines), 1);
+
+    // The name's length is its byte count; the counter survives and numbers the next line.
+    back.LineCounter = 11;
+    ASSERT_TRUE(Layout_FromBytes(Layout_Bytes(back), back));
+    Viewport::Add_Drawn_Line(back, P(0, 0), P(0, 1));
+    EXPECT_EQ(back.Lines.back().LineName, "Line Number 12");
+    EXPECT_EQ(At<uint16_t>(Layout_Bytes(back), 76 + 44 + nameLen), 14);
+}
+
+TEST(WldFormat, RoundTripsAreByteIdentical) {
+    for (const LayoutDocument& doc : {OneLine(), Rich(), LayoutDocument{}}) {
+        const std::string b = Layout_Bytes(doc);
+        LayoutDocument back;
+        ASSERT_TRUE(Layout_FromBytes(b, back));
+        EXPECT_EQ(Layout_Bytes(back), b);
+    }
+    // Every byte value of a name comes back as it was written.
+    LayoutDocument all = OneLine();
+    std::string raw;
+    for (int c = 1; c < 256; ++c) raw += static_cast<char>(c);
+    std::string b = Layout_Bytes(all);
+    const size_t nameLen = all.Lines[0].LineName.size();
+    b.replace(78, nameLen, raw);
+    Put(b, 76, static_cast<uint16_t>(raw.size()));
+    LayoutDocument named;
+    ASSERT_TRUE(Layout_FromBytes(b, named));
+    EXPECT_EQ(Layout_Bytes(named), b);
+
+    LayoutDocument back;
+    ASSERT_TRUE(Layout_FromBytes(Layout_Bytes(Rich()), back));
+    EXPECT_EQ(back.Lines[2].LineName, Rich().Lines[2].LineName);
+    EXPECT_EQ(back.Lines[1].Selected, -1);
+    EXPECT_EQ(back.Dims[1].DimSpare, 5);
+    EXPECT_EQ(back.Load.LoadAngle, 30.0);
+    EXPECT_EQ(back.ZoomScale, 1.05f);
+}
+
+TEST(WldFormat, ReadReplacesOnlyTheSavedParts) {
+    LayoutDocument doc = Rich();
+    doc.LinesSaved = BlankLines();
+    doc.Intersections = {P(9, 9)};
+    ASSERT_TRUE(Layout_FromBytes(Layout_Bytes(OneLine()), doc));
+    EXPECT_EQ(doc.Lines.size(), 1u);
+    EXPECT_TRUE(Dimensions::Dims_Empty(doc.Dims));
+    EXPECT_EQ(doc.ZoomScale, 1.0f);
+    EXPECT_EQ(doc.Intersections[0].X, 9.0f);  // callers rebuild them
+    EXPECT_EQ(doc.LinesSaved.size(), 1u);
+}
+
+TEST(WldFormat, BadFilesLeaveTheDocumentAlone) {
+    const std::string good = Layout_Bytes(Rich());
+    const size_t dimHeader = good.size() - 32 - 2 * 56 - 10;
+    struct Case {
+        const char* what;
+        std::string bytes;
+    };
+    std::vector<Case> cases;
+    cases.push_back({"empty", ""});
+    cases.push_back({"viewport only", good.substr(0, 32)});
+    cases.push_back({"one byte short", good.substr(0, good.size() - 1)});
+    auto patched = [&](const char* what, size_t off, auto v) {
+        std::string b = good;
+        Put(b, off, v);
+        cases.push_back({what, b});
+    };
+    patched("absurd line count", 34, uint32_t{0xFFFFFFFF});
+    patched("line count past the end", 34, uint32_t{4});
+    patched("two-dimensional table", 32, uint16_t{2});
+    patched("lower bound 1", 38, int32_t{1});
+    patched("absurd dimension count", dimHeader + 2, uint32_t{0x7FFFFFFF});
+    patched("name longer than the file", 76, uint16_t{0xFFFF});
+    patched("viewport beyond a single", 0, 1e300);
+    patched("viewport not a number", 8, std::numeric_limits<double>::quiet_NaN());
+    patched("line end not a number", 42, std::numeric_limits<float>::quiet_NaN());
+    patched("load angle not a number", good.size() - 18, std::numeric_limits<double>::quiet_NaN());
+    patched("eccentricity infinite", good.size() - 10, std::numeric_limits<double>::infinity());
+    // Values no input of the program takes, whose arithmetic overflows or gives a wrong capacity.
+    patched("eccentricity whose inches overflow", good.size() - 10, 1e308);
+    patched("eccentricity beyond a single", good.size() - 10, -1e307);
+    patched("load angle beyond a single", good.size() - 18, 1e39);
+    patched("zoom base other than 1", 0, 2.0);
+    patched("zoom below 0", 8, -1.05);
+    patched("line length beyond any two points", 91, 1e300);
+    patched("origin far off the drawing", 24, -3e38);
+    Put(cases.back().bytes, 42, 3e38f);  // ... and a point on its far side: its world X overflows
+
+    LayoutDocument doc = OneLine();
+    const std::string before = Layout_Bytes(doc);
+    for (const Case& c : cases) {
+        EXPECT_FALSE(Layout_FromBytes(c.bytes, doc)) << c.what;
+        EXPECT_EQ(Layout_Bytes(doc), before) << c.what;
+    }
+    // Every shorter prefix of a good file fails.
+    for (size_t n = 0; n < good.size(); ++n) ASSERT_FALSE(Layout_FromBytes(good.substr(0, n), doc)) << n;
+    // Bytes after the load are ignored.
+    EXPECT_TRUE(Layout_FromBytes(good + "trailing", doc));
+}
+
+TEST(WldFormat, TablesStoredWithoutRowsComeBackBlank) {
+    // A file cannot be made so by the program, but a table must never lose its
+    // last row: zero rows read as the blank table.
+    std::string b(32, '\0');
+    Put(b, 0, 1.0);
+    Put(b, 8, 1.0);
+    b += std::string("\x01\x00\x00\x00\x00\x00\x00\x00\x00\x00", 10);
+    b += std::string("\x01\x00\x00\x00\x00\x00\x00\x00\x00\x00", 10);
+    b += std::string(32, '\0');
+    LayoutDocument doc = Rich();
+    ASSERT_TRUE(Layout_FromBytes(b, doc));
+    EXPECT_EQ(doc.Lines.size(), 1u);
+    EXPECT_TRUE(Viewport::Lines_Empty(doc.Lines));
+    EXPECT_TRUE(Dimensions::Dims_Empty(doc.Dims));
+}
+
+TEST(WldFile, LargestLayoutIsReadAndALongerFileIsRefusedFromItsSize) {
+    const fs::path dir = TempDir();
+    const std::string path = (dir / "full.wld").string();
+    LayoutDocument doc;
+    doc.Lines.assign(Layout::kMaxTableRows, LineRec{});
+    doc.Dims.assign(Layout::kMaxTableRows, DimensionRec{});
+    for (LineRec& line : doc.Lines) line.LineName = "Line Number -32768";
+    doc.LineCounter = 32767;
+    ASSERT_EQ(Write_Layout(doc, path).Number, 0);
+    EXPECT_EQ(fs::file_size(path), Layout_MaxFileBytes());
+    LayoutDocument back;
+    ASSERT_TRUE(Read_Layout(back, path));
+    EXPECT_EQ(back.Lines.size(), Layout::kMaxTableRows);
+
+    // A good layout with bytes after it reads; past the cap it is refused.
+    ASSERT_EQ(Write_Layout(OneLine(), path).Number, 0);
+    fs::resize_file(path, Layout_MaxFileBytes());
+    EXPECT_TRUE(Read_Layout(back, path));
+    fs::resize_file(path, Layout_MaxFileBytes() + 1);
+    EXPECT_FALSE(Read_Layout(back, path));
+    fs::remove_all(dir);
+}
+
+TEST(WldFile, WriteAndReadThroughTheDisk) {
+    const fs::path dir = TempDir();
+    const std::string path = (dir / "box.wld").string();
+    const LayoutDocument doc = Rich();
+    ASSERT_EQ(Write_Layout(doc, path).Number, 0);
+    ASSERT_EQ(Write_Layout(OneLine(), path).Number, 0);  // replaces the old file
+    ASSERT_EQ(Write_Layout(doc, path).Number, 0);
+    LayoutDocument back;
+    ASSERT_TRUE(Read_Layout(back, path));
+    EXPECT_EQ(Layout_Bytes(back), Layout_Bytes(doc));
+    size_t files = 0;
+    for ([[maybe_unused]] const auto& e : fs::directory_iterator(dir)) ++files;
+    EXPECT_EQ(files, 1u);  // no temporary file left behind
+
+    const std::string empty = (dir / "empty.wld").string();
+    std::ofstream(empty).close();
+    LayoutDocument keep = OneLine();
+    EXPECT_FALSE(Read_Layout(keep, empty));
+    EXPECT_FALSE(Read_Layout(keep, (dir / "missing.wld").string()));
+    EXPECT_FALSE(fs::exists(dir / "missing.wld"));
+    EXPECT_EQ(Layout_Bytes(keep), Layout_Bytes(OneLine()));
+
+    const FileError e = Write_Layout(doc, (dir / "no-such-folder" / "x.wld").string());
+    EXPECT_EQ(e.Number, 76);
+    EXPECT_EQ(e.Description, "Path not found");
+    fs::remove_all(dir);
+}
+
+TEST(WldFile, TitlesAndCommandLine) {
+    struct Case {
+        const char* in;
+        const char* title;
+    } titles[] = {
+        {"C:\\work\\a.wld", "a.wld"}, {"/home/u/box.wld", "box.wld"}, {"plain.wld", "plain.wld"}, {"dir\\", ""}};
+    for (const auto& c : titles) EXPECT_EQ(File_Title(c.in), c.title);
+
+    EXPECT_EQ(Command_File("\"C:\\a.wld\""), "C:\\a.wld");
+    EXPECT_EQ(Command_File("C:\\a.wld"), ":\\a.wl");  // the ends are cut in any case
+    EXPECT_EQ(Command_File(""), "");
+    EXPECT_EQ(Command_File("x"), "");
+}
+
+TEST(ChangeTest, OnlyRowCountsAndTheLastRowCount) {
+    LayoutDocument doc;
+    Viewport::Add_Drawn_Line(doc, P(1, 1), P(2, 1));
+    Viewport::Add_Drawn_Line(doc, P(1, 1), P(1, 3));
+    doc.Dims[0] = boardtest::Dim(1, 1, 2, 1, 1.5f, 0.5f);
+    doc.LinesSaved = doc.Lines;
+    doc.DimsSaved = doc.Dims;
+    EXPECT_FALSE(Layout_Changed(doc));
+
+    LayoutDocument t = doc;
+    t.Lines[0].StartPt.X = 0.25f;  // not the last row
+    EXPECT_FALSE(Layout_Changed(t));
+    t.Lines[1].EndPt.Y = 4.0f;
+    EXPECT_TRUE(Layout_Changed(t));
+
+    t = doc;
+    t.Lines.pop_back();  // different row counts always differ
+    EXPECT_TRUE(Lines_Differ(t, t.Lines, t.LinesSaved));
+
+    t = doc;
+    t.Dims[0].DimP2.Y = 9.0f;  // left out of the comparison
+    EXPECT_FALSE(Layout_Changed(t));
+    t.Dims[0].DimP2.X = 9.0f;
+    EXPECT_TRUE(Layout_Changed(t));
+    t = doc;
+    t.Dims[0].DimType = 1;
+    EXPECT_TRUE(Layout_Changed(t));
+    t = doc;
+    t.Dims[0].DimLength = 42;  // not compared
+    t.Lines[1].Length = 42;
+    t.Lines[1].Selected = -1;
+    EXPECT_FALSE(Layout_Changed(t));
+
+    // Any pan moves the last row against the saved copy.
+    t = doc;
+    Viewport::Pan_Board(t, 0.5, 0.0);
+    EXPECT_TRUE(Layout_Changed(t));
+}

@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "support/BoardTestDoc.h"
+#include "support/GuiTestSupport.h"
+#include "board/ui/LineDataDialog.h"
+
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+
+namespace {
+
+using namespace boardtest;
+
+class LineDataWindow : public testing::Test {
+protected:
+    void SetUp() override {
+        doc_ = DocWith({L(1, 3, 3, 3), L(0, 0, 1, 1)});
+        doc_.Lines[0].Selected = -1;  // as the board leaves the line it opens
+    }
+    void TearDown() override { delete frm_; }
+
+    LineDataDialog* Open(int16_t index = 0) {
+        LineDataDialog::BoardHooks hooks;
+        hooks.Redraw = [this] { ++redraws_; };
+        hooks.Show_Grips = [this](const LineRec& r) { grips_ = r.MidPt; };
+        frm_ = new LineDataDialog(doc_, index, hooks);
+        frm_->show();
+        QApplication::setActiveWindow(frm_);
+        return frm_;
+    }
+    template <class W>
+    W* Child(const char* name) {
+        W* w = frm_->findChild<W*>(QString::fromLatin1(name));
+        EXPECT_NE(w, nullptr) << name;
+        return w;
+    }
+    QString Text(const char* label) { return Child<QLabel>(label)->text(); }
+    void TypeIn(const char* box, const QString& text) {
+        QLineEdit* e = Child<QLineEdit>(box);
+        e->selectAll();
+        QTest::keyClick(e, Qt::Key_Backspace);
+        QTest::keyClicks(e, text);
+    }
+    void Apply() { QTest::mouseClick(Child<QPushButton>("ApplyButton"), Qt::LeftButton); }
+
+    LayoutDocument doc_;
+    LineDataDialog* frm_ = nullptr;
+    int redraws_ = 0;
+    PointRec grips_;
+};
+
+TEST_F(LineDataWindow, ShowsTheLine) {
+    Open();
+    EXPECT_EQ(frm_->windowTitle(), "Line Data");
+    EXPECT_EQ(Text("LineNameBox"), "Line Number 1");
+    EXPECT_EQ(Text("StartPTx"), "    X =  1.00000");
+    EXPECT_EQ(Text("EndPTx"), "    X =  3.00000");
+    EXPECT_EQ(Text("SegLen"), "    L =  2.000");
+    EXPECT_EQ(Text("RotAng"), QString::fromUtf8("   Ø =  0.0°"));
+    EXPECT_EQ(Text("xRotAng"), QString::fromUtf8("   Ø =  360.0°"));
+    EXPECT_EQ(Child<QComboBox>("BasePtBox")->currentText(), "   Start Point");
+    EXPECT_TRUE(Child<QFrame>("StartBox")->isVisible());
+    EXPECT_FALSE(Child<QFrame>("MidBox")->isVisible());
+
+    QTest::mouseClick(Child<QCheckBox>("DisplayModeBox"), Qt::LeftButton);
+    EXPECT_EQ(Text("EndPTx"), "    X =  3\"");
+}
+
+TEST_F(LineDataWindow, ApplyLengthThenAngleAboutTheMiddle) {
+    Open();
+    QComboBox* base = Child<QComboBox>("BasePtBox");
+    QTest::keyClick(base, Qt::Key_Down);
+    ASSERT_EQ(base->currentIndex(), 1);
+    EXPECT_TRUE(Child<QFrame>("MidBox")->isVisible());
+    EXPECT_FALSE(Child<QFrame>("StartBox")->isVisible());
+
+    TypeIn("LenBox", "0'-4\"");
+    TypeIn("RotBox", "-90");
+    Apply();
+    const LineRec& r = doc_.Lines[0];
+    EXPECT_NEAR(r.MidPt.X, 2, 1e-5);
+    EXPECT_NEAR(r.MidPt.Y, 3, 1e-5);
+    EXPECT_NEAR(r.EndPt.Y, 5, 1e-5);  // -90: down on the screen
+    EXPECT_NEAR(r.StartPt.Y, 1, 1e-5);
+    EXPECT_EQ(Child<QLineEdit>("LenBox")->text(), "4\"");
+    EXPECT_EQ(Child<QLineEdit>("RotBox")->text(), "270");
+    EXPECT_EQ(Text("SegLen"), "    L =  4.000");
+    EXPECT_EQ(Text("RotAng"), QString::fromUtf8("   Ø =  90.0°"));
+    EXPECT_EQ(redraws_, 1);
+    EXPECT_FLOAT_EQ(grips_.X, r.MidPt.X);
+    EXPECT_NE(r.Selected, 0);
+}
+
+TEST_F(LineDataWindow, BareNumberIsInchesAndReadsBackInFeet) {
+    Open();
+    TypeIn("LenBox", "60");
+    QTest::keyClick(Child<QLineEdit>("LenBox"), Qt::Key_Return);  // Enter applies
+    EXPECT_NEAR(doc_.Lines[0].EndPt.X, 61, 1e-4);
+    EXPECT_EQ(Child<QLineEdit>("LenBox")->text(), "5'-0\"");
+}
+
+TEST_F(LineDataWindow, RefusedLengthWarnsAndTurnsNothing) {
+    Open();
+    guitest::ModalWatchdog dog;
+    TypeIn("LenBox", "5FT");
+    TypeIn("RotBox", "45");
+    Apply();
+    ASSERT_EQ(dog.Seen().size(), 1);
+    EXPECT_EQ(dog.Seen()[0].title, "Warning:");
+    EXPECT_EQ(dog.Seen()[0].text, "Invalid Length Input !  ");
+    EXPECT_EQ(dog.Seen()[0].icon, QMessageBox::Critical);
+    EXPECT_FLOAT_EQ(doc_.Lines[0].EndPt.X, 3);
+    EXPECT_FLOAT_EQ(doc_.Lines[0].EndPt.Y, 3);
+    EXPECT_EQ(Child<QLineEdit>("LenBox")->selectedText(), "5FT");
+    EXPECT_EQ(redraws_, 0);
+}
+
+TEST_F(LineDataWindow, AngleBoxTakesASignedDecimalOnly) {
+    Open();
+    QLineEdit* rot = Child<QLineEdit>("RotBox");
+    QTest::keyClicks(rot, "1a2-.3.x");
+    EXPECT_EQ(rot->text(), "12-.3");
+    rot->selectAll();
+    QTest::keyClicks(rot, "-5");  // the whole text selected: a minus replaces it
+    EXPECT_EQ(rot->text(), "-5");
+}
+
+TEST_F(LineDataWindow, ExitUnselectsTheLineEscLeavesIt) {
+    Open();
+    QTest::mouseClick(Child<QPushButton>("ExitButton"), Qt::LeftButton);
+    EXPECT_FALSE(frm_->isVisible());
+    EXPECT_EQ(doc_.Lines[0].Selected, 0);
+    delete frm_;
+
+    doc_.Lines[1].Selected = -1;
+    Open(1);
+    QTest::keyClick(Child<QLineEdit>("LenBox"), Qt::Key_Escape);
+    EXPECT_FALSE(frm_->isVisible());
+    EXPECT_NE(doc_.Lines[1].Selected, 0);
+}
+
+TEST_F(LineDataWindow, Screenshot) {
+    Open();
+    TypeIn("LenBox", "5'-3 1/2\"");
+    TypeIn("RotBox", "30");
+    const QPixmap shot = frm_->grab();
+    EXPECT_FALSE(shot.isNull());
+    // Every caption fits its box.
+    for (const char* name : {"StartPTx", "EndPTy", "SegLen", "RotAng", "xRotAng"}) {
+        QLabel* l = Child<QLabel>(name);
+        EXPECT_LE(l->fontMetrics().horizontalAdvance(l->text()), l->contentsRect().width()) << name;
+    }
+    const QByteArray dir = qgetenv("FERROLITH_SHOT_DIR");
+    if (!dir.isEmpty()) {
+        Child<QComboBox>("BasePtBox")->setCurrentIndex(2);
+        shot.save(QString::fromLocal8Bit(dir) + "/line-data.png");
+        frm_->grab().save(QString::fromLocal8Bit(dir) + "/line-data-endbase.png");
+    }
+}
+
+}  // namespace

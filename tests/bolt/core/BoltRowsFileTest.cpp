@@ -1,0 +1,210 @@
+#include "bolt/core/BoltRowsFile.h"
+#include "shell/core/Primitives.h"
+
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cfloat>
+
+
+using namespace BoltRows;
+namespace fs = std::filesystem;
+
+namespace {
+
+class BoltDataFile : public testutil::TempFolder {
+protected:
+    void SetUp() override {
+        TempFolder::SetUp();
+        path_ = P(kBoltDataFileName);
+    }
+    std::string Bytes() const { return ReadAll(path_); }
+    void Put(const std::string& bytes) const { WriteAll(path_, bytes); }
+    ErrorFn Collect() {
+        return [this](const std::string& m) { messages_.push_back(m); };
+    }
+
+    std::string path_;
+    std::vector<std::string> messages_;
+};
+
+// A record with M and, optionally, Angle set; the other texts empty.
+BoltRecord Rec(int16_t row, std::string m, std::string angle = "") {
+    BoltRecord r;
+    r.Row = row;
+    r.M = std::move(m);
+    r.Angle = std::move(angle);
+    return r;
+}
+
+std::vector<BoltRecord> SampleRecords() {
+    return {
+        {1, "4", "2", "3.000  ", "3.000  ", "6.000  ", "0.000  ", "3.756  ", "26.032  "},
+        {3, "12", "2", "3.000  ", "3.000  ", "36.000  ", "45.000  ", "7.335  ", "203.530  "},
+        {20, "3", "", "2.5  ", "", "", "-12.5  ", "", ""},
+        {7, "1", "1", "0.000  ", "0.000  ", "0.000  ", "90°", "1,234.000  ", ""},
+    };
+}
+
+std::string SampleBytes() {
+    std::string bytes;
+    BoltDataError err;
+    EncodeBoltRecords(SampleRecords(), bytes, err);
+    return bytes;
+}
+
+TEST_F(BoltDataFile, RoundTripKeepsRowsAndTextsExactly) {
+    BoltData_Write(SampleRecords(), path_, Collect());
+    std::vector<BoltRecord> back;
+    int16_t status = 0;
+    BoltData_Read(back, path_, status, Collect());
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(back, SampleRecords());
+    EXPECT_TRUE(messages_.empty());
+    EXPECT_EQ(Entries(), 1u);  // no temporary file left behind
+}
+
+TEST_F(BoltDataFile, BytesOfTheFormat) {
+    // Three rows, all texts empty but M: 10 + 3 x (2 + 8 x 2) plus the M bytes.
+    std::vector<BoltRecord> recs = {Rec(1, "4"), Rec(2, "12"), Rec(5, "7")};
+    BoltData_Write(recs, path_, Collect());
+    const std::string b = Bytes();
+    ASSERT_EQ(b.size(), 10u + 3u * (2 + 8 * 2) + 4u);
+    const std::string head("\x01\x00\x03\x00\x00\x00\x00\x00\x00\x00", 10);
+    EXPECT_EQ(b.substr(0, 10), head);
+    // First element: row 1, M = "4", then seven empty lengths.
+    EXPECT_EQ(b.substr(10, 5), std::string("\x01\x00\x01\x00" "4", 5));
+    EXPECT_EQ(b.substr(15, 14), std::string(14, '\0'));
+    // The degree sign is one Windows-1252 byte on disk.
+    BoltData_Write({Rec(-2, "", "90°")}, path_, Collect());
+    EXPECT_EQ(Bytes(), std::string("\x01\x00\x01\x00\x00\x00\x00\x00\x00\x00\xFE\xFF"
+                                   "\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x03\x00"
+                                   "90\xB0\x00\x00\x00\x00",
+                                   31));
+}
+
+TEST_F(BoltDataFile, ShorterTableReplacesLongerFileCompletely) {
+    std::vector<BoltRecord> many(40, SampleRecords()[1]);
+    BoltData_Write(many, path_, Collect());
+    const auto longSize = Bytes().size();
+    BoltData_Write({SampleRecords()[0]}, path_, Collect());
+    EXPECT_LT(Bytes().size(), longSize);
+    std::vector<BoltRecord> back;
+    int16_t status = 0;
+    BoltData_Read(back, path_, status, Collect());
+    ASSERT_EQ(back.size(), 1u);
+    EXPECT_EQ(back[0], SampleRecords()[0]);
+}
+
+TEST_F(BoltDataFile, FirstRunLeavesNothingBehind) {
+    std::vector<BoltRecord> recs = SampleRecords();
+    int16_t status = 0;
+    BoltData_Read(recs, path_, status, Collect());
+    EXPECT_EQ(status, -1);
+    EXPECT_EQ(recs, SampleRecords());  // untouched
+    EXPECT_FALSE(fs::exists(path_));
+    EXPECT_TRUE(messages_.empty());
+    // An empty file is the same case, and it is removed.
+    Put("");
+    status = 0;
+    BoltData_Read(recs, path_, status, Collect());
+    EXPECT_EQ(status, -1);
+    EXPECT_FALSE(fs::exists(path_));
+    EXPECT_TRUE(messages_.empty());
+}
+
+TEST_F(BoltDataFile, DamagedFilesAreReportedAndDeleted) {
+    std::string good;
+    BoltDataError err;
+    ASSERT_TRUE(EncodeBoltRecords(SampleRecords(), good, err));
+    std::string hugeCount = good;
+    hugeCount[2] = hugeCount[3] = hugeCount[4] = '\xFF';
+    hugeCount[5] = '\x7F';
+    std::string twoDims = good;
+    twoDims[0] = 2;
+    // One row more than the program writes, each row complete: refused from the header.
+    std::string tooMany = good.substr(0, 10) + std::string((kMaxRecords + 1) * 18, '\0');
+    tooMany[2] = static_cast<char>((kMaxRecords + 1) & 0xFF);
+    tooMany[3] = static_cast<char>((kMaxRecords + 1) >> 8);
+    const struct {
+        std::string bytes;
+        const char* message;
+    } cases[] = {
+        {good.substr(0, good.size() - 1), "Error No. 62:  Input past end of file"},
+        {good.substr(0, 7), "Error No. 62:  Input past end of file"},
+        {hugeCount, "Error No. 13:  Type mismatch"},
+        {twoDims, "Error No. 13:  Type mismatch"},
+        {tooMany, "Error No. 13:  Type mismatch"},
+    };
+    for (const auto& c : cases) {
+        messages_.clear();
+        Put(c.bytes);
+        std::vector<BoltRecord> recs = {Rec(9, "x")};
+        int16_t status = 0;
+        EXPECT_EQ(BoltData_Read(recs, path_, status, Collect()), ReadResult::Malformed);
+        EXPECT_EQ(status, 0);  // stays as the caller set it
+        ASSERT_EQ(messages_.size(), 1u);
+        EXPECT_EQ(messages_[0], c.message);
+        EXPECT_FALSE(fs::exists(path_));
+        EXPECT_EQ(recs.size(), 1u);
+    }
+}
+
+TEST_F(BoltDataFile, AFileThatCannotBeOpenedIsReportedAndKept) {
+    // A folder at the path: reported, left alone, and the table starts empty.
+    fs::create_directory(path_);
+    std::vector<BoltRecord> recs;
+    int16_t status = 0;
+    EXPECT_EQ(BoltData_Read(recs, path_, status, Collect()), ReadResult::Unreadable);
+    EXPECT_EQ(status, -1);
+    ASSERT_EQ(messages_.size(), 1u);
+    EXPECT_EQ(messages_[0], "Error No. 75:  Path/File access error");
+    EXPECT_TRUE(fs::is_directory(path_));
+    EXPECT_TRUE(recs.empty());
+}
+
+TEST_F(BoltDataFile, TheLargestTableFitsAndALongerFileIsReportedAndSetAside) {
+    // Every text as long as a cell shows the largest double.
+    const std::string longest = prim::Format(-DBL_MAX, "##,##0.000  ");
+    EXPECT_EQ(longest.size(), kLongestText);
+    EXPECT_LE(prim::Format(-DBL_MAX, "0.000##  ").size(), kLongestText);
+    const std::vector<BoltRecord> one(1, {1, longest, longest, longest, longest, longest, longest, longest, longest});
+    std::string bytes;
+    BoltDataError err;
+    ASSERT_TRUE(EncodeBoltRecords(one, bytes, err));
+    EXPECT_EQ(10 + kMaxRecords * (bytes.size() - 10), kMaxFileBytes);
+
+    // Reported and kept under another name, never over an earlier one.
+    WriteAll(path_ + ".too-large", "earlier");
+    Put(std::string(SampleBytes()));
+    fs::resize_file(path_, kMaxFileBytes + 1);
+    std::vector<BoltRecord> recs;
+    int16_t status = 0;
+    EXPECT_EQ(BoltData_Read(recs, path_, status, Collect()), ReadResult::TooLarge);
+    EXPECT_EQ(status, -1);
+    EXPECT_EQ(messages_, std::vector<std::string>{"Error No. 7:  Out of memory"});
+    EXPECT_FALSE(fs::exists(path_));
+    EXPECT_EQ(ReadAll(path_ + ".too-large"), "earlier");
+    EXPECT_EQ(fs::file_size(path_ + ".too-large-2"), kMaxFileBytes + 1);
+    EXPECT_TRUE(recs.empty());
+}
+
+TEST_F(BoltDataFile, FailedWriteKeepsTheOldFile) {
+    BoltData_Write(SampleRecords(), path_, Collect());
+    const std::string before = Bytes();
+    // A text too long for its length field.
+    std::vector<BoltRecord> tooLong = {Rec(1, std::string(70000, '1'))};
+    BoltData_Write(tooLong, path_, Collect());
+    ASSERT_EQ(messages_.size(), 1u);
+    EXPECT_EQ(messages_[0], "Error No. 6:  Overflow");
+    EXPECT_EQ(Bytes(), before);
+    // A folder that cannot be made: a plain file stands in its place.
+    BoltData_Write(SampleRecords(), (fs::path(path_) / kBoltDataFileName).string(), Collect());
+    ASSERT_EQ(messages_.size(), 2u);
+    EXPECT_EQ(messages_[1], "Error No. 76:  Path not found");
+    EXPECT_EQ(Bytes(), before);
+    EXPECT_EQ(Entries(), 1u);
+}
+
+}  // namespace
