@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <fstream>
 #include <numbers>
+#include <string>
 
 #include "weld/core/WeldElementKernel.h"
 #include "weld/core/WeldElementModel.h"
@@ -126,4 +128,19 @@ TEST(WeldElementModel, ShortLinesKeepAtLeastOneElement) {
     const ElementReport rep = Solve({WeldLineRec{0, 0, 0, 0.01}, WeldLineRec{0, 0, 0, 4}}, 2, 0, 70, 0.25, 4);
     EXPECT_EQ(rep.Elements, 1 + 16);
     EXPECT_TRUE(rep.Converged);
+}
+
+TEST(WeldElementModel, CoefficientsKeepTheGoldenTable) {
+    // element_model.golden holds C as the model gave it before its sweep was
+    // made faster; the same equilibrium must come out to 1e-9.
+    std::ifstream in(std::string(FERROLITH_TEST_DATA) + "/element_model.golden");
+    in.ignore(1000, '\n');
+    int config, spi, rows = 0;
+    double k, a, angle, C;
+    while (in >> config >> k >> a >> angle >> spi >> C) {
+        ++rows;
+        EXPECT_NEAR(Config_C(config, 10, 10 * k, 10 * a, angle, spi), C, 1e-9 * C)
+            << config << " " << k << " " << a << " " << angle << " " << spi;
+    }
+    EXPECT_EQ(rows, 600);
 }
