@@ -3,9 +3,14 @@
 //   (b) each of the nine configurations at L = 10, k = 0.5, a = 0.5, 45 degrees, 1/32"
 //   (c) a 4 by 2 bolt group at 3 in, ex = 6 in
 //   (d) a whole table of 15 k by 20 a for one configuration at 1/32"
+//   (e) a 20 by 10 in box at 1/32" (1,920 elements), ex = 10 in, and a 12 by 4 bolt group
+//   (f) one force sweep over the box, per element, beside the vector math it calls
 #include <benchmark/benchmark.h>
 
+#include <cmath>
+
 #include "bolt/core/BoltElementModel.h"
+#include "weld/core/WeldElementKernel.h"
 #include "weld/core/WeldElementModel.h"
 
 using namespace WeldElementModel;
@@ -46,6 +51,69 @@ void BM_Bolt4x2(benchmark::State& st) {
     st.counters["evaluations"] = rep.Evaluations;
 }
 BENCHMARK(BM_Bolt4x2)->Arg(0)->Arg(30)->Unit(benchmark::kMicrosecond);
+
+const WeldLineTable kBox = {weld::WeldLineRec{0, 0, 10, 0}, weld::WeldLineRec{10, 0, 10, 20},
+                            weld::WeldLineRec{0, 20, 10, 20}, weld::WeldLineRec{0, 0, 0, 20}};
+
+void BM_Box20x10(benchmark::State& st) {
+    ElementReport rep;
+    for (auto _ : st) {
+        rep = Solve(kBox, 10.0, static_cast<double>(st.range(0)), 70, 0.25, 32);
+        benchmark::DoNotOptimize(rep.Capacity);
+    }
+    Report(st, rep);
+}
+BENCHMARK(BM_Box20x10)->Arg(0)->Arg(45)->Unit(benchmark::kMicrosecond);
+
+void BM_Bolt12x4(benchmark::State& st) {
+    BoltElementModel::BoltReport rep;
+    for (auto _ : st) {
+        rep = BoltElementModel::BoltGroup_C(12, 4, 3, 3, 16, static_cast<double>(st.range(0)));
+        benchmark::DoNotOptimize(rep.Value);
+    }
+    st.counters["evaluations"] = rep.Evaluations;
+}
+BENCHMARK(BM_Bolt12x4)->Arg(0)->Arg(30)->Unit(benchmark::kMicrosecond);
+
+// The box's elements about its centroid, 32 to the inch, and a motion about a
+// center to its left, as a solve meets it.
+WeldKernel::Elements BoxElements() {
+    WeldKernel::Elements el;
+    el.D = 0.25;
+    for (const weld::WeldLineRec& l : kBox) {
+        const double len = std::hypot(l.x2 - l.x1, l.y2 - l.y1), tx = (l.x2 - l.x1) / len, ty = (l.y2 - l.y1) / len;
+        const int n = static_cast<int>(len * 32);
+        for (int j = 0; j < n; ++j) {
+            const double t = (j + 0.5) / n;
+            el.Add(l.x1 - 5 + t * (l.x2 - l.x1), l.y1 - 10 + t * (l.y2 - l.y1), tx, ty, 0.1);
+        }
+        el.AddProbe(l.x1 - 5, l.y1 - 10, tx, ty);
+        el.AddProbe(l.x2 - 5, l.y2 - 10, tx, ty);
+    }
+    return el;
+}
+
+// Seconds per element of one sweep, or of the vector math alone.
+void PerElement(benchmark::State& st, const WeldKernel::Elements& el) {
+    st.counters["per_element"] = benchmark::Counter(
+        static_cast<double>(el.Count()), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+void BM_SweepPerElement(benchmark::State& st) {
+    const WeldKernel::Elements el = BoxElements();
+    const shell::Motion m{0.1, 0.5, 0.05};
+    for (auto _ : st) benchmark::DoNotOptimize(WeldKernel::Forces(el, m));
+    PerElement(st, el);
+}
+BENCHMARK(BM_SweepPerElement);
+
+void BM_VectorMathFloorPerElement(benchmark::State& st) {
+    const WeldKernel::Elements el = BoxElements();
+    const shell::Motion m{0.1, 0.5, 0.05};
+    for (auto _ : st) benchmark::DoNotOptimize(WeldKernel::VectorMathFloor(el, m));
+    PerElement(st, el);
+}
+BENCHMARK(BM_VectorMathFloorPerElement);
 
 void BM_WeldTable15x20(benchmark::State& st) {
     const auto config = static_cast<int16_t>(st.range(0));

@@ -102,4 +102,29 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
     return Sums{fx, fy, mo, crit};
 }
 
+__attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) double VectorMathFloor(
+    const Elements& el, const shell::Motion& mo) {
+    const double* x = el.x.data();
+    const double* y = el.y.data();
+    const double* tx = el.tx.data();
+    const double* ty = el.ty.data();
+    const double* px = el.px.data();
+    const double* py = el.py.data();
+    double sum = 0.0;
+#pragma omp simd reduction(+ : sum)
+    for (size_t i = 0; i < el.px.size(); ++i) {
+        const double ux = mo.vx - mo.w * py[i], uy = mo.vy + mo.w * px[i];
+        const double t = std::atan2(uy, ux);
+        sum += Power(t + 6.0, -0.65);
+    }
+#pragma omp simd reduction(+ : sum)
+    for (size_t i = 0; i < el.x.size(); ++i) {
+        const double ux = mo.vx - mo.w * y[i], uy = mo.vy + mo.w * x[i];
+        const double r = std::sqrt(ux * ux + uy * uy);
+        const double t = std::atan2(tx[i] * uy, ty[i] * ux);
+        sum += Power(t + 6.0, -0.65) + Power(t + 2.0, -0.32) + Power(r, 0.3) + std::sqrt(t);
+    }
+    return sum;
+}
+
 }  // namespace WeldKernel

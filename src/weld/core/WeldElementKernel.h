@@ -46,6 +46,10 @@ Sums ForceSums(const Elements& el, double vx, double vy, double w);
 // element moves or a sum is not finite.
 shell::Resultant Forces(const Elements& el, const shell::Motion& m);
 
+// The vector math a sweep calls, over the same elements and motion, with
+// none of the arithmetic around it: the floor a sweep is measured against.
+double VectorMathFloor(const Elements& el, const shell::Motion& m);
+
 // Deformation limits of an element whose force makes the angle thetaDeg
 // (degrees) with its axis, for weld size D.
 double DeltaU(double thetaDeg, double D);
