@@ -22,6 +22,8 @@ struct Residual {
     double g2 = 0.0;
     double load = 0.0;
     bool ok = false;
+    bool slopes = false;  // j holds the derivatives of (g1, g2) by (s1, s2)
+    double j[2][2] = {};
 
     double Norm() const { return std::max(std::fabs(g1), std::fabs(g2)); }
     double Squared() const { return g1 * g1 + g2 * g2; }
@@ -53,13 +55,16 @@ public:
             history[it % kStallSpan] = r.Norm();
             ++out_.iterations;
 
-            // Jacobian by forward differences, steps scaled to the chart.
+            // The Jacobian as the resultant gives it, or by forward
+            // differences, steps scaled to the chart.
             const double unit = start.chart == Chart::Center ? p_.length : 1.0;
-            const double h1 = 1e-7 * std::max(unit, std::fabs(s1));
-            const double h2 = 1e-7 * std::max(unit, std::fabs(s2));
-            double j[2][2];
-            if (!Column(start.chart, s1, s2, h1, 0.0, r, j, 0)) return false;
-            if (!Column(start.chart, s1, s2, 0.0, h2, r, j, 1)) return false;
+            double j[2][2] = {{r.j[0][0], r.j[0][1]}, {r.j[1][0], r.j[1][1]}};
+            if (!r.slopes) {
+                const double h1 = 1e-7 * std::max(unit, std::fabs(s1));
+                const double h2 = 1e-7 * std::max(unit, std::fabs(s2));
+                if (!Column(start.chart, s1, s2, h1, 0.0, r, j, 0)) return false;
+                if (!Column(start.chart, s1, s2, 0.0, h2, r, j, 1)) return false;
+            }
 
             double d1 = 0.0, d2 = 0.0;
             const double det = j[0][0] * j[1][1] - j[0][1] * j[1][0];
@@ -128,16 +133,31 @@ private:
         const Resultant f = f_(ToMotion(chart, s1, s2));
         if (!f.ok) return r;
         const double F = p_.force, L = p_.length;
-        if (p_.pureMoment) {
-            r.g1 = f.fx / F;
-            r.g2 = f.fy / F;
-            r.load = f.moment;
-        } else {
-            r.g1 = f.fx / F;
-            r.g2 = (f.moment - p_.arm * f.fy) / (F * L);
-            r.load = f.fy;
-        }
+        // The residuals as combinations of (fx, fy, moment).
+        const double c2y = p_.pureMoment ? 1.0 / F : -p_.arm / (F * L);
+        const double c2m = p_.pureMoment ? 0.0 : 1.0 / (F * L);
+        r.g1 = f.fx / F;
+        r.g2 = c2y * f.fy + c2m * f.moment;
+        r.load = p_.pureMoment ? f.moment : f.fy;
         r.ok = std::isfinite(r.g1) && std::isfinite(r.g2) && std::isfinite(r.load);
+        if (r.ok && f.slopes) {
+            // The chart moves (vx, vy, w) along these directions.
+            const double dm[2][3] = {
+                {chart == Chart::Translation ? 1.0 : 0.0, chart == Chart::Translation ? 0.0 : -1.0 / L, 0.0},
+                {chart == Chart::Translation ? 0.0 : 1.0 / L, 0.0, chart == Chart::Translation ? 1.0 / L : 0.0}};
+            for (int c = 0; c < 2; ++c) {
+                double dfx = 0.0, dfy = 0.0, dmo = 0.0;
+                for (int k = 0; k < 3; ++k) {
+                    dfx += f.d[0][k] * dm[c][k];
+                    dfy += f.d[1][k] * dm[c][k];
+                    dmo += f.d[2][k] * dm[c][k];
+                }
+                r.j[0][c] = dfx / F;
+                r.j[1][c] = c2y * dfy + c2m * dmo;
+            }
+            r.slopes = std::isfinite(r.j[0][0]) && std::isfinite(r.j[0][1]) && std::isfinite(r.j[1][0]) &&
+                       std::isfinite(r.j[1][1]);
+        }
         return r;
     }
 

@@ -32,12 +32,16 @@ struct Motion {
 
 // Resultant of the element forces for one motion: its components and its
 // moment about the centroid (counterclockwise positive). ok = false when the
-// motion leaves no element with a force.
+// motion leaves no element with a force. A function that works out the
+// slopes d[i][j] of (fx, fy, moment) by (vx, vy, w) sets slopes; for one that
+// does not, the solver takes differences.
 struct Resultant {
     double fx = 0.0;
     double fy = 0.0;
     double moment = 0.0;
     bool ok = false;
+    bool slopes = false;
+    double d[3][3] = {};
 };
 
 using ResultantFn = std::function<Resultant(const Motion&)>;
