@@ -15,29 +15,45 @@ inline double Power(double x, double c) { return std::exp(c * std::log(x)); }
 
 // A point of the group at (x, y) on a line of direction (tx, ty), under the
 // motion (vx, vy, w): its velocity (ux, uy), distance r from the center of
-// rotation, the sine component b, the angle theta (degrees) between its
-// velocity and the line, and the ultimate deformation du at that angle.
+// rotation, the components along the line (A) and across it (B), and the
+// angle theta (degrees) between its velocity and the line.
 struct PointMotion {
-    double ux, uy, r, b, theta, du;
+    double ux, uy, r, A, B, theta;
 };
 
 [[gnu::always_inline]] inline PointMotion MotionAt(double x, double y, double tx, double ty, double vx, double vy,
-                                                   double w, double D) {
+                                                   double w) {
     PointMotion m;
     m.ux = vx - w * y;
     m.uy = vy + w * x;
     m.r = std::sqrt(m.ux * m.ux + m.uy * m.uy);
-    const double a = std::fabs(tx * m.ux + ty * m.uy);
-    m.b = std::fabs(tx * m.uy - ty * m.ux);
-    m.theta = std::atan2(m.b, a) * kDeg;
-    m.du = D * std::min(1.087 * Power(m.theta + 6.0, -0.65), 0.17);
+    m.A = tx * m.ux + ty * m.uy;
+    m.B = tx * m.uy - ty * m.ux;
+    m.theta = std::atan2(std::fabs(m.B), std::fabs(m.A)) * kDeg;
     return m;
+}
+
+// Du without its cap, over the weld size.
+inline double DuFree(double theta) { return 1.087 * Power(theta + 6.0, -0.65); }
+
+// The derivatives by (vx, vy, w) of the log of the critical ratio Du / r at
+// the line end (x, y). Theta changes only with the motion across the radius,
+// at the rate 1 / r (sign sigma); r only with the motion along it.
+void CriticalSlopes(double x, double y, double tx, double ty, double vx, double vy, double w, double (&g)[3]) {
+    const PointMotion m = MotionAt(x, y, tx, ty, vx, vy, w);
+    const double ex = m.ux / m.r, ey = m.uy / m.r;
+    const double sigma = m.A * m.B >= 0.0 ? 1.0 : -1.0;
+    const double kappa = DuFree(m.theta) < 0.17 ? -0.65 * kDeg / (m.theta + 6.0) * sigma : 0.0;
+    const double gx = (-ex - kappa * ey) / m.r, gy = (-ey + kappa * ex) / m.r;
+    g[0] = gx;
+    g[1] = gy;
+    g[2] = x * gy - y * gx;
 }
 }  // namespace
 
 // This file is built with vector math (-ffast-math, OpenMP simd): the loops
-// below run two or more elements at a time through the vector versions of
-// atan2, pow and sqrt. Nothing here may rely on infinities or NaN: lanes that
+// below run several elements at a time through the vector versions of atan2,
+// exp, log and sqrt. Nothing here may rely on infinities or NaN: lanes that
 // must not count are masked with plain selects, and the caller checks the
 // sums for finiteness.
 // Built three times, for processors with AVX-512, with AVX2 and FMA, and for
@@ -45,63 +61,141 @@ struct PointMotion {
 __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Sums ForceSums(const Elements& el,
                                                                                              double vx, double vy,
                                                                                              double w) {
-    const size_t n = el.x.size();
+    Sums s{};
     const double D = el.D;
-    double crit = kNoRatio;
 
-    // Critical ratio over the line ends.
+    // The critical ratio. Along a line, r grows and so does theta (its
+    // cosine is the center's distance from the line over r) with the
+    // distance from the foot of the perpendicular through the center, and Du
+    // falls with theta: Du / r is least at one of the two line ends, so they
+    // alone are searched.
     const double* px = el.px.data();
     const double* py = el.py.data();
     const double* ptx = el.ptx.data();
     const double* pty = el.pty.data();
+    double* ratio = el.ratio.data();
     const size_t np = el.px.size();
+    double crit = kNoRatio;
 #pragma omp simd reduction(min : crit)
     for (size_t i = 0; i < np; ++i) {
-        const PointMotion m = MotionAt(px[i], py[i], ptx[i], pty[i], vx, vy, w, D);
-        const double ratio = m.r > 0.0 ? m.du / m.r : kNoRatio;
-        crit = std::min(crit, ratio);
+        const PointMotion m = MotionAt(px[i], py[i], ptx[i], pty[i], vx, vy, w);
+        const double du = D * std::min(DuFree(m.theta), 0.17);
+        ratio[i] = m.r > 0.0 ? du / m.r : kNoRatio;
+        crit = std::min(crit, ratio[i]);
     }
+    s.crit = crit;
+    if (!(crit < kNoRatio)) return s;
+    size_t c = 0;
+    while (c + 1 < np && ratio[c] != crit) ++c;
+    double gc[3];
+    CriticalSlopes(px[c], py[c], ptx[c], pty[c], vx, vy, w, gc);
 
-    // Angles, limits and directions of the elements.
+    // Forces of the elements at the deformation the critical ratio allows,
+    // and their slopes. With e the unit displacement and n = e turned a
+    // quarter left, an element's force R e changes with its velocity u, at a
+    // fixed critical ratio, by
+    //   (R / r) [g e e' + h sigma e n' + n n']
+    // where g = r dR/dr / R (through p) and h sigma = r dR/dtheta / R (h
+    // over sigma, the sign of the turn of u that opens theta). Through
+    // u = G m, with the rows of G' (1, 0, -y) and (0, 1, x), the sums change
+    // with the motion m by the sum of G' (...) G, kept as a sum of a c' and
+    // of a symmetric one of b b', a = G' e, b = G' n.
     const double* x = el.x.data();
     const double* y = el.y.data();
     const double* tx = el.tx.data();
     const double* ty = el.ty.data();
-    double* rho = el.rho.data();
-    double* dm = el.dm.data();
-    double* sinT = el.sinT.data();
-    double* ex = el.ux.data();
-    double* ey = el.uy.data();
-#pragma omp simd reduction(min : crit)
-    for (size_t i = 0; i < n; ++i) {
-        const PointMotion m = MotionAt(x[i], y[i], tx[i], ty[i], vx, vy, w, D);
-        // An element at the center has no deformation and no force.
-        const double inv = m.r > 0.0 ? 1.0 / m.r : 0.0;
-        rho[i] = m.r;
-        dm[i] = 0.209 * D * Power(m.theta + 2.0, -0.32);
-        sinT[i] = m.b * inv;
-        ex[i] = m.ux * inv;
-        ey[i] = m.uy * inv;
-        const double ratio = m.r > 0.0 ? m.du * inv : kNoRatio;
-        crit = std::min(crit, ratio);
-    }
-
-    // Forces of the elements at the deformation the critical one allows.
     const double* k = el.k.data();
+    const size_t n = el.x.size();
+    const double pScale = crit / (0.209 * D);
     double fx = 0.0, fy = 0.0, mo = 0.0;
-#pragma omp simd reduction(+ : fx, fy, mo)
-    for (size_t i = 0; i < n; ++i) {
-        const double p = crit * rho[i] / dm[i];
-        const double s = sinT[i];
-        const double q = p * (1.9 - 0.9 * p);  // 0 for an element at the center
-        const double R = q > 0.0 ? k[i] * (1.0 + 0.5 * s * std::sqrt(s)) * Power(q, 0.3) : 0.0;
-        fx += R * ex[i];
-        fy += R * ey[i];
-        mo += R * (x[i] * ey[i] - y[i] * ex[i]);
+    double a00 = 0.0, a01 = 0.0, a02 = 0.0, a10 = 0.0, a11 = 0.0, a12 = 0.0, a20 = 0.0, a21 = 0.0, a22 = 0.0;
+    double b00 = 0.0, b01 = 0.0, b02 = 0.0, b11 = 0.0, b12 = 0.0, b22 = 0.0;
+    // The vector math first, in a loop of its own, a block of elements at a
+    // time: each call clobbers the vector registers, which the sums below
+    // would have to spill around it.
+    constexpr size_t kBlock = 256;
+    alignas(64) double rs[kBlock], t2s[kBlock], ps[kBlock], curves[kBlock];
+    for (size_t b = 0; b < n; b += kBlock) {
+        const size_t nb = std::min(kBlock, n - b);
+        const double *xb = x + b, *yb = y + b, *txb = tx + b, *tyb = ty + b, *kb = k + b;
+#pragma omp simd
+        for (size_t i = 0; i < nb; ++i) {
+            const PointMotion m = MotionAt(xb[i], yb[i], txb[i], tyb[i], vx, vy, w);
+            const double t2 = m.theta + 2.0;
+            const double p = pScale * m.r * Power(t2, 0.32);  // c r / Dm
+            const double q = p * (1.9 - 0.9 * p);
+            rs[i] = m.r;
+            t2s[i] = t2;
+            ps[i] = p;
+            curves[i] = q > 0.0 ? Power(q > 0.0 ? q : 1.0, 0.3) : 0.0;  // 0 at the center
+        }
+#pragma omp simd reduction(+ : fx, fy, mo, a00, a01, a02, a10, a11, a12, a20, a21, a22, b00, b01, b02, b11, b12, b22)
+        for (size_t i = 0; i < nb; ++i) {
+            PointMotion m;
+            m.ux = vx - w * yb[i];
+            m.uy = vy + w * xb[i];
+            m.A = txb[i] * m.ux + tyb[i] * m.uy;
+            m.B = txb[i] * m.uy - tyb[i] * m.ux;
+            m.r = rs[i];
+            const double t2 = t2s[i], p = ps[i], curve = curves[i];
+            const double d1 = 1.9 - 0.9 * p;
+            // An element at the center has no deformation and no force. One
+            // division gives 1 / r, 1 / d1 and 1 / (theta + 2).
+            const bool loaded = curve > 0.0;
+            const double d1t2 = d1 * t2;
+            const double Z = 1.0 / (loaded ? m.r * d1t2 : 1.0);
+            const double inv = d1t2 * Z;
+            const double sinT = std::fabs(m.B) * inv, cosT = std::fabs(m.A) * inv;
+            const double root = std::sqrt(sinT);
+            const double kQ = kb[i] * curve;
+            const double gamma = kQ * (1.0 + 0.5 * sinT * root) * inv;  // R / r
+            // In u rather than e: a r = (ux, uy, a2), b r = (-uy, ux, b2).
+            const double a2 = xb[i] * m.uy - yb[i] * m.ux, b2 = xb[i] * m.ux + yb[i] * m.uy;
+            fx += gamma * m.ux;
+            fy += gamma * m.uy;
+            mo += gamma * a2;
+
+            const double rZ = m.r * Z;
+            const double alpha = gamma * (0.57 - 0.54 * p) * t2 * rZ;  // gamma g
+            const double beta = alpha * (0.32 * kDeg) * d1 * rZ + 0.75 * kQ * inv * root * cosT;
+            const double inv2 = inv * inv;
+            const double al = alpha * inv2, be = (m.A * m.B >= 0.0 ? beta : -beta) * inv2, ga = gamma * inv2;
+            const double c0 = al * m.ux - be * m.uy, c1 = al * m.uy + be * m.ux, c2 = al * a2 + be * b2;
+            a00 += m.ux * c0;
+            a01 += m.ux * c1;
+            a02 += m.ux * c2;
+            a10 += m.uy * c0;
+            a11 += m.uy * c1;
+            a12 += m.uy * c2;
+            a20 += a2 * c0;
+            a21 += a2 * c1;
+            a22 += a2 * c2;
+            const double gb0 = -ga * m.uy, gb1 = ga * m.ux, gb2 = ga * b2;
+            b00 -= gb0 * m.uy;
+            b01 += gb0 * m.ux;
+            b02 += gb0 * b2;
+            b11 += gb1 * m.ux;
+            b12 += gb1 * b2;
+            b22 += gb2 * b2;
+        }
     }
-    return Sums{fx, fy, mo, crit};
+    s.fx = fx;
+    s.fy = fy;
+    s.moment = mo;
+    const double P[3][3] = {
+        {a00 + b00, a01 + b01, a02 + b02}, {a10 + b01, a11 + b11, a12 + b12}, {a20 + b02, a21 + b12, a22 + b22}};
+    // The sums do not change when the motion and 1 / crit grow together, so
+    // their change with crit follows from P: crit d/dcrit = P m. With gc the
+    // slopes of log crit, the slopes are P + (P m) gc'.
+    const double mv[3] = {vx, vy, w};
+    for (int i = 0; i < 3; ++i) {
+        const double byCrit = P[i][0] * mv[0] + P[i][1] * mv[1] + P[i][2] * mv[2];
+        for (int j = 0; j < 3; ++j) s.d[i][j] = P[i][j] + byCrit * gc[j];
+    }
+    return s;
 }
 
+// The calls of a sweep with the arguments it gives them, and nothing else.
 __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) double VectorMathFloor(
     const Elements& el, const shell::Motion& mo) {
     const double* x = el.x.data();
@@ -110,19 +204,23 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) do
     const double* ty = el.ty.data();
     const double* px = el.px.data();
     const double* py = el.py.data();
+    const double* ptx = el.ptx.data();
+    const double* pty = el.pty.data();
+    double crit = kNoRatio;
+    // Per line end: sqrt (r), atan2 (theta), log and exp (Du).
+#pragma omp simd reduction(min : crit)
+    for (size_t i = 0; i < el.px.size(); ++i) {
+        const PointMotion m = MotionAt(px[i], py[i], ptx[i], pty[i], mo.vx, mo.vy, mo.w);
+        crit = std::min(crit, DuFree(m.theta) / m.r);
+    }
+    // Per element: sqrt (r), atan2 (theta), log and exp (Dm), log and exp
+    // (the force curve), sqrt (sin^1.5).
     double sum = 0.0;
 #pragma omp simd reduction(+ : sum)
-    for (size_t i = 0; i < el.px.size(); ++i) {
-        const double ux = mo.vx - mo.w * py[i], uy = mo.vy + mo.w * px[i];
-        const double t = std::atan2(uy, ux);
-        sum += Power(t + 6.0, -0.65);
-    }
-#pragma omp simd reduction(+ : sum)
     for (size_t i = 0; i < el.x.size(); ++i) {
-        const double ux = mo.vx - mo.w * y[i], uy = mo.vy + mo.w * x[i];
-        const double r = std::sqrt(ux * ux + uy * uy);
-        const double t = std::atan2(tx[i] * uy, ty[i] * ux);
-        sum += Power(t + 6.0, -0.65) + Power(t + 2.0, -0.32) + Power(r, 0.3) + std::sqrt(t);
+        const PointMotion m = MotionAt(x[i], y[i], tx[i], ty[i], mo.vx, mo.vy, mo.w);
+        const double p = crit * m.r * Power(m.theta + 2.0, 0.32);
+        sum += Power(p * (1.9 - 0.9 * p), 0.3) + std::sqrt(std::fabs(m.B) / m.r);
     }
     return sum;
 }

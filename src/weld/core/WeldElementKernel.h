@@ -1,7 +1,7 @@
 // The inner loop of the weld element model: the force of every element for
-// one motion of the group, summed into a resultant. Kept in a file of its own
-// so that it can be built with vector math; the program's own iteration never
-// goes through here.
+// one motion of the group, summed into a resultant, with the derivatives of
+// that resultant by the motion. Kept in a file of its own so that it can be
+// built with vector math; the program's own iteration never goes through here.
 #pragma once
 
 #include <cstddef>
@@ -18,10 +18,10 @@ struct Elements {
     std::vector<double> x, y;              // element midpoints
     std::vector<double> tx, ty;            // unit vector along the weld
     std::vector<double> k;                 // 0.6 Fexx x throat area of the element
-    std::vector<double> px, py, ptx, pty;  // line ends: probes of the critical ratio
+    std::vector<double> px, py, ptx, pty;  // line ends, where the critical ratio is taken
 
-    // Scratch of one force sweep.
-    mutable std::vector<double> rho, dm, sinT, ux, uy;
+    // Scratch of one force sweep: the ratio Du / r at each line end.
+    mutable std::vector<double> ratio;
 
     void Reserve(size_t n);
     void Add(double X, double Y, double TX, double TY, double K);
@@ -34,16 +34,18 @@ struct Elements {
 };
 
 // Sums of the element forces for the motion (vx, vy, w), forces along each
-// element's displacement, and the critical ratio; crit is kNoRatio when no
-// element moves. The sums are not checked for finiteness.
+// element's displacement, the critical ratio, and d[i][j], the derivative of
+// sum i (fx, fy, moment) by motion component j (vx, vy, w). crit is kNoRatio
+// when no line end moves. The sums are not checked for finiteness.
 constexpr double kNoRatio = 1e300;
 struct Sums {
     double fx, fy, moment, crit;
+    double d[3][3];
 };
 Sums ForceSums(const Elements& el, double vx, double vy, double w);
 
-// The same as the resultant the equilibrium solver wants; ok is false when no
-// element moves or a sum is not finite.
+// The same as the resultant the equilibrium solver wants, with its slopes;
+// ok is false when no element moves or a sum is not finite.
 shell::Resultant Forces(const Elements& el, const shell::Motion& m);
 
 // The vector math a sweep calls, over the same elements and motion, with

@@ -64,7 +64,7 @@ bool BuildElements(const WeldLineTable& lines, const shell::LoadFrame& frame, do
 namespace WeldKernel {
 
 void Elements::Reserve(size_t n) {
-    for (auto* v : {&x, &y, &tx, &ty, &k, &rho, &dm, &sinT, &ux, &uy}) v->reserve(n);
+    for (auto* v : {&x, &y, &tx, &ty, &k}) v->reserve(n);
 }
 
 void Elements::Add(double X, double Y, double TX, double TY, double K) {
@@ -73,7 +73,6 @@ void Elements::Add(double X, double Y, double TX, double TY, double K) {
     tx.push_back(TX);
     ty.push_back(TY);
     k.push_back(K);
-    for (auto* v : {&rho, &dm, &sinT, &ux, &uy}) v->push_back(0.0);
 }
 
 void Elements::AddProbe(double X, double Y, double TX, double TY) {
@@ -81,6 +80,7 @@ void Elements::AddProbe(double X, double Y, double TX, double TY) {
     py.push_back(Y);
     ptx.push_back(TX);
     pty.push_back(TY);
+    ratio.push_back(0.0);
 }
 
 double Elements::Gyration() const {
@@ -111,6 +111,12 @@ shell::Resultant Forces(const Elements& el, const shell::Motion& m) {
     out.fy = s.fy;
     out.moment = s.moment;
     out.ok = s.crit < kNoRatio && std::isfinite(s.fx) && std::isfinite(s.fy) && std::isfinite(s.moment);
+    out.slopes = true;
+    for (int i = 0; i < 3; ++i)
+        for (int j = 0; j < 3; ++j) {
+            out.d[i][j] = s.d[i][j];
+            out.slopes = out.slopes && std::isfinite(s.d[i][j]);
+        }
     return out;
 }
 

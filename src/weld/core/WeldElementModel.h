@@ -11,9 +11,9 @@
 //   p       = c r / Dm
 //   R       = 0.60 Fexx (1 + 0.5 sin^1.5 theta) [p (1.9 - 0.9 p)]^0.3 x throat area
 // with theta in degrees. Each line is cut into equal elements no longer than
-// the strip, along its true length; the critical ratio is also taken at the
-// line ends, so that it does not hang on where the last element's midpoint
-// falls. The center is found by the equilibrium solver of shell/MotionSolver,
+// the strip, along its true length; the critical ratio is taken at the line
+// ends, where Du / r is least along every line, so that it does not hang on
+// where the last element's midpoint falls. The center is found by the equilibrium solver of shell/MotionSolver,
 // which always ends: a group with no equilibrium gives Converged = false and
 // a capacity of 0, never a number that does not balance.
 #pragma once

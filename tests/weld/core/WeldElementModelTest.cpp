@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <fstream>
 #include <numbers>
@@ -143,4 +144,36 @@ TEST(WeldElementModel, CoefficientsKeepTheGoldenTable) {
             << config << " " << k << " " << a << " " << angle << " " << spi;
     }
     EXPECT_EQ(rows, 600);
+}
+
+TEST(WeldElementModel, SlopesOfTheResultantMatchDifferences) {
+    // Two lines of an angle and an inclined one, under motions about centers
+    // near and far; the critical line end changes with the motion.
+    WeldKernel::Elements el;
+    el.D = 0.25;
+    for (const auto& l : {std::array{0.0, 0.0, 0.0, 6.0}, {0.0, 0.0, 4.0, 0.0}, {1.0, 1.0, 5.0, 4.0}}) {
+        const double len = std::hypot(l[2] - l[0], l[3] - l[1]), tx = (l[2] - l[0]) / len, ty = (l[3] - l[1]) / len;
+        for (int j = 0; j < 8; ++j)
+            el.Add(l[0] + (j + 0.5) / 8 * len * tx, l[1] + (j + 0.5) / 8 * len * ty, tx, ty, 0.1);
+        el.AddProbe(l[0], l[1], tx, ty);
+        el.AddProbe(l[2], l[3], tx, ty);
+    }
+    for (const shell::Motion& m : {shell::Motion{0.2, 1.0, 0.05}, shell::Motion{-0.3, 0.4, 0.3},
+                                   shell::Motion{0.1, 1.0, -0.02}, shell::Motion{1.0, -0.2, 2.0}}) {
+        const shell::Resultant r = WeldKernel::Forces(el, m);
+        ASSERT_TRUE(r.ok && r.slopes);
+        for (int j = 0; j < 3; ++j) {
+            auto at = [&](double h) {
+                shell::Motion t = m;
+                (j == 0 ? t.vx : j == 1 ? t.vy : t.w) += h;
+                const shell::Resultant f = WeldKernel::Forces(el, t);
+                return std::array{f.fx, f.fy, f.moment};
+            };
+            const auto up = at(1e-6), down = at(-1e-6);
+            for (int i = 0; i < 3; ++i) {
+                const double fd = (up[i] - down[i]) / 2e-6;
+                EXPECT_NEAR(r.d[i][j], fd, 1e-6 * (1 + std::fabs(fd))) << i << " " << j << " " << m.w;
+            }
+        }
+    }
 }
