@@ -4,11 +4,14 @@
 //   (c) a 4 by 2 bolt group at 3 in, ex = 6 in
 //   (d) a whole table of 15 k by 20 a for one configuration at 1/32"
 //   (e) a 20 by 10 in box at 1/32" (1,920 elements), ex = 10 in, and a 12 by 4 bolt group
-//   (f) one force sweep over the box, per element, beside the vector math it calls
+//   (f) one force sweep over the box, per element, and over a 40 by 50 bolt
+//       group, per bolt, each beside the vector math it calls
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <vector>
 
+#include "bolt/core/BoltElementKernel.h"
 #include "bolt/core/BoltElementModel.h"
 #include "weld/core/WeldElementKernel.h"
 #include "weld/core/WeldElementModel.h"
@@ -114,6 +117,40 @@ void BM_VectorMathFloorPerElement(benchmark::State& st) {
     PerElement(st, el);
 }
 BENCHMARK(BM_VectorMathFloorPerElement);
+
+// A 40 by 50 bolt group at 3 in about its centroid, turning about a center
+// beside it: one sweep per bolt, beside the vector math it calls.
+struct BoltGrid {
+    std::vector<double> x, y, r;
+    BoltGrid() {
+        for (int i = 0; i < 40; ++i)
+            for (int j = 0; j < 50; ++j) {
+                x.push_back(3.0 * j - 73.5);
+                y.push_back(3.0 * i - 58.5);
+            }
+        r.resize(3 * x.size());
+    }
+};
+
+void BM_BoltSweepPerBolt(benchmark::State& st) {
+    BoltGrid g;
+    for (auto _ : st)
+        benchmark::DoNotOptimize(
+            BoltKernel::ForceSums(g.x.data(), g.y.data(), g.r.data(), g.x.size(), 0.34, 0.1, 0.5, 0.05));
+    st.counters["per_bolt"] = benchmark::Counter(
+        static_cast<double>(g.x.size()), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(BM_BoltSweepPerBolt);
+
+void BM_BoltVectorMathFloorPerBolt(benchmark::State& st) {
+    BoltGrid g;
+    for (auto _ : st)
+        benchmark::DoNotOptimize(
+            BoltKernel::VectorMathFloor(g.x.data(), g.y.data(), g.x.size(), 0.34 / 100, 0.1, 0.5, 0.05));
+    st.counters["per_bolt"] = benchmark::Counter(
+        static_cast<double>(g.x.size()), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(BM_BoltVectorMathFloorPerBolt);
 
 void BM_WeldTable15x20(benchmark::State& st) {
     const auto config = static_cast<int16_t>(st.range(0));

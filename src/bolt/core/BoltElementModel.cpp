@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "bolt/core/BoltElementKernel.h"
 #include "shell/core/MathUtil.h"
 
 namespace BoltElementModel {
@@ -11,8 +12,8 @@ namespace BoltElementModel {
 namespace {
 
 struct Bolts {
-    std::vector<double> x, y;  // in the load frame (or the group's axes for C')
-    mutable std::vector<double> rho;
+    std::vector<double> x, y;         // in the load frame (or the group's axes for C')
+    mutable std::vector<double> rho;  // scratch of the force sweep, three a bolt
 
     double Gyration() const {
         double s = 0.0;
@@ -33,32 +34,22 @@ bool LayOut(int16_t m, int16_t n, double sv, double sh, Place place) {
     return true;
 }
 
+// Outside the vector-math file, so the finiteness tests hold.
 shell::Resultant Forces(const Bolts& b, const shell::Motion& m) {
+    const BoltKernel::Sums s =
+        BoltKernel::ForceSums(b.x.data(), b.y.data(), b.rho.data(), b.x.size(), kUltimateDeformation, m.vx, m.vy, m.w);
     shell::Resultant out;
-    const size_t n = b.x.size();
-    double rmax = 0.0;
-    for (size_t i = 0; i < n; ++i) {
-        const double ux = m.vx - m.w * b.y[i];
-        const double uy = m.vy + m.w * b.x[i];
-        b.rho[i] = std::sqrt(ux * ux + uy * uy);
-        rmax = std::max(rmax, b.rho[i]);
-    }
-    if (!(rmax > 0.0) || !std::isfinite(rmax)) return out;
-    double fx = 0.0, fy = 0.0, mo = 0.0;
-    for (size_t i = 0; i < n; ++i) {
-        const double r = b.rho[i];
-        if (!(r > 0.0)) continue;
-        const double R = BoltForce(kUltimateDeformation * r / rmax) / r;
-        const double ux = (m.vx - m.w * b.y[i]) * R;
-        const double uy = (m.vy + m.w * b.x[i]) * R;
-        fx += ux;
-        fy += uy;
-        mo += b.x[i] * uy - b.y[i] * ux;
-    }
-    out.fx = fx;
-    out.fy = fy;
-    out.moment = mo;
-    out.ok = std::isfinite(fx) && std::isfinite(fy) && std::isfinite(mo);
+    if (!(s.rmax > 0.0) || !std::isfinite(s.rmax)) return out;
+    out.fx = s.fx;
+    out.fy = s.fy;
+    out.moment = s.moment;
+    out.ok = std::isfinite(s.fx) && std::isfinite(s.fy) && std::isfinite(s.moment);
+    out.slopes = true;
+    for (int i = 0; i < 3; ++i)
+        for (int j = 0; j < 3; ++j) {
+            out.d[i][j] = s.d[i][j];
+            out.slopes = out.slopes && std::isfinite(s.d[i][j]);
+        }
     return out;
 }
 
@@ -92,7 +83,7 @@ BoltReport BoltGroup_C(int16_t m, int16_t n, double sv, double sh, double ex, do
         rep.Refused = true;
         return rep;
     }
-    b.rho.assign(b.x.size(), 0.0);
+    b.rho.assign(3 * b.x.size(), 0.0);
 
     shell::MotionProblem problem;
     problem.arm = frame.Arm(ex);
@@ -116,7 +107,7 @@ BoltReport BoltGroup_CPrime(int16_t m, int16_t n, double sv, double sh) {
         rep.Refused = true;
         return rep;
     }
-    b.rho.assign(b.x.size(), 0.0);
+    b.rho.assign(3 * b.x.size(), 0.0);
 
     shell::MotionProblem problem;
     problem.pureMoment = true;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "bolt/core/BoltElementKernel.h"
 #include "bolt/core/BoltElementModel.h"
 #include "bolt/core/BoltSolver.h"
 
@@ -161,9 +162,32 @@ TEST(BoltElementModel, CoefficientsKeepTheGoldenTable) {
     while (in >> m >> n >> ex >> angle >> C) {
         ++rows;
         const auto i = static_cast<int16_t>(m), j = static_cast<int16_t>(n);
-        const BoltReport rep = angle == "-" ? BoltGroup_CPrime(i, j, 3, 3)
-                                            : BoltGroup_C(i, j, 3, 3, std::stod(ex), std::stod(angle));
+        const BoltReport rep =
+            angle == "-" ? BoltGroup_CPrime(i, j, 3, 3) : BoltGroup_C(i, j, 3, 3, std::stod(ex), std::stod(angle));
         EXPECT_NEAR(rep.Value, C, 1e-9 * C) << m << " " << n << " " << ex << " " << angle;
     }
     EXPECT_EQ(rows, 448);
+}
+
+TEST(BoltElementModel, SlopesOfTheResultantMatchDifferences) {
+    // Five bolts in no pattern, under motions about centers near and far;
+    // the farthest bolt changes with the motion.
+    const double x[] = {-3, 0, 3, 1, -2}, y[] = {-4, 0, 2, 5, 3};
+    double r[15];
+    for (const std::array<double, 3>& m : {std::array{0.2, 1.0, 0.05}, {-0.3, 0.4, 0.3}, {1.0, -0.2, 2.0}}) {
+        const BoltKernel::Sums s = BoltKernel::ForceSums(x, y, r, 5, 0.34, m[0], m[1], m[2]);
+        for (int j = 0; j < 3; ++j) {
+            auto at = [&](double h) {
+                std::array<double, 3> t = m;
+                t[j] += h;
+                const BoltKernel::Sums f = BoltKernel::ForceSums(x, y, r, 5, 0.34, t[0], t[1], t[2]);
+                return std::array{f.fx, f.fy, f.moment};
+            };
+            const auto up = at(1e-6), down = at(-1e-6);
+            for (int i = 0; i < 3; ++i) {
+                const double fd = (up[i] - down[i]) / 2e-6;
+                EXPECT_NEAR(s.d[i][j], fd, 1e-6 * (1 + std::fabs(fd))) << i << " " << j << " " << m[2];
+            }
+        }
+    }
 }

@@ -1,0 +1,104 @@
+#include "bolt/core/BoltElementKernel.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace BoltKernel {
+
+namespace {
+// x^c for x > 0, through the vector exp and log.
+inline double Power(double x, double c) { return std::exp(c * std::log(x)); }
+}  // namespace
+
+// Built with vector math (-ffast-math, OpenMP simd), as the weld element
+// model's kernel: nothing here may rely on infinities or NaN; lanes that must
+// not count are masked with plain selects.
+__attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Sums ForceSums(
+    const double* x, const double* y, double* r, size_t n, double du, double vx, double vy, double w) {
+    Sums s{};
+    double rmax = 0.0;
+#pragma omp simd reduction(max : rmax)
+    for (size_t i = 0; i < n; ++i) {
+        const double ux = vx - w * y[i], uy = vy + w * x[i];
+        r[i] = std::sqrt(ux * ux + uy * uy);
+        rmax = std::max(rmax, r[i]);
+    }
+    s.rmax = rmax;
+    if (!(rmax > 0.0)) return s;
+    // The slopes of log rmax, at the farthest bolt.
+    size_t c = 0;
+    while (c + 1 < n && r[c] != rmax) ++c;
+    const double cx = vx - w * y[c], cy = vy + w * x[c], cr2 = rmax * rmax;
+    const double gc[3] = {cx / cr2, cy / cr2, (x[c] * cy - y[c] * cx) / cr2};
+
+    // At a fixed rmax a bolt's force R e changes with its velocity u by
+    //   R' du / rmax e e' + R / r n n'
+    // (e the unit displacement, n = e turned a quarter left, R' = dR/dD); in
+    // the motion m = (vx, vy, w), through u = G m, by G' (...) G, a symmetric
+    // sum of a a' and b b' with a = G' e, b = G' n.
+    const double scale = du / rmax;
+    double* ex = r + n;
+    double* force = r + 2 * n;
+    // The vector math in a loop of its own: each call clobbers the vector
+    // registers, which the sums below would have to spill around it.
+#pragma omp simd
+    for (size_t i = 0; i < n; ++i) {
+        const double E = std::exp(-10.0 * scale * r[i]);
+        ex[i] = E;
+        force[i] = r[i] > 0.0 ? Power(r[i] > 0.0 ? 1.0 - E : 1.0, 0.55) : 0.0;  // none at the center
+    }
+    double fx = 0.0, fy = 0.0, mo = 0.0;
+    double p00 = 0.0, p01 = 0.0, p02 = 0.0, p11 = 0.0, p12 = 0.0, p22 = 0.0;
+#pragma omp simd reduction(+ : fx, fy, mo, p00, p01, p02, p11, p12, p22)
+    for (size_t i = 0; i < n; ++i) {
+        const double ux = vx - w * y[i], uy = vy + w * x[i];
+        const double E = ex[i], R = force[i];
+        const bool moves = r[i] > 0.0;
+        const double rest = moves ? 1.0 - E : 1.0;
+        // One division gives 1 / r and 1 / (1 - E).
+        const double Z = 1.0 / (moves ? r[i] * rest : 1.0);
+        const double inv = rest * Z;
+        const double gamma = R * inv;  // R / r
+        const double a2 = x[i] * uy - y[i] * ux, b2 = x[i] * ux + y[i] * uy;
+        fx += gamma * ux;
+        fy += gamma * uy;
+        mo += gamma * a2;
+        // In u rather than e: a r = (ux, uy, a2), b r = (-uy, ux, b2).
+        const double inv2 = inv * inv;
+        const double al = 5.5 * R * E * r[i] * Z * scale * inv2, ga = gamma * inv2;
+        const double a0 = al * ux, a1 = al * uy, aa2 = al * a2;
+        const double g0 = -ga * uy, g1 = ga * ux, g2 = ga * b2;
+        p00 += a0 * ux - g0 * uy;
+        p01 += a0 * uy + g0 * ux;
+        p02 += a0 * a2 + g0 * b2;
+        p11 += a1 * uy + g1 * ux;
+        p12 += a1 * a2 + g1 * b2;
+        p22 += aa2 * a2 + g2 * b2;
+    }
+    s.fx = fx;
+    s.fy = fy;
+    s.moment = mo;
+    // The sums do not change when the motion and rmax grow together:
+    // rmax d/drmax = -P m, and the slopes are P - (P m) gc'.
+    const double P[3][3] = {{p00, p01, p02}, {p01, p11, p12}, {p02, p12, p22}};
+    const double mv[3] = {vx, vy, w};
+    for (int i = 0; i < 3; ++i) {
+        const double byMax = P[i][0] * mv[0] + P[i][1] * mv[1] + P[i][2] * mv[2];
+        for (int j = 0; j < 3; ++j) s.d[i][j] = P[i][j] - byMax * gc[j];
+    }
+    return s;
+}
+
+// Per bolt: sqrt (r), exp (e^(-10 D)), log and exp (the power 0.55).
+__attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) double VectorMathFloor(
+    const double* x, const double* y, size_t n, double du, double vx, double vy, double w) {
+    double sum = 0.0;
+#pragma omp simd reduction(+ : sum)
+    for (size_t i = 0; i < n; ++i) {
+        const double ux = vx - w * y[i], uy = vy + w * x[i];
+        sum += Power(1.0 - std::exp(-10.0 * du * std::sqrt(ux * ux + uy * uy)), 0.55);
+    }
+    return sum;
+}
+
+}  // namespace BoltKernel
