@@ -95,11 +95,11 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
     // quarter left, an element's force R e changes with its velocity u, at a
     // fixed critical ratio, by
     //   (R / r) [g e e' + h sigma e n' + n n']
-    // where g = r dR/dr / R (through p) and h sigma = r dR/dtheta / R (h
-    // over sigma, the sign of the turn of u that opens theta). Through
-    // u = G m, with the rows of G' (1, 0, -y) and (0, 1, x), the sums change
-    // with the motion m by the sum of G' (...) G, kept as a sum of a c' and
-    // of a symmetric one of b b', a = G' e, b = G' n.
+    // where g = r dR/dr / R (through p), h = dR/dtheta / R (theta in
+    // radians), and sigma = +-1 the sense of the turn of u that opens theta.
+    // Through u = G m, with the rows of G' (1, 0, -y) and (0, 1, x), the
+    // sums change with the motion m by the sum of G' (...) G, kept as a sum
+    // of a c' and a symmetric one of b b', a = G' e, b = G' n.
     const double* x = el.x.data();
     const double* y = el.y.data();
     const double* tx = el.tx.data();
@@ -138,13 +138,9 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
             m.B = txb[i] * m.uy - tyb[i] * m.ux;
             m.r = rs[i];
             const double t2 = t2s[i], p = ps[i], curve = curves[i];
-            const double d1 = 1.9 - 0.9 * p;
-            // An element at the center has no deformation and no force. One
-            // division gives 1 / r, 1 / d1 and 1 / (theta + 2).
+            // An element at the center has no deformation and no force.
             const bool loaded = curve > 0.0;
-            const double d1t2 = d1 * t2;
-            const double Z = 1.0 / (loaded ? m.r * d1t2 : 1.0);
-            const double inv = d1t2 * Z;
+            const double inv = 1.0 / (loaded ? m.r : 1.0);
             const double sinT = std::fabs(m.B) * inv, cosT = std::fabs(m.A) * inv;
             const double root = std::sqrt(sinT);
             const double kQ = kb[i] * curve;
@@ -155,9 +151,8 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
             fy += gamma * m.uy;
             mo += gamma * a2;
 
-            const double rZ = m.r * Z;
-            const double alpha = gamma * (0.57 - 0.54 * p) * t2 * rZ;  // gamma g
-            const double beta = alpha * (0.32 * kDeg) * d1 * rZ + 0.75 * kQ * inv * root * cosT;
+            const double alpha = gamma * (0.57 - 0.54 * p) / (1.9 - 0.9 * p);                // R g / r
+            const double beta = alpha * (0.32 * kDeg) / t2 + 0.75 * kQ * inv * root * cosT;  // R h / r
             const double inv2 = inv * inv;
             const double al = alpha * inv2, be = (m.A * m.B >= 0.0 ? beta : -beta) * inv2, ga = gamma * inv2;
             const double c0 = al * m.ux - be * m.uy, c1 = al * m.uy + be * m.ux, c2 = al * a2 + be * b2;
