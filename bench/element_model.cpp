@@ -26,15 +26,17 @@ void Report(benchmark::State& st, const ElementReport& rep) {
     st.counters["converged"] = rep.Converged ? 1 : 0;
 }
 
-void BM_Line320(benchmark::State& st) {
-    const WeldLineTable line = {weld::WeldLineRec{0, 0, 0, 10}};
+// One whole solve of a group at eccentricity ex, the load angle the argument.
+void SolveGroup(benchmark::State& st, const WeldLineTable& group, double ex) {
     ElementReport rep;
     for (auto _ : st) {
-        rep = Solve(line, 5.0, static_cast<double>(st.range(0)), 70, 0.25, 32);
+        rep = Solve(group, ex, static_cast<double>(st.range(0)), 70, 0.25, 32);
         benchmark::DoNotOptimize(rep.Capacity);
     }
     Report(st, rep);
 }
+
+void BM_Line320(benchmark::State& st) { SolveGroup(st, {weld::WeldLineRec{0, 0, 0, 10}}, 5.0); }
 BENCHMARK(BM_Line320)->Arg(0)->Arg(45)->Unit(benchmark::kMicrosecond);
 
 void BM_Shape(benchmark::State& st) {
@@ -45,37 +47,26 @@ void BM_Shape(benchmark::State& st) {
 }
 BENCHMARK(BM_Shape)->DenseRange(1, 9)->Unit(benchmark::kMicrosecond);
 
-void BM_Bolt4x2(benchmark::State& st) {
+// One whole solve of an m by n bolt group at 3 in, the load angle the argument.
+void SolveBolts(benchmark::State& st, int16_t m, int16_t n, double ex) {
     BoltElementModel::BoltReport rep;
     for (auto _ : st) {
-        rep = BoltElementModel::BoltGroup_C(4, 2, 3, 3, 6, static_cast<double>(st.range(0)));
+        rep = BoltElementModel::BoltGroup_C(m, n, 3, 3, ex, static_cast<double>(st.range(0)));
         benchmark::DoNotOptimize(rep.Value);
     }
     st.counters["evaluations"] = rep.Evaluations;
 }
+
+void BM_Bolt4x2(benchmark::State& st) { SolveBolts(st, 4, 2, 6); }
 BENCHMARK(BM_Bolt4x2)->Arg(0)->Arg(30)->Unit(benchmark::kMicrosecond);
 
 const WeldLineTable kBox = {weld::WeldLineRec{0, 0, 10, 0}, weld::WeldLineRec{10, 0, 10, 20},
                             weld::WeldLineRec{0, 20, 10, 20}, weld::WeldLineRec{0, 0, 0, 20}};
 
-void BM_Box20x10(benchmark::State& st) {
-    ElementReport rep;
-    for (auto _ : st) {
-        rep = Solve(kBox, 10.0, static_cast<double>(st.range(0)), 70, 0.25, 32);
-        benchmark::DoNotOptimize(rep.Capacity);
-    }
-    Report(st, rep);
-}
+void BM_Box20x10(benchmark::State& st) { SolveGroup(st, kBox, 10.0); }
 BENCHMARK(BM_Box20x10)->Arg(0)->Arg(45)->Unit(benchmark::kMicrosecond);
 
-void BM_Bolt12x4(benchmark::State& st) {
-    BoltElementModel::BoltReport rep;
-    for (auto _ : st) {
-        rep = BoltElementModel::BoltGroup_C(12, 4, 3, 3, 16, static_cast<double>(st.range(0)));
-        benchmark::DoNotOptimize(rep.Value);
-    }
-    st.counters["evaluations"] = rep.Evaluations;
-}
+void BM_Bolt12x4(benchmark::State& st) { SolveBolts(st, 12, 4, 16); }
 BENCHMARK(BM_Bolt12x4)->Arg(0)->Arg(30)->Unit(benchmark::kMicrosecond);
 
 // The box's elements about its centroid, 32 to the inch, and a motion about a
@@ -146,7 +137,7 @@ void BM_BoltVectorMathFloorPerBolt(benchmark::State& st) {
     BoltGrid g;
     for (auto _ : st)
         benchmark::DoNotOptimize(
-            BoltKernel::VectorMathFloor(g.x.data(), g.y.data(), g.x.size(), 0.34 / 100, 0.1, 0.5, 0.05));
+            BoltKernel::VectorMathFloor(g.x.data(), g.y.data(), g.r.data(), g.x.size(), 0.34, 0.1, 0.5, 0.05));
     st.counters["per_bolt"] = benchmark::Counter(
         static_cast<double>(g.x.size()), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }

@@ -89,15 +89,21 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
     return s;
 }
 
-// Per bolt: sqrt (r), exp (e^(-10 D)), log and exp (the power 0.55).
+// Per bolt: sqrt (r), exp (e^(-10 D)), log and exp (the power 0.55), with
+// the sweep's arguments.
 __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) double VectorMathFloor(
-    const double* x, const double* y, size_t n, double du, double vx, double vy, double w) {
-    double sum = 0.0;
-#pragma omp simd reduction(+ : sum)
+    const double* x, const double* y, double* r, size_t n, double du, double vx, double vy, double w) {
+    double rmax = 0.0;
+#pragma omp simd reduction(max : rmax)
     for (size_t i = 0; i < n; ++i) {
         const double ux = vx - w * y[i], uy = vy + w * x[i];
-        sum += Power(1.0 - std::exp(-10.0 * du * std::sqrt(ux * ux + uy * uy)), 0.55);
+        r[i] = std::sqrt(ux * ux + uy * uy);
+        rmax = std::max(rmax, r[i]);
     }
+    const double scale = du / rmax;
+    double sum = 0.0;
+#pragma omp simd reduction(+ : sum)
+    for (size_t i = 0; i < n; ++i) sum += Power(1.0 - std::exp(-10.0 * scale * r[i]), 0.55);
     return sum;
 }
 

@@ -22,6 +22,7 @@ Sums ForceSums(const double* x, const double* y, double* r, size_t n, double du,
 
 // The vector math a sweep calls, over the same bolts and motion, with none of
 // the arithmetic around it: the floor a sweep is measured against.
-double VectorMathFloor(const double* x, const double* y, size_t n, double du, double vx, double vy, double w);
+double VectorMathFloor(const double* x, const double* y, double* r, size_t n, double du, double vx, double vy,
+                       double w);
 
 }  // namespace BoltKernel

@@ -13,8 +13,8 @@
 // with theta in degrees. Each line is cut into equal elements no longer than
 // the strip, along its true length; the critical ratio is taken at the line
 // ends, where Du / r is least along every line, so that it does not hang on
-// where the last element's midpoint falls. The center is found by the equilibrium solver of shell/MotionSolver,
-// which always ends: a group with no equilibrium gives Converged = false and
+// where the last element's midpoint falls. The center is found by the
+// equilibrium solver of shell/MotionSolver, which always ends: a group with no equilibrium gives Converged = false and
 // a capacity of 0, never a number that does not balance.
 #pragma once
 
