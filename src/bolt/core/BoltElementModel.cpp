@@ -1,6 +1,5 @@
 #include "bolt/core/BoltElementModel.h"
 
-#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -44,12 +43,7 @@ shell::Resultant Forces(const Bolts& b, const shell::Motion& m) {
     out.fy = s.fy;
     out.moment = s.moment;
     out.ok = std::isfinite(s.fx) && std::isfinite(s.fy) && std::isfinite(s.moment);
-    out.slopes = true;
-    for (int i = 0; i < 3; ++i)
-        for (int j = 0; j < 3; ++j) {
-            out.d[i][j] = s.d[i][j];
-            out.slopes = out.slopes && std::isfinite(s.d[i][j]);
-        }
+    shell::SetSlopes(out, s.d);
     return out;
 }
 

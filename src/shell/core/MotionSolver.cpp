@@ -241,6 +241,15 @@ std::vector<Start> SpreadStarts(const MotionProblem& p, Solver& solver) {
 
 }  // namespace
 
+void SetSlopes(Resultant& r, const double (&d)[3][3]) {
+    r.slopes = true;
+    for (int i = 0; i < 3; ++i)
+        for (int j = 0; j < 3; ++j) {
+            r.d[i][j] = d[i][j];
+            r.slopes = r.slopes && std::isfinite(d[i][j]);
+        }
+}
+
 MotionResult SolveMotion(const MotionProblem& problem, const ResultantFn& resultant) {
     MotionResult result;
     if (!(problem.length > 0.0) || !(problem.force > 0.0) || !std::isfinite(problem.length) ||

@@ -44,6 +44,9 @@ struct Resultant {
     double d[3][3] = {};
 };
 
+// Gives r the slopes d, where all of them are finite.
+void SetSlopes(Resultant& r, const double (&d)[3][3]);
+
 using ResultantFn = std::function<Resultant(const Motion&)>;
 
 struct MotionProblem {
