@@ -8,6 +8,20 @@ namespace BoltKernel {
 namespace {
 // x^c for x > 0, through the vector exp and log.
 inline double Power(double x, double c) { return std::exp(c * std::log(x)); }
+
+// The distance r of every bolt from the center, in its velocity's units, and
+// the largest.
+[[gnu::always_inline]] inline double Distances(const double* x, const double* y, double* r, size_t n, double vx,
+                                               double vy, double w) {
+    double rmax = 0.0;
+#pragma omp simd reduction(max : rmax)
+    for (size_t i = 0; i < n; ++i) {
+        const double ux = vx - w * y[i], uy = vy + w * x[i];
+        r[i] = std::sqrt(ux * ux + uy * uy);
+        rmax = std::max(rmax, r[i]);
+    }
+    return rmax;
+}
 }  // namespace
 
 // Built with vector math (-ffast-math, OpenMP simd), as the weld element
@@ -16,13 +30,7 @@ inline double Power(double x, double c) { return std::exp(c * std::log(x)); }
 __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Sums ForceSums(
     const double* x, const double* y, double* r, size_t n, double du, double vx, double vy, double w) {
     Sums s{};
-    double rmax = 0.0;
-#pragma omp simd reduction(max : rmax)
-    for (size_t i = 0; i < n; ++i) {
-        const double ux = vx - w * y[i], uy = vy + w * x[i];
-        r[i] = std::sqrt(ux * ux + uy * uy);
-        rmax = std::max(rmax, r[i]);
-    }
+    const double rmax = Distances(x, y, r, n, vx, vy, w);
     s.rmax = rmax;
     if (!(rmax > 0.0)) return s;
     // The slopes of log rmax, at the farthest bolt.
@@ -93,13 +101,7 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
 // the sweep's arguments.
 __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) double VectorMathFloor(
     const double* x, const double* y, double* r, size_t n, double du, double vx, double vy, double w) {
-    double rmax = 0.0;
-#pragma omp simd reduction(max : rmax)
-    for (size_t i = 0; i < n; ++i) {
-        const double ux = vx - w * y[i], uy = vy + w * x[i];
-        r[i] = std::sqrt(ux * ux + uy * uy);
-        rmax = std::max(rmax, r[i]);
-    }
+    const double rmax = Distances(x, y, r, n, vx, vy, w);
     const double scale = du / rmax;
     double sum = 0.0;
 #pragma omp simd reduction(+ : sum)
