@@ -6,11 +6,22 @@
 #include <benchmark/benchmark.h>
 
 #include "bolt/core/BoltElementModel.h"
+#include "weld/core/WeldConfigurations.h"
 #include "weld/core/WeldElementModel.h"
 
 using namespace WeldElementModel;
 
 namespace {
+
+// C of a configuration by the element model alone, with its report.
+double ElementC(int16_t config, double L, double kL, double aL, double angle, ElementReport& rep) {
+    const weld::ConfigShape shape = weld::Config_Shape({config, L, kL, aL, angle});
+    weld::SolveOptions options;
+    options.Fexx = 70;
+    options.D = 0.0625;
+    rep = Solve(shape.Group, options);
+    return rep.Capacity / shape.BaseLength / 16 / 0.0625;
+}
 
 void Report(benchmark::State& st, const ElementReport& rep) {
     st.counters["elements"] = rep.Elements;
@@ -19,10 +30,13 @@ void Report(benchmark::State& st, const ElementReport& rep) {
 }
 
 void BM_Line320(benchmark::State& st) {
-    const WeldLineTable line = {weld::WeldLineRec{0, 0, 0, 10}};
+    const weld::LoadedGroup line{{weld::WeldLineRec{0, 0, 0, 10}}, 5.0, static_cast<double>(st.range(0))};
+    weld::SolveOptions options;
+    options.Fexx = 70;
+    options.D = 0.25;
     ElementReport rep;
     for (auto _ : st) {
-        rep = Solve(line, 5.0, static_cast<double>(st.range(0)), 70, 0.25, 32);
+        rep = Solve(line, options);
         benchmark::DoNotOptimize(rep.Capacity);
     }
     Report(st, rep);
@@ -32,7 +46,7 @@ BENCHMARK(BM_Line320)->Arg(0)->Arg(45)->Unit(benchmark::kMicrosecond);
 void BM_Shape(benchmark::State& st) {
     const auto config = static_cast<int16_t>(st.range(0));
     ElementReport rep;
-    for (auto _ : st) benchmark::DoNotOptimize(Config_C(config, 10, 5, 5, 45, 32, &rep));
+    for (auto _ : st) benchmark::DoNotOptimize(ElementC(config, 10, 5, 5, 45, rep));
     Report(st, rep);
 }
 BENCHMARK(BM_Shape)->DenseRange(1, 9)->Unit(benchmark::kMicrosecond);
@@ -58,7 +72,7 @@ void BM_WeldTable15x20(benchmark::State& st) {
         for (double a : as)
             for (double k : ks) {
                 ElementReport rep;
-                benchmark::DoNotOptimize(Config_C(config, 10, 10 * k, 10 * a, 0, 32, &rep));
+                benchmark::DoNotOptimize(ElementC(config, 10, 10 * k, 10 * a, 0, rep));
                 failed += rep.Converged ? 0 : 1;
             }
     }

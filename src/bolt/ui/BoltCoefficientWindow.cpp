@@ -20,17 +20,16 @@
 #include <algorithm>
 #include <cmath>
 
-#include "bolt/core/BoltElementModel.h"
-#include "bolt/core/BoltSolver.h"
+#include "bolt/core/BoltSolve.h"
+#include "shell/core/MathUtil.h"
+#include "shell/core/Primitives.h"
 #include "shell/ui/GridEditor.h"
 #include "shell/ui/ModelCheckLine.h"
-#include "shell/core/Primitives.h"
+#include "shell/ui/QtText.h"
+#include "shell/ui/RunPump.h"
 #include "shell/ui/SettingsStore.h"
 #include "shell/ui/SolverModelBox.h"
-#include "shell/core/MathUtil.h"
-#include "shell/ui/QtText.h"
 #include "shell/ui/WindowFit.h"
-#include "shell/ui/RunPump.h"
 #include "units/core/ImperialText.h"
 
 using namespace KeyFilters::KeyCode;
@@ -58,22 +57,18 @@ const char* const kHeadings[kDataCols] = {
     "Bolt Group Coefficient\n[C']",
 };
 
-// On a row's C cell: the C of the program's iteration, at full precision,
-// while the C shown is that iteration's for the inputs shown.
-constexpr int kIteratedC = Qt::UserRole;
+// On a row's C cell: the C shown, at full precision, while it is the C of
+// the inputs shown by a model that has a cross-check.
+constexpr int kCheckedC = Qt::UserRole;
 
-// The group and load of a row. False when m or n is not a whole number that fits.
-struct BoltCase {
-    int16_t m = 0, n = 0;
-    double sv = 0.0, sh = 0.0, ex = 0.0, angle = 0.0;
-};
-bool ReadCase(const CellGrid* grid, int row, BoltCase& k) {
+// The pattern and load of a row. False when m or n is not a whole number that fits.
+bool ReadCase(const CellGrid* grid, int row, bolt::BoltPattern& g, bolt::BoltLoad& load) {
     auto val = [&](int col) { return prim::Val(S(grid->TextMatrix(row, col).trimmed())); };
-    k.sv = val(3);
-    k.sh = val(4);
-    k.ex = val(5);
-    k.angle = val(6);
-    return prim::ToInt16(val(1), k.m) && prim::ToInt16(val(2), k.n);
+    g.Sv = val(3);
+    g.Sh = val(4);
+    load.Ex = val(5);
+    load.Angle = val(6);
+    return prim::ToInt16(val(1), g.M) && prim::ToInt16(val(2), g.N);
 }
 
 // Whole grid rows from the window's row count.
@@ -366,7 +361,7 @@ void BoltCoefficientWindow::LoadRecords() {
 
 void BoltCoefficientWindow::Calculate_C(int row) {
     if (row < 1 || row >= cFlex->Rows()) return;
-    cFlex->Cell(row, 7)->setData(kIteratedC, QVariant());
+    cFlex->Cell(row, 7)->setData(kCheckedC, QVariant());
     for (int c = 1; c <= 6; ++c) {
         if (cFlex->TextMatrix(row, c).trimmed().isEmpty()) {
             cFlex->SetTextMatrix(row, 7, QString());
@@ -378,55 +373,46 @@ void BoltCoefficientWindow::Calculate_C(int row) {
     // they were; the status line says why.
     const QString rowName = QStringLiteral("Row %1: ").arg(row);
     StatusLine->clear();
-    BoltCase k;
-    if (!ReadCase(cFlex, row, k)) {
+    bolt::BoltPattern pattern;
+    bolt::BoltLoad load;
+    if (!ReadCase(cFlex, row, pattern, load)) {
         StatusLine->setText(rowName + QStringLiteral("the numbers of bolt rows must be whole numbers up to 32,767."));
         return;
     }
-    const auto [m, n, sv, sh, ex, angle] = k;
-    const QString noGroup =
-        rowName + QStringLiteral("no bolt group: m and n must both be at least 1, with m × n at most 32,767 bolts.");
-
-    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::AiscElement) {
-        const auto c = BoltElementModel::BoltGroup_C(m, n, sv, sh, ex, angle);
-        const auto cp = BoltElementModel::BoltGroup_CPrime(m, n, sv, sh);
-        if (c.Refused || cp.Refused) {
-            StatusLine->setText(noGroup);
-            return;
-        }
-        if (!c.Converged) {
-            StatusLine->setText(rowName + QStringLiteral("the AISC element model finds no equilibrium for this load."));
-            return;
-        }
-        cFlex->SetTextMatrix(row, 7, Q(prim::Format(c.Value, "##,##0.000  ")));
-        cFlex->SetTextMatrix(row, 8, Q(prim::Format(cp.Converged ? cp.Value : 0.0, "##,##0.000  ")));
-        return;
-    }
-    const auto cPrime = bolt::BoltGroup_CPrime(m, n, sv, sh);
-    if (!cPrime) {
-        StatusLine->setText(noGroup);
-        return;
-    }
+    const bolt::SolveOptions options{shell::SolverModelOf(ModelBox)};
+    const bolt::SolveResult cPrime = bolt::Solve(pattern, bolt::kCouple, options);
     // The window stays live during a long run.
     shell::ThrottledPump pump;
-    const auto c = bolt::BoltGroup_C(m, n, sv, sh, ex, angle, pump.AsYield());
-    if (!c || guard_.ClosePending()) return;
-    cFlex->SetTextMatrix(row, 7, Q(prim::Format(*c, "##,##0.000  ")));
-    cFlex->SetTextMatrix(row, 8, Q(prim::Format(*cPrime, "##,##0.000  ")));
-    cFlex->Cell(row, 7)->setData(kIteratedC, *c);
+    const bolt::SolveResult c = cPrime.Refused ? cPrime : bolt::Solve(pattern, load, options, pump.AsYield());
+    if (guard_.ClosePending()) return;
+    if (c.Refused) {
+        StatusLine->setText(
+            rowName +
+            QStringLiteral("no bolt group: m and n must both be at least 1, with m × n at most 32,767 bolts."));
+        return;
+    }
+    if (!c.Converged) {
+        StatusLine->setText(rowName + QStringLiteral("the AISC element model finds no equilibrium for this load."));
+        return;
+    }
+    cFlex->SetTextMatrix(row, 7, Q(prim::Format(c.Value, "##,##0.000  ")));
+    cFlex->SetTextMatrix(row, 8, Q(prim::Format(cPrime.Converged ? cPrime.Value : 0.0, "##,##0.000  ")));
+    if (shell::CrossCheckModel(options.Model)) cFlex->Cell(row, 7)->setData(kCheckedC, c.Value);
 }
 
-// The element model's C of the current row's group and load beside the
-// iteration's C, solved aside. Nothing for a row without a C of the
-// iteration, or while the element model is the chosen one.
+// The C of the current row's group and load by the model the chosen one is
+// checked against, beside the C shown, solved aside. Nothing for a row
+// without a C of the chosen model, or where that model has no cross-check.
 void BoltCoefficientWindow::CheckRow() {
     const int r = cFlex->Row();
     const QTableWidgetItem* cell = cFlex->Cell(r, 7);
-    const QVariant c = cell != nullptr ? cell->data(kIteratedC) : QVariant();
-    BoltCase k;
+    const QVariant c = cell != nullptr ? cell->data(kCheckedC) : QVariant();
+    const bolt::SolveOptions options{shell::SolverModelOf(ModelBox)};
+    bolt::BoltPattern pattern;
+    bolt::BoltLoad load;
     QString key;
-    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::Iterative && c.isValid() &&
-        !cell->text().trimmed().isEmpty() && ReadCase(cFlex, r, k)) {
+    if (shell::CrossCheckModel(options.Model) && c.isValid() && !cell->text().trimmed().isEmpty() &&
+        ReadCase(cFlex, r, pattern, load)) {
         key = QString::number(r) + QLatin1Char('|') + QString::number(c.toDouble(), 'g', 17);
         for (int col = 1; col <= 6; ++col) key += QLatin1Char('|') + cFlex->TextMatrix(r, col).trimmed();
     }
@@ -436,14 +422,7 @@ void BoltCoefficientWindow::CheckRow() {
         ModelCheck->Clear();
         return;
     }
-    ModelCheck->Check(
-        c.toDouble(),
-        [k]() -> std::optional<double> {
-            const auto rep = BoltElementModel::BoltGroup_C(k.m, k.n, k.sv, k.sh, k.ex, k.angle);
-            if (!rep.Converged) return std::nullopt;
-            return rep.Value;
-        },
-        QString(), 3);
+    ModelCheck->Check(c.toDouble(), bolt::CrossCheck(pattern, load, options), QString(), 3);
 }
 
 void BoltCoefficientWindow::ModifyTextC(QLineEdit* edit) {

@@ -17,18 +17,17 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include "shell/ui/GridEditor.h"
 #include "shell/core/MathUtil.h"
-#include "shell/ui/ModelCheckLine.h"
 #include "shell/core/Primitives.h"
+#include "shell/ui/GridEditor.h"
+#include "shell/ui/ModelCheckLine.h"
 #include "shell/ui/QtText.h"
-#include "shell/ui/WindowFit.h"
 #include "shell/ui/SettingsStore.h"
 #include "shell/ui/SolverModelBox.h"
+#include "shell/ui/WindowFit.h"
 #include "units/core/ImperialText.h"
-#include "weld/core/WeldElementModel.h"
-#include "weld/ui/WeldPictureView.h"
 #include "weld/core/WeldStrength.h"
+#include "weld/ui/WeldPictureView.h"
 
 using namespace KeyFilters::KeyCode;
 namespace wc = WeldCoefficient;
@@ -217,7 +216,6 @@ void CoefficientWindow::Form_Load() {
     if (view >= 1 && view <= wc::kConfigs) WeldView->setCurrentRow(view - 1);
     Update_Centroids();
     Update_WeldImage();
-    run_.Run().IterationStop = -1;
     WeldLoading = false;
 
     // Open at a size that fits the screen, with room for the grid to grow.
@@ -288,8 +286,9 @@ void CoefficientWindow::WipeResult() {
 
 void CoefficientWindow::Run_CoefficientIteration() {
     QPointer<CoefficientWindow> self(this);
-    weld::WeldRunState& run = run_.Run();
-    WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), run.SegmentsPerInch);
+    weld::SolveOptions options;
+    WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), options.SegmentsPerInch);
+    options.Model = shell::SolverModelOf(ModelBox);
     wc::ConfigCells cells;
     for (int r = 0; r < wc::kRows; ++r) cells[r] = S(WeldFlex->TextMatrix(r, 1));
     if (!wc::InputsComplete(cells)) {
@@ -299,37 +298,22 @@ void CoefficientWindow::Run_CoefficientIteration() {
         if (self) Form_Activate();
         return;
     }
-    const double L = prim::Val(cells[0]);
-    const double kL = prim::Val(cells[1]);
-    const double aL = prim::Val(cells[2]);
-    const double angle = prim::Val(cells[3]);
-    ShowStatus(Q(wc::ImpossibleReason(WeldViewIndex, L, WeldViewIndex == 1 ? 0.0 : kL)));
+    const weld::StandardConfig config{WeldViewIndex, prim::Val(cells[0]), prim::Val(cells[1]), prim::Val(cells[2]),
+                                      prim::Val(cells[3])};
+    ShowStatus(Q(wc::ImpossibleReason(WeldViewIndex, config.L, WeldViewIndex == 1 ? 0.0 : config.kL)));
 
-    run_.BeginRun(weld::kDisplayCoefficient);
-
-    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::AiscElement) {
-        WeldElementModel::ElementReport rep;
-        const double c = WeldElementModel::Config_C(WeldViewIndex, L, kL, aL, angle, run.SegmentsPerInch, &rep);
-        const RunControl::ElementOutcome outcome = run_.EndElementRun(rep.Refused, rep.Converged, c);
-        if (outcome != RunControl::ElementOutcome::Found)
-            ShowStatus(Q(RunControl::ForWidget(prim::Trim(RunControl::ElementClosingText(outcome)))));
-        return;
-    }
-
-    const auto c = run_.RunPasses([&](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
-        return weld::Config_ByNumber(WeldViewIndex, L, kL, aL, angle, weld::kSelectC, state, hooks);
+    run_.BeginRun();
+    const auto result = run_.Run([&](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
+        return weld::Solve(config, options, state, hooks);
     });
-    if (!c || !run_.EndPasses(*c)) return;
-    // C of the same shape and load by the element model.
-    run_.Check()->Check(
-        *c,
-        [config = WeldViewIndex, L, kL, aL, angle, spi = run.SegmentsPerInch]() -> std::optional<double> {
-            WeldElementModel::ElementReport rep;
-            const double value = WeldElementModel::Config_C(config, L, kL, aL, angle, spi, &rep);
-            if (!rep.Converged) return std::nullopt;
-            return value;
-        },
-        QString(), 5);
+    if (!result) return;
+    const RunControl::RunEnding ending = run_.EndRun(*result, result->Value);
+    // A run with no value to show says why in the status line as well.
+    if (!ending.ShowsValue) ShowStatus(Q(RunControl::ForWidget(prim::Trim(ending.Text))));
+    if (!ending.Converged) return;
+    // C of the same shape and load by the model it is checked against.
+    if (auto check = weld::CrossCheck(config, options))
+        run_.Check()->Check(result->Value, std::move(check), QString(), 5);
 }
 
 // ---- Grid editing -------------------------------------------------------------

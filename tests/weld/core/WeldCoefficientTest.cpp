@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldConfigurations.h"
 #include "weld/core/WeldPicture.h"
 
 using namespace WeldCoefficient;
