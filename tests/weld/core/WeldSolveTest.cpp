@@ -115,21 +115,15 @@ TEST(WeldSolve, NothingToSolveIsRefusedByTheElementModel) {
 
 // ---- Standard configurations -----------------------------------------------
 
-TEST(WeldConfigurations, TwoCoincidentLinesUnderConcentricLoad) {
-    const StandardConfig config{1, 10, 99, 0, 0};  // kL of configuration 1 is ignored
-    const double throat = 0.6 * 70 * std::numbers::sqrt2 / 2;
-    // The iteration sums the line strengths per inch per sixteenth.
-    const SolveResult iterated = Solve(config, Options(kIterative));
-    EXPECT_TRUE(iterated.Concentric && iterated.Converged);
-    EXPECT_DOUBLE_EQ(iterated.Value, 2 * (throat * 0.0625 * 10) / 10 / 16 / 0.0625);
-    EXPECT_NEAR(iterated.Value, 3.71, 0.005);
-    // In the element model every element at theta = 0 deforms to the same
-    // 0.17 w: a pure translation, no Newton step.
-    const SolveResult element = Solve(config, Options(kElement));
-    ASSERT_TRUE(element.Converged && element.Concentric && element.CenterAtInfinity);
-    EXPECT_EQ(element.Passes, 0);
+// C of the standard shapes, their centroid distances and the concentric sums
+// are weld-c's and weld-centroid's golden cases.
+TEST(WeldConfigurations, AConcentricLoadOnParallelLinesIsAPureTranslationOfTheElementModel) {
+    // Every element at theta = 0 deforms to the same 0.17 w: no Newton step.
+    const SolveResult r = Solve(StandardConfig{1, 10, 99, 0, 0}, Options(kElement));
+    EXPECT_TRUE(r.Converged && r.Concentric && r.CenterAtInfinity);
+    EXPECT_EQ(r.Passes, 0);
     const double p = 0.17 / (0.209 * std::pow(2.0, -0.32));
-    EXPECT_NEAR(element.Value, 2 * throat / 16 * std::pow(p * (1.9 - 0.9 * p), 0.3), 1e-12);
+    EXPECT_NEAR(r.Value, 2 * 0.6 * 70 * std::numbers::sqrt2 / 2 / 16 * std::pow(p * (1.9 - 0.9 * p), 0.3), 1e-12);
 }
 
 TEST(WeldConfigurations, ScalingBringsTheShortestLengthToAnInch) {
@@ -145,47 +139,16 @@ TEST(WeldConfigurations, ScalingBringsTheShortestLengthToAnInch) {
     EXPECT_NEAR(big.CenterX, 2.5 * small.CenterX, 1e-9);
 }
 
-TEST(WeldConfigurations, ShapesAndSymmetries) {
-    EXPECT_EQ(Config_Lines(6, 2, 1).size(), 3u);
-    for (int16_t c = 6; c <= 9; ++c) {
-        const WeldLineTable single = Config_Lines(c, 2, 0);
-        ASSERT_EQ(single.size(), 1u);
-        EXPECT_EQ(single[0].y2, 2);
-    }
-    EXPECT_TRUE(Config_Lines(10, 2, 1).empty());
-    // Negative aL is the positive one; 4 and 5 are one box with L and kL swapped.
-    EXPECT_DOUBLE_EQ(ConfigRun().Solve({7, 10, 5, -4, 30}).Value, ConfigRun().Solve({7, 10, 5, 4, 30}).Value);
+TEST(WeldConfigurations, BoxesTurnedOverAndUnknownShapes) {
+    // 4 and 5 are one box with L and kL swapped.
     EXPECT_NEAR(ConfigRun().Solve({4, 10, 5, 4, 0}).Value * 10, ConfigRun().Solve({5, 5, 10, 4, 0}).Value * 5, 1e-6);
-    // An unknown configuration solves nothing, in either model.
+    // An unknown configuration has no lines and solves nothing, in either model.
+    EXPECT_TRUE(Config_Lines(10, 2, 1).empty());
     for (SolverModel model : {kIterative, kElement}) {
         const SolveResult none = Solve(StandardConfig{0, 10, 5, 1, 0}, Options(model));
         EXPECT_EQ(none.Value, 0.0);
         EXPECT_FALSE(none.Converged || none.Refused);
     }
-}
-
-TEST(WeldConfigurations, CentroidDistances) {
-    struct Case {
-        int16_t config;
-        double L, kL, xL, yL;
-    };
-    const Case cases[] = {
-        {2, 10, 4, 2, 5},
-        {3, 10, 4, 5, 2},
-        {7, 10, 5, 1.25, 5},                     // from the back on the right
-        {8, 10, 5, 12.5 / 15, 10 - 100.0 / 15},  // yL from the top leg
-        {6, 0.5, 0.25, 0.0625, 0.25},            // scaled and unscaled again
-        {0, 10, 5, 0, 0},
-    };
-    for (const Case& c : cases) {
-        EXPECT_NEAR(Config_xL(c.config, c.L, c.kL), c.xL, 1e-12) << c.config;
-        EXPECT_NEAR(Config_yL(c.config, c.L, c.kL), c.yL, 1e-12) << c.config;
-    }
-    EXPECT_TRUE(Centroid_IsMidpointX(5));
-    EXPECT_FALSE(Centroid_IsMidpointX(6));
-    EXPECT_TRUE(Centroid_IsMidpointY(7));
-    EXPECT_FALSE(Centroid_IsMidpointY(8));
-    EXPECT_EQ(Centroid_X({}), 0.0);
 }
 
 TEST(WeldConfigurations, SweepStaysFiniteAndConverges) {
