@@ -164,7 +164,7 @@ void CapacityWindow::showEvent(QShowEvent* event) {
 }
 
 void CapacityWindow::Form_Activate() {
-    run_.Control().Form_Activate();
+    run_.Control().Activate();
     ApplyControls();
     run_.ClearDisplay();
     run_.Result()->clear();

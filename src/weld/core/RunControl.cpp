@@ -16,7 +16,7 @@ std::string_view StartCaption(RunWindow window) {
     return window == RunWindow::Capacity ? "ReStart Iteration" : "Start Iteration";
 }
 
-void Control::Form_Activate() {
+void Control::Activate() {
     controls_.StopCaption = kStopCaption;
     controls_.StopEnabled = false;
     controls_.StartEnabled = true;

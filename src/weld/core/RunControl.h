@@ -57,7 +57,7 @@ public:
 
     // Reset on activation: stop button "Stop Iteration" and disabled, start
     // enabled. The capacity window then calls BeginStart and runs.
-    void Form_Activate();
+    void Activate();
 
     // StartIterationButton_Click, around the run: BeginStart before it,
     // EndStart after it has returned.

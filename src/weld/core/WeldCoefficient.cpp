@@ -11,7 +11,7 @@ std::string WindowCaption(std::string_view itemText) {
     return std::string(kWindowTitle) + "    -    [" + std::string(itemText) + "]";
 }
 
-std::string ModifyTextWeld(std::string_view text) {
+std::string CellText(std::string_view text) {
     if (prim::Trim(text).empty()) return std::string(text);
     return prim::Format(prim::Val(text), "0.000     ");
 }

@@ -52,7 +52,7 @@ CoefficientWindow::CoefficientWindow(QWidget* parent) : QWidget(parent, Qt::Wind
 
 CoefficientWindow::~CoefficientWindow() {
     WeldFlex->disconnect(this);
-    EdiTxtA->removeEventFilter(this);
+    CellEditor->removeEventFilter(this);
 }
 
 wc::WeldConfigStore& CoefficientWindow::WeldConfigStore() {
@@ -89,13 +89,13 @@ void CoefficientWindow::BuildControls() {
 
     WeldFlex = new CellGrid(0, 1, this);
     WeldFlex->setObjectName(QStringLiteral("WeldFlex"));
-    EdiTxtA = new QLineEdit(this);
-    EdiTxtA->setObjectName(QStringLiteral("EdiTxtA"));
-    EdiTxtA->setFrame(false);
-    EdiTxtA->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    EdiTxtA->setStyleSheet(QStringLiteral("background: #FFFFE8; border: 1px solid #3060C0; padding: 0 4px;"));
-    EdiTxtA->setVisible(false);
-    EdiTxtA->installEventFilter(this);
+    CellEditor = new QLineEdit(this);
+    CellEditor->setObjectName(QStringLiteral("EdiTxtA"));
+    CellEditor->setFrame(false);
+    CellEditor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    CellEditor->setStyleSheet(QStringLiteral("background: #FFFFE8; border: 1px solid #3060C0; padding: 0 4px;"));
+    CellEditor->setVisible(false);
+    CellEditor->installEventFilter(this);
 
     WeldStripBox = new QComboBox(this);
     WeldStripBox->setObjectName(QStringLiteral("WeldStripBox"));
@@ -160,7 +160,7 @@ void CoefficientWindow::BuildControls() {
     connect(WeldFlex, &CellGrid::KeyPress, this, &CoefficientWindow::WeldFlex_KeyPress);
     connect(WeldFlex, &CellGrid::DblClick, this, &CoefficientWindow::WeldFlex_DblClick);
     connect(WeldFlex, &CellGrid::Scroll, this, &CoefficientWindow::WeldFlex_Scroll);
-    connect(EdiTxtA, &QLineEdit::textChanged, this, [this](const QString& text) {
+    connect(CellEditor, &QLineEdit::textChanged, this, [this](const QString& text) {
         if (Span_Input_Ok(text)) CellBackup = text;
     });
 }
@@ -223,7 +223,7 @@ void CoefficientWindow::Form_Load() {
 }
 
 void CoefficientWindow::Form_Activate() {
-    run_.Control().Form_Activate();
+    run_.Control().Activate();
     ApplyControls();
 }
 
@@ -241,7 +241,7 @@ void CoefficientWindow::WeldView_ItemClick(int index) {
     if (index != WeldViewIndex) WipeResult();
     WeldViewIndex = static_cast<int16_t>(index);
     const wc::ConfigCells& cells = WeldConfigStore()[static_cast<size_t>(index - 1)];
-    EdiTxtA->setVisible(false);
+    CellEditor->setVisible(false);
     for (int r = 0; r < wc::kRows; ++r) WeldFlex->SetTextMatrix(r, 1, Q(cells[r]));
     Update_WeldImage();
     Update_Centroids();
@@ -270,7 +270,7 @@ void CoefficientWindow::Update_Centroids() {
     WeldFlex->SetTextMatrix(5, 1, Q(rows.yL));
 }
 
-void CoefficientWindow::ModifyTextWeld(QLineEdit* box) { box->setText(Q(wc::ModifyTextWeld(S(box->text())))); }
+void CoefficientWindow::FormatCell(QLineEdit* box) { box->setText(Q(wc::CellText(S(box->text())))); }
 
 void CoefficientWindow::ShowStatus(const QString& text) { StatusLine->setText(text); }
 
@@ -325,17 +325,17 @@ bool CoefficientWindow::EditableCell() const {
 
 void CoefficientWindow::OpenEditor(int16_t key, bool takeKey) {
     editRow_ = WeldFlex->Row();
-    GridEditor::Flex_OpenEditor(WeldFlex, EdiTxtA, key, takeKey);
+    GridEditor::Flex_OpenEditor(WeldFlex, CellEditor, key, takeKey);
 }
 
 void CoefficientWindow::WeldFlex_LeaveCell() {
     if (closingEdit_) return;
     closingEdit_ = true;
-    if (EdiTxtA->isVisible() && editRow_ >= 0 && editRow_ < wc::kInputRows) {
-        ModifyTextWeld(EdiTxtA);
-        WeldFlex->SetTextMatrix(editRow_, 1, EdiTxtA->text());
-        if (EdiTxtA->hasFocus()) WeldFlex->setFocus();
-        EdiTxtA->setVisible(false);
+    if (CellEditor->isVisible() && editRow_ >= 0 && editRow_ < wc::kInputRows) {
+        FormatCell(CellEditor);
+        WeldFlex->SetTextMatrix(editRow_, 1, CellEditor->text());
+        if (CellEditor->hasFocus()) WeldFlex->setFocus();
+        CellEditor->setVisible(false);
     }
     closingEdit_ = false;
     Update_Centroids();
@@ -347,7 +347,7 @@ void CoefficientWindow::WeldFlex_KeyDown(int16_t keyCode, int, bool& handled) {
     if (keyCode == Delete) {
         handled = true;
         WeldFlex->SetTextMatrix(WeldFlex->Row(), 1, QString());
-        EdiTxtA->setText(QString());
+        CellEditor->setText(QString());
     } else if (keyCode == F2) {
         handled = true;
         OpenEditor(Space, true);
@@ -364,27 +364,27 @@ void CoefficientWindow::WeldFlex_DblClick() {
 }
 
 void CoefficientWindow::WeldFlex_Scroll() {
-    if (EdiTxtA->isVisible() && WeldFlex->Col() == 1 && editRow_ < wc::kInputRows)
-        GridEditor::Flex_OpenEditor(WeldFlex, EdiTxtA, 0, false);
+    if (CellEditor->isVisible() && WeldFlex->Col() == 1 && editRow_ < wc::kInputRows)
+        GridEditor::Flex_OpenEditor(WeldFlex, CellEditor, 0, false);
 }
 
-bool CoefficientWindow::EdiTxtA_KeyDown(QKeyEvent* event) {
+bool CoefficientWindow::CellEditor_KeyDown(QKeyEvent* event) {
     const int shift = static_cast<int>(event->modifiers());
-    const bool changed = wc::ChangedAtThreeDecimals(S(EdiTxtA->text()), S(WeldFlex->TextMatrix(editRow_, 1)));
+    const bool changed = wc::ChangedAtThreeDecimals(S(CellEditor->text()), S(WeldFlex->TextMatrix(editRow_, 1)));
     auto leave = [&](int16_t how) {
-        GridEditor::Flex_LeaveEditor(WeldFlex, EdiTxtA, how, shift, [this] { WeldFlex_LeaveCell(); });
+        GridEditor::Flex_LeaveEditor(WeldFlex, CellEditor, how, shift, [this] { WeldFlex_LeaveCell(); });
         if (changed && how != Esc) WipeResult();
         if (how == Tab || how == Enter) WeldFlex_LeaveCell();
     };
     return GridEditor::Editor_KeyDown(
-        event, EdiTxtA, [this] { ModifyTextWeld(EdiTxtA); }, leave,
-        [this](int16_t ch) { return GridEditor::Key_SignedDecimal(ch, EdiTxtA); });
+        event, CellEditor, [this] { FormatCell(CellEditor); }, leave,
+        [this](int16_t ch) { return GridEditor::Key_SignedDecimal(ch, CellEditor); });
 }
 
 bool CoefficientWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == EdiTxtA) {
-        if (event->type() == QEvent::KeyPress) return EdiTxtA_KeyDown(static_cast<QKeyEvent*>(event));
-        if (event->type() == QEvent::FocusIn) EdiTxtA->setCursorPosition(EdiTxtA->text().size());
+    if (watched == CellEditor) {
+        if (event->type() == QEvent::KeyPress) return CellEditor_KeyDown(static_cast<QKeyEvent*>(event));
+        if (event->type() == QEvent::FocusIn) CellEditor->setCursorPosition(CellEditor->text().size());
         if (event->type() == QEvent::FocusOut) {
             const auto reason = static_cast<QFocusEvent*>(event)->reason();
             if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) WeldFlex_LeaveCell();

@@ -40,7 +40,7 @@ void FakeRun(Control& c, WeldRunState& run, bool stopDuringRun) {
 TEST(RunControl, CapacityWindowWalksTheStateTable) {
     Control c(RunWindow::Capacity);
     WeldRunState run;
-    c.Form_Activate();
+    c.Activate();
     Check(c, run, {"idle", kStopCaption, false, true, true});
     EXPECT_EQ(StartCaption(RunWindow::Capacity), "ReStart Iteration");
 
