@@ -14,18 +14,10 @@ SolveResult ByElements(const BoltPattern& g, const BoltLoad& load) {
         load.Couple ? BoltElementModel::BoltGroup_CPrime(g.M, g.N, g.Sv, g.Sh)
                     : BoltElementModel::BoltGroup_C(g.M, g.N, g.Sv, g.Sh, load.Ex, load.Angle);
     SolveResult r;
-    r.Model = SolverModel::AiscElement;
+    r.SetElementOutcome(rep.Converged, rep.Refused, rep.Motion, 0.0, 0.0);
     r.Value = rep.Value;
-    r.Converged = rep.Converged;
     r.Concentric = rep.Concentric;
-    r.Refused = rep.Refused;
-    r.NoEquilibrium = !rep.Refused && !rep.Converged;
     r.Passes = rep.Iterations;
-    r.CenterAtInfinity = rep.Motion.Translation;
-    if (!r.CenterAtInfinity) {
-        r.CenterX = rep.Motion.CenterX;
-        r.CenterY = rep.Motion.CenterY;
-    }
     return r;
 }
 

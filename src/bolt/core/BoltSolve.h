@@ -7,10 +7,8 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <vector>
 
-#include "shell/core/ElementForce.h"
-#include "shell/core/SolverModel.h"
+#include "shell/core/SolveRecord.h"
 #include "shell/core/Yield.h"
 
 namespace bolt {
@@ -34,24 +32,12 @@ struct SolveOptions {
     shell::SolverModel Model = shell::SolverModel::Iterative;
 };
 
-struct SolveResult {
-    shell::SolverModel Model = shell::SolverModel::Iterative;  // the model that solved it
-    // C: the load as a multiple of one bolt's strength; for a couple C', in
-    // the unit of the spacings. 0 unless converged.
-    double Value = 0.0;
-    bool Converged = false;      // the iteration always ends converged; the element model may find none
-    bool Concentric = false;     // zero arm: the bolts share the load equally
-    bool Refused = false;        // M x N is not a count of bolts from 1 to 32767
-    bool NoEquilibrium = false;  // the element model finds no equilibrium (one bolt under a moment)
-    double Relaxation = 1.0;     // the iteration's correction factor at the end (1: never relaxed)
-    int64_t Passes = 0;          // passes of the iteration; Newton steps of the element model
-    // The instantaneous center from the centroid, group axes (x across, y up),
-    // at the end of the solve; at infinity when the group only translates.
-    bool CenterAtInfinity = false;
-    double CenterX = 0.0, CenterY = 0.0;
-    // The force on every bolt, for pictures of a result: no solver fills it yet.
-    std::vector<shell::ElementForce> Forces;
-};
+// The record of shell::SolveRecord. Value is C, the load as a multiple of
+// one bolt's strength, or for a couple C', in the unit of the spacings. The
+// iteration always ends converged; the element model may find no
+// equilibrium (one bolt under a moment). The center is taken from the
+// centroid, x across and y up.
+using SolveResult = shell::SolveRecord;
 
 // Solves the pattern under the load. The iteration lets window events run
 // through `yield` at every bolt and pass; the element model never yields.

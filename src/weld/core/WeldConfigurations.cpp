@@ -27,6 +27,18 @@ Scaled ScaleOf(int16_t config, double L, double kL) {
     return r;
 }
 
+// The centroid along one axis (the two coordinates of that axis) by exact line lengths.
+double CentroidAlong(const WeldLineTable& lines, double WeldLineRec::*a, double WeldLineRec::*b) {
+    double sumL = 0.0, sumLA = 0.0, result = 0.0;
+    for (const WeldLineRec& ln : lines) {
+        const double l = ExactLength(ln);
+        Let(sumL, sumL + l);
+        Let(sumLA, sumLA + (ln.*a + ln.*b) * l / 2);
+    }
+    Div(sumLA, sumL, result);
+    return result;
+}
+
 }  // namespace
 
 WeldLineTable Config_Lines(int16_t config, double L, double kL) {
@@ -103,27 +115,9 @@ double Config_yL(int16_t config, double L, double kL) {
     return result;
 }
 
-double Centroid_X(const WeldLineTable& lines) {
-    double sumL = 0.0, sumLX = 0.0, result = 0.0;
-    for (const WeldLineRec& ln : lines) {
-        const double l = ExactLength(ln);
-        Let(sumL, sumL + l);
-        Let(sumLX, sumLX + (ln.x1 + ln.x2) * l / 2);
-    }
-    Div(sumLX, sumL, result);
-    return result;
-}
+double Centroid_X(const WeldLineTable& lines) { return CentroidAlong(lines, &WeldLineRec::x1, &WeldLineRec::x2); }
 
-double Centroid_Y(const WeldLineTable& lines) {
-    double sumL = 0.0, sumLY = 0.0, result = 0.0;
-    for (const WeldLineRec& ln : lines) {
-        const double l = ExactLength(ln);
-        Let(sumL, sumL + l);
-        Let(sumLY, sumLY + (ln.y1 + ln.y2) * l / 2);
-    }
-    Div(sumLY, sumL, result);
-    return result;
-}
+double Centroid_Y(const WeldLineTable& lines) { return CentroidAlong(lines, &WeldLineRec::y1, &WeldLineRec::y2); }
 
 double Centroid_FromTop(const WeldLineTable& lines) {
     double lowY = 0.0;

@@ -12,20 +12,11 @@ using shell::SolverModel;
 SolveResult ByElements(const LoadedGroup& group, const SolveOptions& options) {
     const WeldElementModel::ElementReport rep = WeldElementModel::Solve(group, options);
     SolveResult r;
-    r.Model = SolverModel::AiscElement;
+    r.SetElementOutcome(rep.Converged, rep.Refused, rep.Motion, rep.CentroidX, rep.CentroidY);
     r.Value = rep.Capacity;
-    r.Converged = rep.Converged;
     r.Concentric = rep.Concentric;
-    r.Refused = rep.Refused;
-    r.NoEquilibrium = !rep.Refused && !rep.Converged;
     r.Passes = rep.Iterations;
     r.Segments = rep.Elements;
-    // At the solution, or at the best point of a solve that found none.
-    r.CenterAtInfinity = rep.Motion.Translation;
-    if (!r.CenterAtInfinity) {
-        r.CenterX = rep.Motion.CenterX - rep.CentroidX;
-        r.CenterY = rep.Motion.CenterY - rep.CentroidY;
-    }
     return r;
 }
 
@@ -43,15 +34,25 @@ SolveResult ByIteration(const LoadedGroup& group, const SolveOptions& options, W
     r.Relaxation = rep.Relaxation;
     r.Passes = rep.Passes;
     r.Segments = rep.Segments;
+    r.CenterAtInfinity = rep.Concentric;  // shown at the centroid
     r.CenterX = rep.CenterX;
     r.CenterY = rep.CenterY;
     return r;
 }
 
-// The value of a result as a cross-check gives it.
-std::optional<double> CheckValue(const SolveResult& r) {
-    if (!r.Converged) return std::nullopt;
-    return r.Value;
+// A solve of the same case by the model a result of `options` is checked
+// against, giving the value of an equilibrium or nothing.
+template <class Case>
+CheckFn CrossCheckOf(const Case& c, const SolveOptions& options) {
+    const auto other = shell::CrossCheckModel(options.Model);
+    if (!other) return {};
+    SolveOptions o = options;
+    o.Model = *other;
+    return [c, o]() -> std::optional<double> {
+        const SolveResult r = Solve(c, o);
+        if (!r.Converged) return std::nullopt;
+        return r.Value;
+    };
 }
 
 }  // namespace
@@ -102,20 +103,8 @@ SolveResult Solve(const StandardConfig& config, const SolveOptions& options) {
     return Solve(config, options, run, {});
 }
 
-CheckFn CrossCheck(const LoadedGroup& group, const SolveOptions& options) {
-    const auto other = shell::CrossCheckModel(options.Model);
-    if (!other) return {};
-    SolveOptions o = options;
-    o.Model = *other;
-    return [group, o] { return CheckValue(Solve(group, o)); };
-}
+CheckFn CrossCheck(const LoadedGroup& group, const SolveOptions& options) { return CrossCheckOf(group, options); }
 
-CheckFn CrossCheck(const StandardConfig& config, const SolveOptions& options) {
-    const auto other = shell::CrossCheckModel(options.Model);
-    if (!other) return {};
-    SolveOptions o = options;
-    o.Model = *other;
-    return [config, o] { return CheckValue(Solve(config, o)); };
-}
+CheckFn CrossCheck(const StandardConfig& config, const SolveOptions& options) { return CrossCheckOf(config, options); }
 
 }  // namespace weld

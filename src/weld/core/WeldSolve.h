@@ -8,34 +8,21 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <vector>
 
-#include "shell/core/ElementForce.h"
+#include "shell/core/SolveRecord.h"
 #include "weld/core/InstantaneousCenter.h"
 #include "weld/core/WeldConfigurations.h"
 #include "weld/core/WeldGroup.h"
 
 namespace weld {
 
-struct SolveResult {
-    shell::SolverModel Model = shell::SolverModel::Iterative;  // the model that solved it
-    double Value = 0.0;                                        // capacity in kips; for a standard configuration its C
-    bool Converged = false;      // the iteration met its tolerance; the element model found an equilibrium
-    bool Concentric = false;     // the load passes through the centroid (zero arm)
-    bool Refused = false;        // not solved (no weld, too many segments or elements): Value 0
-    bool NoEquilibrium = false;  // the element model finds no equilibrium for this load: Value 0
-    bool Stopped = false;        // the iteration's IterationStop was true when it ended
-    bool Unsettled = false;      // the iteration still swung at its smallest correction step
-    double Relaxation = 1.0;     // the iteration's correction factor at the end (1: never relaxed)
-    int64_t Passes = 0;          // passes of the iteration; Newton steps of the element model
-    int32_t Segments = 0;        // segments of the iteration's last pass; elements of the model
-    // The instantaneous center from the centroid, in the group's own axes and
-    // in the caller's units (the units of L for a configuration): the last
-    // pass's for the iteration. At infinity when the group only translates.
-    bool CenterAtInfinity = false;
-    double CenterX = 0.0, CenterY = 0.0;
-    // The force on every segment, for pictures of a result: no solver fills it yet.
-    std::vector<shell::ElementForce> Forces;
+// The record of shell::SolveRecord with what the iteration's run control
+// knows. Value is the capacity in kips, or the C of a standard configuration
+// (its center then in the units of L).
+struct SolveResult : shell::SolveRecord {
+    bool Stopped = false;    // the iteration's IterationStop was true when it ended
+    bool Unsettled = false;  // the iteration still swung at its smallest correction step
+    int32_t Segments = 0;    // segments of the iteration's last pass; elements of the model
 };
 
 // A group under its load. The iteration runs under `run` and `hooks` (the
