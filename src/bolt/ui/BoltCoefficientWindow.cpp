@@ -344,12 +344,12 @@ void BoltCoefficientWindow::Init_Strips() {
 }
 
 void BoltCoefficientWindow::LoadRecords() {
-    int16_t status = 0;
-    BoltRows::BoltData_Read(BoltRecords, S(DataFilePath()), status,
-                                    [this](const std::string& m) {
-                                        ShowMessage(QMessageBox::Critical, QStringLiteral("Warning:"), Q(m));
-                                    });
-    if (status == -1) return;
+    using BoltRows::ReadResult;
+    const ReadResult read = BoltRows::BoltData_Read(BoltRecords, S(DataFilePath()), [this](const std::string& m) {
+        ShowMessage(QMessageBox::Critical, QStringLiteral("Warning:"), Q(m));
+    });
+    // A malformed file leaves the rows the program holds; they are shown.
+    if (read != ReadResult::Loaded && read != ReadResult::Malformed) return;
     const int last = CaseGrid->Rows() - 1;
     for (const auto& rec : BoltRecords) {
         if (rec.Row < 1 || rec.Row > last) continue;

@@ -23,8 +23,8 @@ protected:
     void Write(const std::vector<BoltRecord>& records) {
         BoltData_Write(records, path_, [this](const std::string& m) { messages_.push_back(m); });
     }
-    ReadResult Read(std::vector<BoltRecord>& records, int16_t& status) {
-        return BoltData_Read(records, path_, status, [this](const std::string& m) { messages_.push_back(m); });
+    ReadResult Read(std::vector<BoltRecord>& records) {
+        return BoltData_Read(records, path_, [this](const std::string& m) { messages_.push_back(m); });
     }
 
     std::string path_;
@@ -55,9 +55,7 @@ TEST_F(BoltDataFile, RoundTripKeepsRowsAndTextsExactlyAndAShorterTableReplacesAl
     Write(SampleRecords());
     EXPECT_LT(Bytes().size(), longSize);
     std::vector<BoltRecord> back;
-    int16_t status = 1;
-    EXPECT_EQ(Read(back, status), ReadResult::Loaded);
-    EXPECT_EQ(status, 0);
+    EXPECT_EQ(Read(back), ReadResult::Loaded);
     EXPECT_EQ(back, SampleRecords());
     EXPECT_TRUE(messages_.empty());
     EXPECT_EQ(Entries(), 1u);  // no temporary file left behind
@@ -81,13 +79,11 @@ TEST_F(BoltDataFile, BytesOfTheFormat) {
 }
 
 TEST_F(BoltDataFile, NoFileAnEmptyOneAndOneThatCannotBeOpened) {
-    // No file, or an empty one (removed): status -1, records untouched, nothing said.
+    // No file, or an empty one (removed): records untouched, nothing said.
     for (bool empty : {false, true}) {
         if (empty) Put("");
         std::vector<BoltRecord> recs = SampleRecords();
-        int16_t status = 0;
-        EXPECT_EQ(Read(recs, status), ReadResult::NoFile);
-        EXPECT_EQ(status, -1);
+        EXPECT_EQ(Read(recs), ReadResult::NoFile);
         EXPECT_EQ(recs, SampleRecords());
         EXPECT_FALSE(fs::exists(path_));
         EXPECT_TRUE(messages_.empty());
@@ -95,9 +91,7 @@ TEST_F(BoltDataFile, NoFileAnEmptyOneAndOneThatCannotBeOpened) {
     // A folder at the path: reported, left alone, and the table starts empty.
     fs::create_directory(path_);
     std::vector<BoltRecord> recs;
-    int16_t status = 0;
-    EXPECT_EQ(Read(recs, status), ReadResult::Unreadable);
-    EXPECT_EQ(status, -1);
+    EXPECT_EQ(Read(recs), ReadResult::Unreadable);
     EXPECT_EQ(messages_, std::vector<std::string>{"Error No. 75:  Path/File access error"});
     EXPECT_TRUE(fs::is_directory(path_));
     EXPECT_TRUE(recs.empty());
@@ -127,9 +121,7 @@ TEST_F(BoltDataFile, DamagedFilesAreReportedAndDeleted) {
         messages_.clear();
         Put(bytes);
         std::vector<BoltRecord> recs = {Rec(9, "x")};
-        int16_t status = 0;
-        EXPECT_EQ(Read(recs, status), ReadResult::Malformed);
-        EXPECT_EQ(status, 0);  // stays as the caller set it
+        EXPECT_EQ(Read(recs), ReadResult::Malformed);
         EXPECT_EQ(messages_, std::vector<std::string>{message});
         EXPECT_FALSE(fs::exists(path_));
         EXPECT_EQ(recs.size(), 1u);
@@ -152,9 +144,7 @@ TEST_F(BoltDataFile, TheLargestTableFitsAndALongerFileIsReportedAndSetAside) {
     Put(bytes);
     fs::resize_file(path_, kMaxFileBytes + 1);
     std::vector<BoltRecord> recs;
-    int16_t status = 0;
-    EXPECT_EQ(Read(recs, status), ReadResult::TooLarge);
-    EXPECT_EQ(status, -1);
+    EXPECT_EQ(Read(recs), ReadResult::TooLarge);
     EXPECT_EQ(messages_, std::vector<std::string>{"Error No. 7:  Out of memory"});
     EXPECT_FALSE(fs::exists(path_));
     EXPECT_EQ(ReadAll(path_ + ".too-large"), "earlier");

@@ -47,6 +47,12 @@ TEST(BoltGroup, BothModelsFindTheSameCenterAndTheCouplesTurnAboutTheCentroid) {
     EXPECT_NEAR(it.CenterX, el.CenterX, 1e-4);
     EXPECT_NEAR(it.CenterY, el.CenterY, 1e-4);
     EXPECT_LT(it.CenterX, 0.0);  // opposite the load
+    // So the iteration's C is checked by the element model's, which has no check of its own.
+    const auto check = CrossCheck({4, 2, 3, 3}, {6, 30}, {kIterative});
+    ASSERT_TRUE(check);
+    EXPECT_EQ(check(), el.Value);
+    EXPECT_EQ(CrossCheck({1, 1, 3, 3}, {6, 0}, {kIterative})(), std::nullopt);  // no equilibrium
+    EXPECT_FALSE(CrossCheck({4, 2, 3, 3}, {6, 30}, {kElement}));
     // By symmetry a couple turns every rectangular pattern about its centroid.
     for (const BoltPattern g : {BoltPattern{4, 2, 3, 3}, {6, 1, 3, 3}, {3, 3, 3, 3}, {12, 2, 3, 3}, {5, 4, 2.5, 4}}) {
         const SolveResult r = CPrime(kElement, g);
