@@ -238,14 +238,9 @@ TEST(WeldIteration, RunsThatEndAtOnce) {
 }
 
 TEST(WeldIteration, StopFromAYieldFinishesThePassAndResumeKeepsOnlyX) {
-    // An inclined load so that the center moves off the x axis.
+    // An inclined load so that the center moves off the x axis; a "click"
+    // arrives inside the third pass, in the middle of its segments.
     const WeldLineTable group = {Line(0, 0, 0, 6), Line(0, 0, 3, 0)};
-    Trial full;
-    const double expected = full.Solve(group, 3.0, 30.0);
-    ASSERT_TRUE(full.report.Converged);
-    ASSERT_GT(full.report.Passes, 3);
-
-    // A "click" arrives inside the third pass, in the middle of its segments.
     Trial stopped;
     int yields = 0;
     stopped.hooks.Yield = [&] {
@@ -256,19 +251,17 @@ TEST(WeldIteration, StopFromAYieldFinishesThePassAndResumeKeepsOnlyX) {
     EXPECT_EQ(stopped.report.Passes, 3);  // the begun pass was finished
     const double resumeX = stopped.state.ResumeCenterX;
     EXPECT_NE(resumeX, 0.0);
-
-    // Resume: a new solve from (ResumeCenterX, 0) that converges to the same.
+    // Resume: a new solve from (ResumeCenterX, 0) that converges to the
+    // uninterrupted run's capacity within the run's tolerance.
     Trial resumed;
     resumed.state.IterationResume = true;
     resumed.state.ResumeCenterX = resumeX;
-    const double cap = resumed.Solve(group, 3.0, 30.0);
+    const double cap = resumed.Solve(group, 3.0, 30.0), expected = Trial().Solve(group, 3.0, 30.0);
     EXPECT_TRUE(resumed.report.Converged);
-    // Within the tolerance of the run: the path differs, y having restarted at 0.
     EXPECT_NEAR(cap, expected, 1e-4 * expected);
     const double a = Radians(30.0);
-    ASSERT_FALSE(resumed.shown.empty());
-    EXPECT_DOUBLE_EQ(resumed.shown[0].X, resumeX * std::cos(-a));
-    EXPECT_DOUBLE_EQ(resumed.shown[0].Y, resumeX * std::sin(-a));
+    EXPECT_DOUBLE_EQ(resumed.shown.at(0).X, resumeX * std::cos(-a));
+    EXPECT_DOUBLE_EQ(resumed.shown.at(0).Y, resumeX * std::sin(-a));
 }
 
 TEST(WeldRunText, ElapsedTime) {

@@ -1,12 +1,14 @@
 // Both models through the one solve entry: what they share (scaling, the
-// signs of the load, refusals), the standard configurations and their
-// centroids, and the cross-check of one model by the other.
+// signs of the load, refusals), what is particular to the element model, the
+// standard configurations, and the cross-check of one model by the other.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <numbers>
 #include <string>
 
+#include "weld/core/WeldElementKernel.h"
+#include "weld/core/WeldElementModel.h"
 #include "weld/core/WeldSolve.h"
 
 using namespace weld;
@@ -206,4 +208,54 @@ TEST(WeldSolve, TheIterationIsCrossCheckedByTheElementModel) {
     const LoadedGroup group{{Line(0, 0, 0, 10)}, 5, 0};
     EXPECT_EQ(CrossCheck(group, Options(kIterative))(), Solve(group, Options(kElement)).Value);
     EXPECT_FALSE(CrossCheck(group, Options(kElement)));
+}
+
+// ---- The element model ------------------------------------------------------
+
+TEST(WeldElementModel, PublishedCoefficientsHoldWithinOnePercent) {
+    // Coefficients of the design examples engineers check against (L = 10).
+    const struct {
+        int16_t config;
+        double k, a, angle, C;
+    } published[] = {
+        {1, 0.0, 0.0, 0, 3.71},     // two vertical lines, concentric
+        {1, 0.0, 0.17, 0, 3.61},    // two vertical lines, k = 0
+        {6, 0.5, 0.875, 0, 1.88},   // C-shape
+        {6, 0.5, 0.875, 75, 3.45},  // C-shape, inclined load
+        {6, 0.5, 0.5, 0, 2.85},     // C-shape
+    };
+    for (const auto& p : published)
+        for (int16_t spi : {16, 32, 64}) {
+            const SolveResult r =
+                Solve(StandardConfig{p.config, 10, 10 * p.k, 10 * p.a, p.angle}, Options(kElement, spi));
+            EXPECT_TRUE(r.Converged);
+            EXPECT_NEAR(r.Value, p.C, 0.01 * p.C) << p.config << " " << p.a << " " << p.angle << " " << spi;
+        }
+    // Du is capped at 0.17 w up to about 11.4 degrees; Dm falls with theta.
+    EXPECT_DOUBLE_EQ(WeldKernel::DeltaU(0, 0.25), 0.17 * 0.25);
+    EXPECT_DOUBLE_EQ(WeldKernel::DeltaU(11, 1), 0.17);
+    EXPECT_GT(WeldKernel::DeltaM(10, 1), WeldKernel::DeltaM(20, 1));
+}
+
+TEST(WeldElementModel, CentersOfAChannelUnderAConcentricLoadAndOfASymmetricGroup) {
+    // The transverse flanges of a channel are stiffer than its back, so a load
+    // through the centroid turns the group: the solve finds that center.
+    const WeldElementModel::ElementReport channel =
+        WeldElementModel::Solve(Config_Shape({6, 10, 5, 0, 0}).Group, Options(kElement, 32, 70, 0.25));
+    ASSERT_TRUE(channel.Converged && channel.Concentric);
+    EXPECT_FALSE(channel.Motion.Translation);
+    EXPECT_LT(channel.Residual, 1e-9);
+    // Two vertical lines 5 in apart, load 5 in right of the centroid: the
+    // center sits on the horizontal through the centroid, to its left.
+    const LoadedGroup pair{{Line(0, 0, 0, 10), Line(5, 0, 5, 10)}, 5, 0};
+    const WeldElementModel::ElementReport rep = WeldElementModel::Solve(pair, Options(kElement, 32, 70, 0.25));
+    ASSERT_TRUE(rep.Converged && !rep.Motion.Translation);
+    EXPECT_DOUBLE_EQ(rep.CentroidX, 2.5);
+    EXPECT_DOUBLE_EQ(rep.CentroidY, 5.0);
+    EXPECT_NEAR(rep.Motion.CenterY, 5.0, 1e-6);
+    EXPECT_LT(rep.Motion.CenterX, 2.5);
+    // The solve entry gives the same center from the centroid.
+    const SolveResult r = Solve(pair, Options(kElement, 32, 70, 0.25));
+    EXPECT_EQ(r.CenterX, rep.Motion.CenterX - 2.5);
+    EXPECT_EQ(r.Value, rep.Capacity);
 }
