@@ -22,20 +22,17 @@ SolveResult ByElements(const BoltPattern& g, const BoltLoad& load) {
 }
 
 SolveResult ByIteration(const BoltPattern& g, const BoltLoad& load, const shell::YieldFn& yield) {
-    SolveResult r;
-    r.Model = SolverModel::Iterative;
     BoltRunInfo info;
     // C' turns the group about its centroid, with no iteration.
     const std::optional<double> value = load.Couple
                                             ? BoltGroup_CPrime(g.M, g.N, g.Sv, g.Sh)
                                             : BoltGroup_C(g.M, g.N, g.Sv, g.Sh, load.Ex, load.Angle, yield, &info);
-    if (!value) {
-        r.Refused = true;
-        return r;
-    }
-    r.Value = *value;
-    r.Converged = true;  // the loop ends only when it has converged
-    r.Concentric = !load.Couple && info.Passes == 0;
+    SolveResult r;
+    r.Model = SolverModel::Iterative;
+    r.Refused = !value;
+    r.Value = value.value_or(0.0);
+    r.Converged = value.has_value();  // the loop ends only when it has converged
+    r.Concentric = value && !load.Couple && info.Passes == 0;
     r.CenterAtInfinity = r.Concentric;
     r.Relaxation = info.Relaxation;
     r.Passes = info.Passes;

@@ -23,9 +23,10 @@ SolveResult ByElements(const LoadedGroup& group, const SolveOptions& options) {
 SolveResult ByIteration(const LoadedGroup& group, const SolveOptions& options, WeldRunState& run,
                         const WeldRunHooks& hooks) {
     IterationReport rep;
+    const double value = Locate_InstantaneousCenter(group, options, run, hooks, &rep);
     SolveResult r;
     r.Model = SolverModel::Iterative;
-    r.Value = Locate_InstantaneousCenter(group, options, run, hooks, &rep);
+    r.Value = value;
     r.Converged = rep.Converged;
     r.Concentric = rep.Concentric;
     r.Refused = rep.Refused;
