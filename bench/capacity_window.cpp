@@ -90,11 +90,12 @@ void HeadlessRun(benchmark::State& st) {
     const LayoutDocument doc = BenchLayout();
     for (auto _ : st) {
         weld::WeldRunState state;
-        WeldStrength::SegmentsPerInchOf(kStrip, state.SegmentsPerInch);
-        state.IterationStop = 0;
-        weld::SolveReport rep;
-        benchmark::DoNotOptimize(weld::Weld_UnitCapacity(1.0, 1.0, doc, state, {}, &rep));
-        st.counters["passes"] = static_cast<double>(rep.Passes);
+        weld::SolveOptions options;
+        WeldStrength::SegmentsPerInchOf(kStrip, options.SegmentsPerInch);
+        state.IterationStop = false;
+        const weld::SolveResult r = weld::Solve_Layout(doc, options, state, {});
+        benchmark::DoNotOptimize(r.Value);
+        st.counters["passes"] = static_cast<double>(r.Passes);
     }
 }
 BENCHMARK(HeadlessRun)->Unit(benchmark::kMillisecond)->Iterations(3);

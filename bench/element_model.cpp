@@ -13,12 +13,23 @@
 
 #include "bolt/core/BoltElementKernel.h"
 #include "bolt/core/BoltElementModel.h"
+#include "weld/core/WeldConfigurations.h"
 #include "weld/core/WeldElementKernel.h"
 #include "weld/core/WeldElementModel.h"
 
 using namespace WeldElementModel;
 
 namespace {
+
+// C of a configuration by the element model alone, with its report.
+double ElementC(int16_t config, double L, double kL, double aL, double angle, ElementReport& rep) {
+    const weld::ConfigShape shape = weld::Config_Shape({config, L, kL, aL, angle});
+    weld::SolveOptions options;
+    options.Fexx = 70;
+    options.D = 0.0625;
+    rep = Solve(shape.Group, options);
+    return rep.Capacity / shape.BaseLength / 16 / 0.0625;
+}
 
 void Report(benchmark::State& st, const ElementReport& rep) {
     st.counters["elements"] = rep.Elements;
@@ -27,10 +38,14 @@ void Report(benchmark::State& st, const ElementReport& rep) {
 }
 
 // One whole solve of a group at eccentricity ex, the load angle the argument.
-void SolveGroup(benchmark::State& st, const WeldLineTable& group, double ex) {
+void SolveGroup(benchmark::State& st, const weld::WeldLineTable& lines, double ex) {
+    const weld::LoadedGroup group{lines, ex, static_cast<double>(st.range(0))};
+    weld::SolveOptions options;
+    options.Fexx = 70;
+    options.D = 0.25;
     ElementReport rep;
     for (auto _ : st) {
-        rep = Solve(group, ex, static_cast<double>(st.range(0)), 70, 0.25, 32);
+        rep = Solve(group, options);
         benchmark::DoNotOptimize(rep.Capacity);
     }
     Report(st, rep);
@@ -42,7 +57,7 @@ BENCHMARK(BM_Line320)->Arg(0)->Arg(45)->Unit(benchmark::kMicrosecond);
 void BM_Shape(benchmark::State& st) {
     const auto config = static_cast<int16_t>(st.range(0));
     ElementReport rep;
-    for (auto _ : st) benchmark::DoNotOptimize(Config_C(config, 10, 5, 5, 45, 32, &rep));
+    for (auto _ : st) benchmark::DoNotOptimize(ElementC(config, 10, 5, 5, 45, rep));
     Report(st, rep);
 }
 BENCHMARK(BM_Shape)->DenseRange(1, 9)->Unit(benchmark::kMicrosecond);
@@ -60,7 +75,7 @@ void SolveBolts(benchmark::State& st, int16_t m, int16_t n, double ex) {
 void BM_Bolt4x2(benchmark::State& st) { SolveBolts(st, 4, 2, 6); }
 BENCHMARK(BM_Bolt4x2)->Arg(0)->Arg(30)->Unit(benchmark::kMicrosecond);
 
-const WeldLineTable kBox = {weld::WeldLineRec{0, 0, 10, 0}, weld::WeldLineRec{10, 0, 10, 20},
+const weld::WeldLineTable kBox = {weld::WeldLineRec{0, 0, 10, 0}, weld::WeldLineRec{10, 0, 10, 20},
                             weld::WeldLineRec{0, 20, 10, 20}, weld::WeldLineRec{0, 0, 0, 20}};
 
 void BM_Box20x10(benchmark::State& st) { SolveGroup(st, kBox, 10.0); }
@@ -154,7 +169,7 @@ void BM_WeldTable15x20(benchmark::State& st) {
         for (double a : as)
             for (double k : ks) {
                 ElementReport rep;
-                benchmark::DoNotOptimize(Config_C(config, 10, 10 * k, 10 * a, 0, 32, &rep));
+                benchmark::DoNotOptimize(ElementC(config, 10, 10 * k, 10 * a, 0, rep));
                 failed += rep.Converged ? 0 : 1;
             }
     }

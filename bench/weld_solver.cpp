@@ -10,7 +10,7 @@
 #include <chrono>
 #include <cstdint>
 
-#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldSolve.h"
 
 using namespace weld;
 
@@ -19,23 +19,24 @@ namespace {
 constexpr int64_t kPassLimit = 100000;
 
 struct BenchRun {
+    SolveOptions options;
     WeldRunState state;
     WeldRunHooks hooks;
-    SolveReport report;
+    SolveResult report;
     int64_t maxPasses;
     int64_t yields = 0;
 
     BenchRun(int16_t spi, int64_t passes) : maxPasses(passes) {
-        state.SegmentsPerInch = spi;
-        state.IterationStop = 0;
+        options.SegmentsPerInch = spi;
+        state.IterationStop = false;
         hooks.Yield = [this] { ++yields; };
-        hooks.DisplayCapacity = [this](double, double, double, double, bool) {
-            if (report.Passes >= maxPasses) state.IterationStop = -1;
+        hooks.Display = [this](const PassShown& pass) {
+            if (pass.Passes >= maxPasses) state.IterationStop = true;
         };
     }
 };
 
-void Report(benchmark::State& st, const SolveReport& rep) {
+void Report(benchmark::State& st, const SolveResult& rep) {
     st.counters["passes"] = static_cast<double>(rep.Passes);
     st.counters["segments"] = rep.Segments;
     st.counters["converged"] = rep.Converged ? 1 : 0;
@@ -43,34 +44,28 @@ void Report(benchmark::State& st, const SolveReport& rep) {
 
 // Times `solve` on a fresh run per iteration (spi segments per inch, stopped
 // after `passes` passes) and reports the last run.
-template <class Solve>
-SolveReport TimeRuns(benchmark::State& st, int16_t spi, int64_t passes, Solve solve) {
-    SolveReport rep;
+template <class SolveFn>
+SolveResult TimeRuns(benchmark::State& st, int16_t spi, int64_t passes, SolveFn solve) {
+    SolveResult rep;
     for (auto _ : st) {
         BenchRun run(spi, passes);
-        benchmark::DoNotOptimize(solve(run));
+        run.report = solve(run);
+        benchmark::DoNotOptimize(run.report.Value);
         rep = run.report;
     }
     Report(st, rep);
     return rep;
 }
 
-const WeldLineTable& LongLine() {
-    static const WeldLineTable lines = [] {
-        WeldLineRec r;
-        r.x2 = 0;
-        r.y2 = 100;
-        return WeldLineTable{r};
-    }();
-    return lines;
+const LoadedGroup& LongLine() {
+    static const LoadedGroup group{{WeldLineRec{0, 0, 0, 100}}, 10.0, 0.0};
+    return group;
 }
 
-double SolveLongLine(BenchRun& run) {
-    return Locate_InstantaneousCenter(LongLine(), 10.0, 0.0, 1, 1, 1, run.state, run.hooks, &run.report);
-}
+SolveResult SolveLongLine(BenchRun& run) { return Solve(LongLine(), run.options, run.state, run.hooks); }
 
 void BM_LongLine_Pass(benchmark::State& st) {
-    const SolveReport rep = TimeRuns(st, 64, 1, SolveLongLine);
+    const SolveResult rep = TimeRuns(st, 64, 1, SolveLongLine);
     st.counters["ns/segment"] = benchmark::Counter(
         static_cast<double>(rep.Segments), benchmark::Counter::kIsIterationInvariantRate |
                                                benchmark::Counter::kInvert);
@@ -82,7 +77,9 @@ void BM_LongLine_Run(benchmark::State& st) {
 }
 BENCHMARK(BM_LongLine_Run)->Unit(benchmark::kMillisecond);
 
-double SolveChannel(BenchRun& run) { return Config_ChannelLeft(10, 5, 5, 0, kSelectC, run.state, run.hooks, &run.report); }
+SolveResult SolveChannel(BenchRun& run) {
+    return Solve(StandardConfig{6, 10, 5, 5, 0}, run.options, run.state, run.hooks);
+}
 
 void BM_Channel_Pass(benchmark::State& st) { TimeRuns(st, static_cast<int16_t>(st.range(0)), 1, SolveChannel); }
 BENCHMARK(BM_Channel_Pass)->Arg(4)->Arg(8)->Arg(16)->Arg(32)->Arg(64)->Unit(benchmark::kMicrosecond);
@@ -93,7 +90,7 @@ BENCHMARK(BM_Channel_Run)->Arg(4)->Arg(8)->Arg(16)->Arg(32)->Arg(64)->Unit(bench
 void TimeConfig(benchmark::State& st, int64_t passes) {
     const auto config = static_cast<int16_t>(st.range(0));
     TimeRuns(st, 32, passes, [config](BenchRun& run) {
-        return Config_ByNumber(config, 10, 5, 5, 45, kSelectC, run.state, run.hooks, &run.report);
+        return Solve(StandardConfig{config, 10, 5, 5, 45}, run.options, run.state, run.hooks);
     });
 }
 
@@ -116,7 +113,8 @@ void BM_Settling_ShareOfAPass(benchmark::State& st) {
     for (auto _ : st) {
         auto t0 = Clock::now();
         BenchRun run(32, kPassLimit);
-        benchmark::DoNotOptimize(SolveChannel(run));
+        run.report = SolveChannel(run);
+        benchmark::DoNotOptimize(run.report.Value);
         auto t1 = Clock::now();
         passNs += std::chrono::duration<double, std::nano>(t1 - t0).count() / static_cast<double>(run.report.Passes);
 

@@ -58,10 +58,10 @@ TEST_P(CliGolden, Replays) {
     EXPECT_EQ(r.code, c.exitCode) << c.file << ":" << c.line;
     EXPECT_TRUE(SameOutput(r.out, c.expected)) << c.file << ":" << c.line << "\n got: " << r.out
                                                << "\n want: " << c.expected;
-    // A run that succeeds says nothing on stderr but the warnings its case
-    // names; a failure says one line there, and a wrong shape of arguments
-    // adds the usage line.
-    if (c.exitCode == 0) {
+    // A run says on stderr what its case names (a success nothing else); a
+    // failure without named lines says one line, and a wrong shape of
+    // arguments adds the usage line.
+    if (c.exitCode == 0 || !c.expectedErr.empty()) {
         EXPECT_EQ(r.err, c.expectedErr) << c.file << ":" << c.line;
     } else {
         const auto lines = std::count(r.err.begin(), r.err.end(), '\n');

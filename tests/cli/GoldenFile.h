@@ -5,7 +5,7 @@
 //                                     a leading "@ROOT@" is the source tree)
 //   expected stdout line
 //   ...
-//   ! expected stderr line           (a warning of a run that succeeds)
+//   ! expected stderr line           (a warning of a run, or why it failed)
 //   ? 0                              (expected exit code)
 //
 // Blank lines between cases are ignored; an expected output of nothing is
@@ -90,9 +90,9 @@ struct Result {
     std::string out, err;
 };
 
-// Runs ferrolith-cli with the arguments in `dir`, no shell involved; stdout
-// through a pipe, stderr into a file.
-inline Result RunCli(const std::vector<std::string>& args, const std::string& dir = FERROLITH_GOLDEN_DIR "/../..") {
+// Runs `argv` (the program first) in `dir`; stdout through a pipe, stderr
+// into a file.
+inline Result Run(std::vector<std::string> argv, const std::string& dir = FERROLITH_GOLDEN_DIR "/../..") {
     Result r;
     char errPath[] = "/tmp/ferrolith-cli-stderr-XXXXXX";
     const int errFd = mkstemp(errPath);
@@ -104,13 +104,11 @@ inline Result RunCli(const std::vector<std::string>& args, const std::string& di
     posix_spawn_file_actions_adddup2(&fa, errFd, 2);
     posix_spawn_file_actions_addclose(&fa, fds[0]);
     posix_spawn_file_actions_addchdir_np(&fa, dir.c_str());
-    std::vector<std::string> argv = {FERROLITH_CLI};
-    argv.insert(argv.end(), args.begin(), args.end());
     std::vector<char*> cargv;
     for (auto& a : argv) cargv.push_back(a.data());
     cargv.push_back(nullptr);
     pid_t pid = 0;
-    const int spawned = posix_spawn(&pid, FERROLITH_CLI, &fa, nullptr, cargv.data(), environ);
+    const int spawned = posix_spawn(&pid, argv[0].c_str(), &fa, nullptr, cargv.data(), environ);
     posix_spawn_file_actions_destroy(&fa);
     close(fds[1]);
     char buf[4096];
@@ -124,6 +122,13 @@ inline Result RunCli(const std::vector<std::string>& args, const std::string& di
     close(errFd);
     unlink(errPath);
     return r;
+}
+
+// Runs ferrolith-cli with the arguments, no shell involved.
+inline Result RunCli(const std::vector<std::string>& args) {
+    std::vector<std::string> argv = {FERROLITH_CLI};
+    argv.insert(argv.end(), args.begin(), args.end());
+    return Run(argv);
 }
 
 }  // namespace golden

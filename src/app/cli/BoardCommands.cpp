@@ -9,14 +9,14 @@
 #include "Cli.h"
 #include "ModelCli.h"
 #include "WeldCli.h"
-#include "board/core/Viewport.h"
-#include "board/core/Dimensions.h"
-#include "board/core/LayoutFile.h"
-#include "board/core/LayoutDocument.h"
-#include "shell/core/Primitives.h"
-#include "weld/core/InstantaneousCenter.h"
-#include "weld/core/WeldStrength.h"
 #include "board/core/CapacityHandOver.h"
+#include "board/core/Dimensions.h"
+#include "board/core/LayoutDocument.h"
+#include "board/core/LayoutFile.h"
+#include "board/core/Viewport.h"
+#include "shell/core/Primitives.h"
+#include "weld/core/WeldSolve.h"
+#include "weld/core/WeldStrength.h"
 
 namespace {
 
@@ -248,25 +248,16 @@ int Capacity(const cli::Parsed& p) {
                            {"method", cli::Txt(kMethods[methodIndex])},
                            {"electrode_ksi", cli::Num(fexx)},
                            {"size_in", cli::Num(size)}};
-    if (model == shell::SolverModel::AiscElement)
-        return modelcli::Capacity(p, doc, opt.stripIndex, fexx, size, factor, caption, head);
-    weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses, "capacity");
-    const double unit = weld::Weld_UnitCapacity(1.0, 1.0, doc, run.state, run.hooks, &run.report);
+    weldcli::LimitedRun run(opt, model, "capacity");
+    run.result = weld::Solve_Layout(doc, run.options, run.state, run.hooks);
     if (const int rc = run.Check(p, head); rc != 0) return rc;
-    const double shown = WeldStrength::DisplayedCapacity(fexx, unit, size, factor);
-    const auto element = weld::Board_ElementCheck(doc, run.state.SegmentsPerInch);
-    const weldcli::CrossCheck check = weldcli::CheckAgainstElementModel(
-        p, shown,
-        [&]() -> std::optional<double> {
-            const auto v = element();
-            if (!v) return std::nullopt;
-            return WeldStrength::DisplayedCapacity(fexx, *v, size, factor);
-        },
-        "kips", 2);
+    auto inKips = [&](double unit) { return WeldStrength::DisplayedCapacity(fexx, unit, size, factor); };
+    const double shown = inKips(run.result.Value);
+    const weldcli::CrossCheck check =
+        weldcli::CheckAgainst(p, shown, weld::CrossCheck(weld::Layout_Group(doc), run.options), "kips", 2, inKips);
     if (p.format != cli::Format::Text) {
-        cli::WriteRows(p, {head + cli::Row{{"capacity_kips", cli::Num(shown)},
-                                    {"caption", cli::Txt(caption)}} +
-                               run.RunFields() + check.Fields()});
+        cli::WriteRows(p, {head + cli::Row{{"capacity_kips", cli::Num(shown)}, {"caption", cli::Txt(caption)}} +
+                           run.Fields() + check.Fields()});
         return 0;
     }
     std::cout << prim::Trim(WeldStrength::CapacityText(shown)) << "\n" << caption << "\n";

@@ -6,7 +6,7 @@
 #include "ModelCli.h"
 #include "Output.h"
 #include "Progress.h"
-#include "bolt/core/BoltSolver.h"
+#include "bolt/core/BoltSolve.h"
 #include "shell/core/Primitives.h"
 
 namespace {
@@ -39,16 +39,20 @@ int RunBoltC(const cli::Parsed& p) {
                                  cli::Quote(args[2 + i]),
                              1);
 
-    const auto m16 = static_cast<int16_t>(m), n16 = static_cast<int16_t>(n);
-    if (model == shell::SolverModel::AiscElement) return modelcli::BoltC(p, m16, n16, v);
-    const auto cPrime = bolt::BoltGroup_CPrime(m16, n16, v[0], v[1]);
-    std::optional<double> c;
+    const bolt::BoltPattern pattern{static_cast<int16_t>(m), static_cast<int16_t>(n), v[0], v[1]};
+    const bolt::SolveOptions options{model};
+    const bolt::SolveResult cPrime = bolt::Solve(pattern, bolt::kCouple, options);
+    bolt::SolveResult c;
     {
         cli::Progress progress("bolt-c");
-        c = bolt::BoltGroup_C(m16, n16, v[0], v[1], v[2], v[3], [&progress] { progress.Tick(); });
+        c = bolt::Solve(pattern, {v[2], v[3]}, options, [&progress] { progress.Tick(); });
     }
-    if (!cPrime || !c)
+    if (c.Refused || cPrime.Refused)
         return cli::Fail("a bolt group needs from 1 to 32767 bolts (M x N); got M = " + args[0] + ", N = " + args[1], 1);
+    if (c.NoEquilibrium)
+        return modelcli::NoEquilibrium(p, {modelcli::ModelField(model)}, c.CenterAtInfinity, c.CenterX, c.CenterY);
+    // A group with no couple strength (one bolt, or all at one point) has C' = 0.
+    const double cp = cPrime.Converged ? cPrime.Value : 0.0;
     if (p.format != cli::Format::Text) {
         cli::WriteRows(p, {{modelcli::ModelField(model),
                             {"M", cli::Num(static_cast<double>(m))},
@@ -57,11 +61,11 @@ int RunBoltC(const cli::Parsed& p) {
                             {"SH_in", cli::Num(v[1])},
                             {"EX_in", cli::Num(v[2])},
                             {"angle_deg", cli::Num(v[3])},
-                            {"C", cli::Num(*c)},
-                            {"C_prime_in", cli::Num(*cPrime)}}});
+                            {"C", cli::Num(c.Value)},
+                            {"C_prime_in", cli::Num(cp)}}});
         return 0;
     }
-    std::cout << prim::Format(*c, "0.0000") << " " << prim::Format(*cPrime, "0.0000") << "\n";
+    std::cout << prim::Format(c.Value, "0.0000") << " " << prim::Format(cp, "0.0000") << "\n";
     return 0;
 }
 

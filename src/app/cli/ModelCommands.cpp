@@ -1,5 +1,5 @@
 // Tables of coefficients from the command line (weld-table, bolt-table), and
-// the element-model runs of weld-c, capacity and bolt-c.
+// the --model option the solver commands share.
 #include <iomanip>
 #include <iostream>
 #include <optional>
@@ -12,12 +12,9 @@
 #include "Output.h"
 #include "Progress.h"
 #include "WeldCli.h"
-#include "board/core/CapacityHandOver.h"
-#include "bolt/core/BoltElementModel.h"
-#include "bolt/core/BoltSolver.h"
+#include "bolt/core/BoltSolve.h"
 #include "shell/core/Primitives.h"
-#include "weld/core/WeldElementModel.h"
-#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldSolve.h"
 #include "weld/core/WeldStrength.h"
 
 namespace modelcli {
@@ -25,23 +22,6 @@ namespace modelcli {
 namespace {
 
 using shell::SolverModel;
-
-// No equilibrium: nothing on stdout but, for json, the last motion; one line on stderr.
-int NoEquilibrium(const cli::Parsed& p, const shell::GroupMotion& motion, double fromX, double fromY) {
-    if (p.format == cli::Format::Json) {
-        cli::Row row = {ModelField(SolverModel::AiscElement), {"converged", cli::Flag(false)}};
-        if (motion.Translation) {
-            row.push_back({"center_x_in", {}});
-            row.push_back({"center_y_in", {}});
-        } else {
-            row.push_back({"center_x_in", cli::Num(motion.CenterX - fromX)});
-            row.push_back({"center_y_in", cli::Num(motion.CenterY - fromY)});
-        }
-        std::cout << cli::JsonObject(row) << "\n";
-    }
-    std::cout.flush();
-    return cli::Fail("no convergence: the element model finds no equilibrium for this load", 3);
-}
 
 int16_t Strip(int stripIndex) {
     int16_t spi = 32;
@@ -137,17 +117,6 @@ struct Table {
 
 std::string StripText(int stripIndex) { return "strip 1/" + std::to_string(Strip(stripIndex)) + "\""; }
 
-// One cell of the weld table by the system's iteration, stopped by the pass
-// limit like the other weld commands.
-std::optional<double> IterativeC(int16_t config, double L, double k, double a, double angle, int stripIndex,
-                                 long long maxPasses, cli::Progress& progress) {
-    weldcli::LimitedRun run(stripIndex, maxPasses, progress);
-    const double c = weld::Config_ByNumber(config, L, k * L, a * L, angle, weld::kSelectC, run.state,
-                                                    run.hooks, &run.report);
-    if (run.report.Refused || !(run.report.Converged || run.report.Concentric)) return std::nullopt;
-    return c;
-}
-
 int WeldTable(const cli::Parsed& p) {
     std::string error;
     SolverModel model = SolverModel::Iterative;
@@ -178,14 +147,11 @@ int WeldTable(const cli::Parsed& p) {
         t.rows.push_back(prim::PlainText(a));
         auto& row = t.cells.emplace_back();
         for (double k : ks) {
-            const int16_t c = static_cast<int16_t>(config);
-            if (model == SolverModel::AiscElement) {
-                WeldElementModel::ElementReport rep;
-                const double v = WeldElementModel::Config_C(c, L, k * L, a * L, angle, Strip(opt.stripIndex), &rep);
-                row.push_back(rep.Converged ? std::optional<double>(v) : std::nullopt);
-            } else {
-                row.push_back(IterativeC(c, L, k, a, angle, opt.stripIndex, opt.maxPasses, progress));
-            }
+            // Each cell stopped by the pass limit like the other weld commands.
+            weldcli::LimitedRun run(opt, model, progress);
+            run.result = weld::Solve(weld::StandardConfig{static_cast<int16_t>(config), L, k * L, a * L, angle},
+                                     run.options, run.state, run.hooks);
+            row.push_back(run.result.Converged ? std::optional<double>(run.result.Value) : std::nullopt);
             t.machine.push_back({{"a", cli::Num(a)}, {"k", cli::Num(k)}, {"C", Value(row.back())}});
         }
     }
@@ -230,22 +196,18 @@ int BoltTable(const cli::Parsed& p) {
         const auto cols = static_cast<int16_t>(columns);
         t.rows.push_back(std::to_string(m));
         auto& row = t.cells.emplace_back();
-        auto value = [&](const BoltElementModel::BoltReport& rep) {
-            return rep.Converged ? std::optional<double>(rep.Value) : std::nullopt;
+        auto value = [](const bolt::SolveResult& r) {
+            return r.Converged ? std::optional<double>(r.Value) : std::nullopt;
         };
+        const bolt::BoltPattern pattern{m, cols, sv, sh};
+        const bolt::SolveOptions options{model};
         for (double ex : exs) {
-            if (model == SolverModel::AiscElement)
-                row.push_back(value(BoltElementModel::BoltGroup_C(m, cols, sv, sh, ex, angle)));
-            else
-                row.push_back(bolt::BoltGroup_C(m, cols, sv, sh, ex, angle, [&] {
-                    progress.Tick("cell " + std::to_string(done + 1) + " of " + cells);
-                }));
+            row.push_back(value(bolt::Solve(pattern, {ex, angle}, options, [&] {
+                progress.Tick("cell " + std::to_string(done + 1) + " of " + cells);
+            })));
             ++done;
         }
-        if (model == SolverModel::AiscElement)
-            row.push_back(value(BoltElementModel::BoltGroup_CPrime(m, cols, sv, sh)));
-        else
-            row.push_back(bolt::BoltGroup_CPrime(m, cols, sv, sh));
+        row.push_back(value(bolt::Solve(pattern, bolt::kCouple, options)));
         for (size_t i = 0; i < exs.size(); ++i)
             t.machine.push_back({{"n", cli::Num(nv)},
                                  {"ex_in", cli::Num(exs[i])},
@@ -314,74 +276,17 @@ bool ReadModel(const cli::Parsed& p, shell::SolverModel& model, std::string& err
 
 cli::Field ModelField(shell::SolverModel model) { return {"model", cli::Txt(shell::SolverModelName(model))}; }
 
-int WeldC(const cli::Parsed& p, int16_t config, const double (&v)[4], int stripIndex, bool verbose) {
-    WeldElementModel::ElementReport rep;
-    const double c = WeldElementModel::Config_C(config, v[0], v[1], v[2], v[3], Strip(stripIndex), &rep);
-    if (rep.Refused) return cli::Fail("nothing to solve: no weld, or more than 1000000 elements", 1);
-    // As the system's run shows it: from the centroid, in the units of L.
-    const double s = weld::Config_Scale(v[0], config == 1 ? 0.0 : v[1]);
-    if (!rep.Converged) return NoEquilibrium(p, rep.Motion, rep.CentroidX, rep.CentroidY);
-    if (p.format != cli::Format::Text) {
-        cli::Row row = {ModelField(SolverModel::AiscElement), {"C", cli::Num(c)}, {"converged", cli::Flag(true)},
-                        {"iterations", cli::Num(static_cast<double>(rep.Iterations))}};
-        row.push_back({"center_x_in", rep.Motion.Translation ? cli::Cell{} : cli::Num((rep.Motion.CenterX - rep.CentroidX) / s)});
-        row.push_back({"center_y_in", rep.Motion.Translation ? cli::Cell{} : cli::Num((rep.Motion.CenterY - rep.CentroidY) / s)});
-        cli::WriteRows(p, {row});
-        return 0;
-    }
-    std::cout << prim::Trim(prim::Format(c, "0.00000")) << "\n";
-    if (verbose) {
-        std::cout << "iterations " << rep.Iterations << "\n";
-        if (rep.Motion.Translation)
-            std::cout << "center at infinity\n";
-        else
-            std::cout << "center " << prim::Format((rep.Motion.CenterX - rep.CentroidX) / s, "0.000000000") << " "
-                      << prim::Format((rep.Motion.CenterY - rep.CentroidY) / s, "0.000000000") << "\n";
-    }
-    return 0;
+cli::Row CenterFields(bool atInfinity, double x, double y) {
+    if (atInfinity) return {{"center_x_in", {}}, {"center_y_in", {}}};
+    return {{"center_x_in", cli::Num(x)}, {"center_y_in", cli::Num(y)}};
 }
 
-int Capacity(const cli::Parsed& p, const Layout::LayoutDocument& doc, int stripIndex, double fexx,
-             double size, double factor, const std::string& caption, const cli::Row& head) {
-    const WeldElementModel::ElementReport rep = weld::Weld_ElementCapacity(1.0, 1.0, doc, Strip(stripIndex));
-    if (rep.Refused) return cli::Fail("nothing to solve: no weld, or more than 1000000 elements", 1);
-    if (!rep.Converged) return NoEquilibrium(p, rep.Motion, rep.CentroidX, rep.CentroidY);
-    const double shown = WeldStrength::DisplayedCapacity(fexx, rep.Capacity, size, factor);
-    if (p.format != cli::Format::Text) {
-        cli::WriteRows(p, {head + cli::Row{{"capacity_kips", cli::Num(shown)},
-                                           {"caption", cli::Txt(caption)},
-                                           {"converged", cli::Flag(true)},
-                                           {"iterations", cli::Num(static_cast<double>(rep.Iterations))}}});
-        return 0;
-    }
-    std::cout << prim::Trim(WeldStrength::CapacityText(shown)) << "\n" << caption << "\n";
-    return 0;
-}
-
-int BoltC(const cli::Parsed& p, int16_t m, int16_t n, const double (&v)[4]) {
-    const BoltElementModel::BoltReport c = BoltElementModel::BoltGroup_C(m, n, v[0], v[1], v[2], v[3]);
-    const BoltElementModel::BoltReport cp = BoltElementModel::BoltGroup_CPrime(m, n, v[0], v[1]);
-    if (c.Refused || cp.Refused)
-        return cli::Fail("a bolt group needs from 1 to 32767 bolts (M x N); got M = " + std::to_string(m) +
-                             ", N = " + std::to_string(n),
-                         1);
-    if (!c.Converged) return NoEquilibrium(p, c.Motion, 0.0, 0.0);
-    // A group with no couple strength (one bolt, or all at one point) has C' = 0.
-    if (p.format != cli::Format::Text) {
-        cli::WriteRows(p, {{ModelField(SolverModel::AiscElement),
-                            {"M", cli::Num(static_cast<double>(m))},
-                            {"N", cli::Num(static_cast<double>(n))},
-                            {"SV_in", cli::Num(v[0])},
-                            {"SH_in", cli::Num(v[1])},
-                            {"EX_in", cli::Num(v[2])},
-                            {"angle_deg", cli::Num(v[3])},
-                            {"C", cli::Num(c.Value)},
-                            {"C_prime_in", cli::Num(cp.Converged ? cp.Value : 0.0)}}});
-        return 0;
-    }
-    std::cout << prim::Format(c.Value, "0.0000") << " " << prim::Format(cp.Converged ? cp.Value : 0.0, "0.0000")
-              << "\n";
-    return 0;
+int NoEquilibrium(const cli::Parsed& p, const cli::Row& head, bool atInfinity, double x, double y) {
+    if (p.format == cli::Format::Json)
+        std::cout << cli::JsonObject(head + cli::Row{{"converged", cli::Flag(false)}} + CenterFields(atInfinity, x, y))
+                  << "\n";
+    std::cout.flush();
+    return cli::Fail("no convergence: the element model finds no equilibrium for this load", 3);
 }
 
 }  // namespace modelcli

@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "ModelCli.h"
 #include "shell/core/Primitives.h"
 #include "weld/core/RunControl.h"
 #include "weld/core/WeldStrength.h"
@@ -51,68 +52,83 @@ bool ReadCoords(const std::string& what, const std::string& text, double (&v)[4]
     return true;
 }
 
-LimitedRun::LimitedRun(int stripIndex, long long passes, const std::string& label)
-    : maxPasses(passes), ownProgress(std::in_place, label), progress(&*ownProgress) {
-    Start(stripIndex);
+LimitedRun::LimitedRun(const RunOptions& run, shell::SolverModel model, const std::string& label)
+    : maxPasses(run.maxPasses), ownProgress(std::in_place, label), progress(&*ownProgress) {
+    Start(run, model);
 }
 
-LimitedRun::LimitedRun(int stripIndex, long long passes, cli::Progress& shared)
-    : maxPasses(passes), progress(&shared) {
-    Start(stripIndex);
+LimitedRun::LimitedRun(const RunOptions& run, shell::SolverModel model, cli::Progress& shared)
+    : maxPasses(run.maxPasses), progress(&shared) {
+    Start(run, model);
 }
 
-void LimitedRun::Start(int stripIndex) {
-    WeldStrength::SegmentsPerInchOf(stripIndex, state.SegmentsPerInch);
-    state.DisplayTarget = weld::kDisplayCapacity;
-    state.IterationResume = 0;
-    state.IterationStop = maxPasses == 0 ? -1 : 0;
-    hooks.DisplayCapacity = [this](double, double x, double y, double divisor, bool) {
-        shownX = divisor != 0.0 ? x / divisor : x;
-        shownY = divisor != 0.0 ? y / divisor : y;
-        if (report.Passes >= maxPasses) state.IterationStop = -1;
-        progress->Tick("pass " + std::to_string(report.Passes + 1));
+void LimitedRun::Start(const RunOptions& run, shell::SolverModel model) {
+    options.Model = model;
+    WeldStrength::SegmentsPerInchOf(run.stripIndex, options.SegmentsPerInch);
+    state.IterationResume = false;
+    state.IterationStop = maxPasses == 0;
+    hooks.Display = [this](const weld::PassShown& pass) {
+        if (pass.Passes >= maxPasses) state.IterationStop = true;
+        progress->Tick("pass " + std::to_string(pass.Passes + 1));
     };
 }
 
-int LimitedRun::Check(const cli::Parsed& p, const cli::Row& head) {
-    progress->Clear();
-    if (report.Refused) return cli::Fail("the group has more than 32767 segments", 1);
-    if (report.Unsettled) {
-        if (p.format == cli::Format::Json) std::cout << cli::JsonObject(head + RunFields()) << "\n";
-        std::cout.flush();
-        return cli::Fail("no convergence: the center kept oscillating with the correction step at 1/" +
-                             prim::Format(1.0 / report.Relaxation, "0") + " after " + std::to_string(report.Passes) +
-                             " passes (last center " + prim::Format(shownX, "0.000000000") + " " +
-                             prim::Format(shownY, "0.000000000") + ")",
-                         3);
-    }
-    // Only a run that the pass limit stopped counts as not converged.
-    if (state.IterationStop != 0 && !report.Converged) {
-        if (p.format == cli::Format::Json) std::cout << cli::JsonObject(head + RunFields()) << "\n";
-        std::cout.flush();
-        return cli::Fail("no convergence after " + std::to_string(maxPasses) + " passes (last center " +
-                             prim::Format(shownX, "0.000000000") + " " + prim::Format(shownY, "0.000000000") +
-                             ")",
-                         3);
-    }
-    return 0;
+namespace {
+
+bool ByElements(const weld::SolveResult& r) { return r.Model == shell::SolverModel::AiscElement; }
+
+std::string CenterText(const weld::SolveResult& r) {
+    return prim::Format(r.CenterX, "0.000000000") + " " + prim::Format(r.CenterY, "0.000000000");
 }
 
-cli::Row LimitedRun::RunFields() const {
-    const bool converged = !(state.IterationStop != 0 && !report.Converged);
-    return {{"converged", cli::Flag(converged)},
-            {"passes", cli::Num(static_cast<double>(report.Passes))},
-            {"center_x_in", cli::Num(shownX)},
-            {"center_y_in", cli::Num(shownY)},
-            {"relaxed", cli::Num(report.Relaxation)}};
+}  // namespace
+
+int LimitedRun::Check(const cli::Parsed& p, const cli::Row& head) {
+    progress->Clear();
+    const weld::SolveResult& r = result;
+    if (r.Refused)
+        return cli::Fail(ByElements(r) ? "nothing to solve: no weld, or more than 1000000 elements"
+                                       : "the group has more than 32767 segments",
+                         1);
+    if (r.NoEquilibrium) return modelcli::NoEquilibrium(p, head, r.CenterAtInfinity, r.CenterX, r.CenterY);
+    std::string failure;
+    if (r.Unsettled)
+        failure = "no convergence: the center kept oscillating with the correction step at 1/" +
+                  prim::Format(1.0 / r.Relaxation, "0") + " after " + std::to_string(r.Passes) +
+                  " passes (last center " + CenterText(r) + ")";
+    // Only a run that the pass limit stopped counts as not converged.
+    else if (r.Stopped && !r.Converged)
+        failure = "no convergence after " + std::to_string(maxPasses) + " passes (last center " + CenterText(r) + ")";
+    if (failure.empty()) return 0;
+    if (p.format == cli::Format::Json) std::cout << cli::JsonObject(head + Fields()) << "\n";
+    std::cout.flush();
+    return cli::Fail(failure, 3);
+}
+
+cli::Row LimitedRun::Fields() const {
+    const weld::SolveResult& r = result;
+    if (ByElements(r))
+        return cli::Row{{"converged", cli::Flag(r.Converged)},
+                        {"iterations", cli::Num(static_cast<double>(r.Passes))}} +
+               modelcli::CenterFields(r.CenterAtInfinity, r.CenterX, r.CenterY);
+    return {{"converged", cli::Flag(!(r.Stopped && !r.Converged))},
+            {"passes", cli::Num(static_cast<double>(r.Passes))},
+            {"center_x_in", cli::Num(r.CenterX)},
+            {"center_y_in", cli::Num(r.CenterY)},
+            {"relaxed", cli::Num(r.Relaxation)}};
 }
 
 void LimitedRun::PrintVerbose() const {
-    std::cout << "passes " << report.Passes << "\n";
-    std::cout << "center " << prim::Format(shownX, "0.000000000") << " " << prim::Format(shownY, "0.000000000")
-              << "\n";
+    const weld::SolveResult& r = result;
+    if (ByElements(r)) {
+        std::cout << "iterations " << r.Passes << "\n";
+        std::cout << (r.CenterAtInfinity ? "center at infinity" : "center " + CenterText(r)) << "\n";
+        return;
+    }
+    std::cout << "passes " << r.Passes << "\n";
+    std::cout << "center " << CenterText(r) << "\n";
     // The window's line without its paragraph break.
-    const std::string settled = RunControl::SettlingText(report.Relaxation, report.Unsettled);
+    const std::string settled = RunControl::SettlingText(r.Relaxation, r.Unsettled);
     if (!settled.empty()) {
         std::cout.flush();
         std::cerr << "ferrolith-cli: " << settled.substr(settled.find_first_not_of("\r ")) << "\n";
@@ -126,18 +142,21 @@ const cli::Option& NoCheckOption() {
 }
 
 cli::Row CrossCheck::Fields() const {
+    if (!applies) return {};
     const bool solved = done && result.solved;
     return {{"aisc", solved ? cli::Num(result.element) : cli::Cell{}},
             {"ratio", solved ? cli::Num(result.ratio) : cli::Cell{}}};
 }
 
-CrossCheck CheckAgainstElementModel(const cli::Parsed& p, double system,
-                                    const std::function<std::optional<double>()>& element, const char* unit,
-                                    int decimals) {
+CrossCheck CheckAgainst(const cli::Parsed& p, double system, const weld::CheckFn& other, const char* unit, int decimals,
+                        const std::function<double(double)>& shown) {
     CrossCheck check;
-    if (p.Has("--no-check")) return check;
+    check.applies = static_cast<bool>(other);
+    if (!check.applies || p.Has("--no-check")) return check;
     check.done = true;
-    check.result = modelcheck::Compare(system, element(), modelcheck::kDefaultPercent);
+    std::optional<double> value = other();
+    if (value && shown) value = shown(*value);
+    check.result = modelcheck::Compare(system, value, modelcheck::kDefaultPercent);
     if (check.result.exceeds) {
         std::cout.flush();
         std::cerr << "ferrolith-cli: warning: " << modelcheck::CheckLine(check.result, unit, decimals) << ". "

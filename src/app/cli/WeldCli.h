@@ -11,7 +11,7 @@
 #include "Output.h"
 #include "Progress.h"
 #include "shell/core/ModelCheck.h"
-#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldSolve.h"
 
 namespace weldcli {
 
@@ -31,51 +31,57 @@ bool ReadRunOptions(const cli::Parsed& p, RunOptions& options, std::string& erro
 // "X1,Y1,X2,Y2", four lengths in inches that fit a single.
 bool ReadCoords(const std::string& what, const std::string& text, double (&v)[4], std::string& error);
 
-// A run without a window. The display callback sets the stop flag once the
-// pass limit is reached, like a click on Stop during a pass.
+// A solve of a weld command: its options and the run of the iteration,
+// whose pass limit stands in for the window's stop button (the display hook
+// sets the stop flag once the limit is reached, like a click on Stop during
+// a pass). The element model ends by itself and reads neither.
 struct LimitedRun {
+    weld::SolveOptions options;
     weld::WeldRunState state;
     weld::WeldRunHooks hooks;
-    weld::SolveReport report;
+    weld::SolveResult result;
     long long maxPasses = kDefaultMaxPasses;
-    double shownX = 0.0, shownY = 0.0;  // last center shown, divided by the divisor
     std::optional<cli::Progress> ownProgress;
     cli::Progress* progress;  // the run's own line, or one a table shares across its cells
 
-    LimitedRun(int stripIndex, long long passes, const std::string& label);
-    LimitedRun(int stripIndex, long long passes, cli::Progress& shared);
+    LimitedRun(const RunOptions& run, shell::SolverModel model, const std::string& label);
+    LimitedRun(const RunOptions& run, shell::SolverModel model, cli::Progress& shared);
 
-    // After the run: 0 when there is a result to print; 1 for a refused
-    // group; 3 when the pass limit ended the run, with one line on stderr and,
-    // for --format json, an object with `head`, "converged": false and the last center.
+    // After the solve: 0 when there is a value to print; 1 for a refused
+    // group; 3 when the pass limit ended the run, the run gave up swinging
+    // or the element model found no equilibrium, with one line on stderr
+    // and, for --format json, an object with `head`, "converged": false and
+    // the last center.
     int Check(const cli::Parsed& p, const cli::Row& head = {});
-    // converged, passes, the last center and the factor the center
-    // correction ended with ("relaxed", 1 where the run never swung), for
-    // csv and json.
-    cli::Row RunFields() const;
-    // The --verbose lines of text output; how the run settled goes to stderr.
+    // How the solve went, for csv and json: converged, the passes of the
+    // iteration, its last center and the factor its center correction ended
+    // with ("relaxed", 1 where the run never swung); the element model's
+    // Newton steps ("iterations") and center (empty at infinity).
+    cli::Row Fields() const;
+    // The --verbose lines of text output; how a run settled goes to stderr.
     void PrintVerbose() const;
 
 private:
-    void Start(int stripIndex);
+    void Start(const RunOptions& run, shell::SolverModel model);
 };
 
 // --no-check: the option that leaves out the element model's cross-check.
 const cli::Option& NoCheckOption();
 
-// The cross-check of a converged result of the iteration against the AISC
-// element model on the same case. Unless --no-check is given, `element`
-// (the element model's value in the unit of `system`) is solved; where the
-// iteration exceeds it by more than 5 % a warning goes to stderr.
+// The cross-check of a converged result against the model it is checked
+// against (weld::CrossCheck; none for the element model's own results).
+// Unless --no-check is given, `other` is solved and its value, turned by
+// `shown` into the unit of `system` where given, compared; where `system`
+// exceeds it by more than 5 % a warning goes to stderr.
 struct CrossCheck {
+    bool applies = false;  // the model has a cross-check
     bool done = false;
     modelcheck::Comparison result;
     // aisc and ratio for csv and json (empty cells without a check or an
-    // equilibrium).
+    // equilibrium; no fields where no check applies).
     cli::Row Fields() const;
 };
-CrossCheck CheckAgainstElementModel(const cli::Parsed& p, double system,
-                                    const std::function<std::optional<double>()>& element, const char* unit,
-                                    int decimals);
+CrossCheck CheckAgainst(const cli::Parsed& p, double system, const weld::CheckFn& other, const char* unit, int decimals,
+                        const std::function<double(double)>& shown = {});
 
 }  // namespace weldcli

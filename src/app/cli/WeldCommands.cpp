@@ -9,8 +9,7 @@
 #include "Output.h"
 #include "WeldCli.h"
 #include "shell/core/Primitives.h"
-#include "weld/core/WeldElementModel.h"
-#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldSolve.h"
 #include "weld/core/WeldStrength.h"
 
 namespace {
@@ -46,22 +45,14 @@ int RunWeldC(const cli::Parsed& p) {
         !cli::ReadNumber("ANGLE", args[4], -cli::kSingleMax, cli::kSingleMax, v[3], error))
         return cli::UsageError(error);
 
-    if (model == shell::SolverModel::AiscElement) return modelcli::WeldC(p, config, v, opt.stripIndex, opt.verbose);
-    weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses, "weld-c");
-    const double c = Config_ByNumber(config, v[0], v[1], v[2], v[3], kSelectC, run.state, run.hooks, &run.report);
+    weldcli::LimitedRun run(opt, model, "weld-c");
+    const StandardConfig shape{config, v[0], v[1], v[2], v[3]};
+    run.result = Solve(shape, run.options, run.state, run.hooks);
     if (const int rc = run.Check(p, {modelcli::ModelField(model)}); rc != 0) return rc;
-    const weldcli::CrossCheck check = weldcli::CheckAgainstElementModel(
-        p, c,
-        [&]() -> std::optional<double> {
-            WeldElementModel::ElementReport rep;
-            const double e = WeldElementModel::Config_C(config, v[0], v[1], v[2], v[3], run.state.SegmentsPerInch, &rep);
-            if (!rep.Converged) return std::nullopt;
-            return e;
-        },
-        "", 5);
+    const double c = run.result.Value;
+    const weldcli::CrossCheck check = weldcli::CheckAgainst(p, c, CrossCheck(shape, run.options), "", 5);
     if (p.format != cli::Format::Text) {
-        cli::WriteRows(p, {cli::Row{modelcli::ModelField(model), {"C", cli::Num(c)}} + run.RunFields() +
-                           check.Fields()});
+        cli::WriteRows(p, {cli::Row{modelcli::ModelField(model), {"C", cli::Num(c)}} + run.Fields() + check.Fields()});
         return 0;
     }
     std::cout << prim::Trim(prim::Format(c, "0.00000")) << "\n";
@@ -79,20 +70,18 @@ int RunWeldCentroid(const cli::Parsed& p) {
         return cli::UsageError(error);
 
     // As the coefficient window shows them: the load plays no part.
-    WeldRunState state;
-    WeldRunHooks hooks;
-    auto value = [&](int16_t selector) { return Config_ByNumber(config, v[0], v[1], 0.0, 0.0, selector, state, hooks); };
+    const double xL = Config_xL(config, v[0], v[1]), yL = Config_yL(config, v[0], v[1]);
     const bool midX = Centroid_IsMidpointX(config), midY = Centroid_IsMidpointY(config);
     if (p.format != cli::Format::Text) {
         // The midpoint of the group's extent, where the window writes "Midpoint".
-        auto cell = [&](bool mid, int16_t selector) { return mid ? cli::Txt("Midpoint") : cli::Num(value(selector)); };
-        cli::WriteRows(p, {{{"xL_in", cell(midX, kSelectXL)}, {"yL_in", cell(midY, kSelectYL)}}});
+        auto cell = [](bool mid, double value) { return mid ? cli::Txt("Midpoint") : cli::Num(value); };
+        cli::WriteRows(p, {{{"xL_in", cell(midX, xL)}, {"yL_in", cell(midY, yL)}}});
         return 0;
     }
-    auto text = [&](bool mid, int16_t selector) -> std::string {
-        return mid ? "Midpoint" : prim::Trim(prim::Format(value(selector), "0.000"));
+    auto text = [](bool mid, double value) -> std::string {
+        return mid ? "Midpoint" : prim::Trim(prim::Format(value, "0.000"));
     };
-    std::cout << text(midX, kSelectXL) << " " << text(midY, kSelectYL) << "\n";
+    std::cout << text(midX, xL) << " " << text(midY, yL) << "\n";
     return 0;
 }
 
@@ -117,20 +106,16 @@ int RunWeldUnit(const cli::Parsed& p) {
         lines.push_back(WeldLineRec{v[0], v[1], v[2], v[3]});
     }
 
-    weldcli::LimitedRun run(opt.stripIndex, opt.maxPasses, "weld-unit");
-    const double capacity =
-        Locate_InstantaneousCenter(lines, ex, angle, fexx, size, 1.0, run.state, run.hooks, &run.report);
+    weldcli::LimitedRun run(opt, shell::SolverModel::Iterative, "weld-unit");
+    run.options.Fexx = fexx;
+    run.options.D = size;
+    const LoadedGroup group{lines, ex, angle};
+    run.result = Solve(group, run.options, run.state, run.hooks);
     if (const int rc = run.Check(p); rc != 0) return rc;
-    const weldcli::CrossCheck check = weldcli::CheckAgainstElementModel(
-        p, capacity,
-        [&]() -> std::optional<double> {
-            const auto rep = WeldElementModel::Solve(lines, ex, angle, fexx, size, run.state.SegmentsPerInch);
-            if (!rep.Converged) return std::nullopt;
-            return rep.Capacity;
-        },
-        "kips", 5);
+    const double capacity = run.result.Value;
+    const weldcli::CrossCheck check = weldcli::CheckAgainst(p, capacity, CrossCheck(group, run.options), "kips", 5);
     if (p.format != cli::Format::Text) {
-        cli::WriteRows(p, {cli::Row{{"capacity_kips", cli::Num(capacity)}} + run.RunFields() + check.Fields()});
+        cli::WriteRows(p, {cli::Row{{"capacity_kips", cli::Num(capacity)}} + run.Fields() + check.Fields()});
         return 0;
     }
     std::cout << prim::Format(capacity, "0.00000") << "\n";

@@ -72,27 +72,13 @@ WeldLineTable Board_WeldLines(const Layout::LayoutDocument& doc, const WeldRunHo
     return lines;
 }
 
-double Weld_UnitCapacity(double Fexx, double D, const Layout::LayoutDocument& doc,
-                         WeldRunState& state, const WeldRunHooks& hooks, SolveReport* report) {
-    return Locate_InstantaneousCenter(Board_WeldLines(doc, hooks), doc.Load.LoadEccentricity * 12.0,
-                                      doc.Load.LoadAngle, Fexx, D, 1.0, state, hooks, report);
+LoadedGroup Layout_Group(const Layout::LayoutDocument& doc, const WeldRunHooks& hooks) {
+    return {Board_WeldLines(doc, hooks), doc.Load.LoadEccentricity * 12.0, doc.Load.LoadAngle};
 }
 
-WeldElementModel::ElementReport Weld_ElementCapacity(double Fexx, double D,
-                                                     const Layout::LayoutDocument& doc,
-                                                     int16_t SegmentsPerInch) {
-    return WeldElementModel::Solve(Board_WeldLines(doc, {}), doc.Load.LoadEccentricity * 12.0,
-                                   doc.Load.LoadAngle, Fexx, D, SegmentsPerInch);
-}
-
-std::function<std::optional<double>()> Board_ElementCheck(const Layout::LayoutDocument& doc,
-                                                          int16_t SegmentsPerInch) {
-    return [lines = Board_WeldLines(doc, {}), ex = doc.Load.LoadEccentricity * 12.0,
-            angle = static_cast<double>(doc.Load.LoadAngle), SegmentsPerInch]() -> std::optional<double> {
-        const auto rep = WeldElementModel::Solve(lines, ex, angle, 1.0, 1.0, SegmentsPerInch);
-        if (!rep.Converged) return std::nullopt;
-        return rep.Capacity;
-    };
+SolveResult Solve_Layout(const Layout::LayoutDocument& doc, const SolveOptions& options, WeldRunState& state,
+                         const WeldRunHooks& hooks) {
+    return Solve(Layout_Group(doc, hooks), options, state, hooks);
 }
 
 }  // namespace weld

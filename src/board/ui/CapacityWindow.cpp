@@ -152,7 +152,6 @@ void CapacityWindow::Form_Load() {
     ApplySaved(SizeBox, WeldStrength::kWeldSizeSetting);
     ApplySaved(ElectrodeBox, WeldStrength::kWeldClassSetting);
     ApplySaved(DesignMethodBox, WeldStrength::kDesignMethodSetting);
-    run_.Run().IterationStop = -1;
     ApplyControls();
 }
 
@@ -165,7 +164,7 @@ void CapacityWindow::showEvent(QShowEvent* event) {
 }
 
 void CapacityWindow::Form_Activate() {
-    run_.Control().Form_Activate();
+    run_.Control().Activate();
     ApplyControls();
     run_.ClearDisplay();
     run_.Result()->clear();
@@ -182,27 +181,19 @@ void CapacityWindow::ApplyControls() {
 }
 
 void CapacityWindow::Run_CapacityIteration() {
-    weld::WeldRunState& run = run_.Run();
-    WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), run.SegmentsPerInch);
-    run_.BeginRun(weld::kDisplayCapacity);
-
-    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::AiscElement) {
-        // The element model always ends by itself: no passes to show or stop.
-        const auto rep = weld::Weld_ElementCapacity(1.0, 1.0, doc_, run.SegmentsPerInch);
-        UnitCapacity = rep.Capacity;
-        run_.EndElementRun(rep.Refused, rep.Converged, UnitCapacity * ShownScale());
-        return;
-    }
-
-    const auto unit = run_.RunPasses([this](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
-        return weld::Weld_UnitCapacity(1.0, 1.0, doc_, state, hooks);
+    weld::SolveOptions options;
+    WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), options.SegmentsPerInch);
+    options.Model = shell::SolverModelOf(ModelBox);
+    run_.BeginRun();
+    const auto result = run_.Run([&](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
+        return weld::Solve_Layout(doc_, options, state, hooks);
     });
-    if (!unit) return;
-    UnitCapacity = *unit;
-    if (!run_.EndPasses(UnitCapacity * ShownScale())) return;
-    // The element model on the same group and load, in kips as shown.
-    run_.Check()->Check(UnitCapacity, weld::Board_ElementCheck(doc_, run.SegmentsPerInch), QStringLiteral("kips"),
-                        2, ShownScale());
+    if (!result) return;
+    UnitCapacity = result->Value;
+    if (!run_.EndRun(*result, UnitCapacity * ShownScale()).Converged) return;
+    // The value of the same group and load by the model it is checked against, in kips as shown.
+    if (auto check = weld::CrossCheck(weld::Layout_Group(doc_), options))
+        run_.Check()->Check(UnitCapacity, std::move(check), QStringLiteral("kips"), 2, ShownScale());
 }
 
 double CapacityWindow::ShownScale() const { return ElectrodeStrength * WeldSizeInches * MethodFactor; }

@@ -136,23 +136,19 @@ bool DecodeBoltRecords(std::string_view bytes, std::vector<BoltRecord>& records,
     return true;
 }
 
-ReadResult BoltData_Read(std::vector<BoltRecord>& records, const std::string& path, int16_t& status,
-                         const ErrorFn& ShowError) {
+ReadResult BoltData_Read(std::vector<BoltRecord>& records, const std::string& path, const ErrorFn& ShowError) {
     std::string bytes;
     BoltDataError error;
     switch (fileio::ReadWhole(path, kMaxFileBytes, bytes, error)) {
         case fileio::ReadOutcome::Missing:
-            status = -1;
             return ReadResult::NoFile;
         case fileio::ReadOutcome::Unreadable:
             // Perhaps a good file the user cannot open now: it stays.
-            status = -1;
             if (ShowError) ShowError(error.Message());
             return ReadResult::Unreadable;
         case fileio::ReadOutcome::TooLarge:
             // Not the program's, but perhaps the user's: kept under another name.
             fileio::SetAside(path);
-            status = -1;
             if (ShowError) ShowError(error.Message());
             return ReadResult::TooLarge;
         case fileio::ReadOutcome::Read:
@@ -161,13 +157,11 @@ ReadResult BoltData_Read(std::vector<BoltRecord>& records, const std::string& pa
     if (bytes.empty()) {
         // What an interrupted first session leaves: the first-run case.
         Remove(path);
-        status = -1;
         return ReadResult::NoFile;
     }
     std::vector<BoltRecord> loaded;
     if (DecodeBoltRecords(bytes, loaded, error)) {
         records = std::move(loaded);
-        status = 0;
         return ReadResult::Loaded;
     }
     Remove(path);

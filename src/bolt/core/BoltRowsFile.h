@@ -38,10 +38,10 @@ inline constexpr size_t kMaxFileBytes = 10 + kMaxRecords * (2 + 8 * (2 + kLonges
 
 // What a read of the file came to. Only Malformed deletes the file.
 enum class ReadResult {
-    Loaded,      // records replaced, status 0
-    NoFile,      // no file, or an empty one (then removed): status -1, no message
-    Unreadable,  // the file could not be opened or read: message shown, file left alone, status -1
-    TooLarge,    // longer than kMaxFileBytes: message shown, file renamed aside (fileio::SetAside), status -1
+    Loaded,      // records replaced
+    NoFile,      // no file, or an empty one (then removed): no message
+    Unreadable,  // the file could not be opened or read: message shown, file left alone
+    TooLarge,    // longer than kMaxFileBytes: message shown, file renamed aside (fileio::SetAside)
     Malformed,   // the bytes are not a table: message shown, file deleted
 };
 
@@ -64,16 +64,13 @@ bool EncodeBoltRecords(const std::vector<BoltRecord>& records, std::string& byte
 bool DecodeBoltRecords(std::string_view bytes, std::vector<BoltRecord>& records,
                        BoltDataError& error);
 
-// Reads the file into `records` and sets `status` to 0. With no file, or an
-// empty one, `status` becomes -1 and nothing is said. A file whose bytes are
-// malformed is deleted after the error message and `status` stays as it was.
+// Reads the file into `records`. With no file, or an empty one, nothing is
+// said. A file whose bytes are malformed is deleted after the error message.
 // One longer than kMaxFileBytes is reported ("Error No. 7:  Out of memory")
-// and renamed aside, `status` -1. A file that cannot be opened or read
-// (permissions, an I/O error, not a regular file) is left alone after the
-// message, `status` -1. `records` is changed only when the file was loaded.
-// No file is created.
-ReadResult BoltData_Read(std::vector<BoltRecord>& records, const std::string& path, int16_t& status,
-                   const ErrorFn& ShowError);
+// and renamed aside. A file that cannot be opened or read (permissions, an
+// I/O error, not a regular file) is left alone after the message. `records`
+// is changed only when the file was loaded. No file is created.
+ReadResult BoltData_Read(std::vector<BoltRecord>& records, const std::string& path, const ErrorFn& ShowError);
 
 // Writes `records` to the file. The new file replaces the old one only once
 // it is completely written, so a failed write leaves the old file as it was;

@@ -153,6 +153,10 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
     if (info != nullptr) {
         info->Passes = pass > INT32_MAX ? INT32_MAX : static_cast<int32_t>(pass);
         info->Halvings = settling.Halvings();
+        info->Relaxation = settling.Factor();
+        // Back from the load's frame (u along the load, v across it).
+        info->CenterX = s * Iv * cosA + Iu * sinA;
+        info->CenterY = Iu * cosA - s * Iv * sinA;
     }
     double C = 0.0;
     Store(C, (SumA + P) / 2.0);

@@ -1,6 +1,8 @@
-// Coefficients of a rectangular bolt group under an eccentric load by the
-// instantaneous center of rotation method: C, the group's strength as a
-// multiple of one bolt's strength, and C', its pure moment coefficient.
+// The program's own iteration for the coefficients of a rectangular bolt
+// group under an eccentric load by the instantaneous center of rotation
+// method: C, the group's strength as a multiple of one bolt's strength, and
+// C', its pure moment coefficient. Callers reach it through bolt::Solve
+// (BoltSolve.h), which also holds the element model.
 #pragma once
 
 #include <cstdint>
@@ -13,10 +15,14 @@ namespace bolt {
 
 using shell::YieldFn;
 
-// What one run of BoltGroup_C went through, for benchmarks and tests.
+// What one run of BoltGroup_C went through.
 struct BoltRunInfo {
-    int32_t Passes = 0;    // passes of the center loop
-    int32_t Halvings = 0;  // times the center correction was halved to settle the run
+    int32_t Passes = 0;       // passes of the center loop
+    int32_t Halvings = 0;     // times the center correction was halved to settle the run
+    double Relaxation = 1.0;  // the correction factor at the end
+    // The center at the end, from the centroid in the group's axes (x
+    // across, y up); the centroid itself when the load has no arm.
+    double CenterX = 0.0, CenterY = 0.0;
 };
 
 // A run that has not converged after this many passes and still swings about

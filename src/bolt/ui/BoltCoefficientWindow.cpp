@@ -20,17 +20,16 @@
 #include <algorithm>
 #include <cmath>
 
-#include "bolt/core/BoltElementModel.h"
-#include "bolt/core/BoltSolver.h"
+#include "bolt/core/BoltSolve.h"
+#include "shell/core/MathUtil.h"
+#include "shell/core/Primitives.h"
 #include "shell/ui/GridEditor.h"
 #include "shell/ui/ModelCheckLine.h"
-#include "shell/core/Primitives.h"
+#include "shell/ui/QtText.h"
+#include "shell/ui/RunPump.h"
 #include "shell/ui/SettingsStore.h"
 #include "shell/ui/SolverModelBox.h"
-#include "shell/core/MathUtil.h"
-#include "shell/ui/QtText.h"
 #include "shell/ui/WindowFit.h"
-#include "shell/ui/RunPump.h"
 #include "units/core/ImperialText.h"
 
 using namespace KeyFilters::KeyCode;
@@ -58,22 +57,18 @@ const char* const kHeadings[kDataCols] = {
     "Bolt Group Coefficient\n[C']",
 };
 
-// On a row's C cell: the C of the program's iteration, at full precision,
-// while the C shown is that iteration's for the inputs shown.
-constexpr int kIteratedC = Qt::UserRole;
+// On a row's C cell: the C shown, at full precision, while it is the C of
+// the inputs shown by a model that has a cross-check.
+constexpr int kCheckedC = Qt::UserRole;
 
-// The group and load of a row. False when m or n is not a whole number that fits.
-struct BoltCase {
-    int16_t m = 0, n = 0;
-    double sv = 0.0, sh = 0.0, ex = 0.0, angle = 0.0;
-};
-bool ReadCase(const CellGrid* grid, int row, BoltCase& k) {
+// The pattern and load of a row. False when m or n is not a whole number that fits.
+bool ReadCase(const CellGrid* grid, int row, bolt::BoltPattern& g, bolt::BoltLoad& load) {
     auto val = [&](int col) { return prim::Val(S(grid->TextMatrix(row, col).trimmed())); };
-    k.sv = val(3);
-    k.sh = val(4);
-    k.ex = val(5);
-    k.angle = val(6);
-    return prim::ToInt16(val(1), k.m) && prim::ToInt16(val(2), k.n);
+    g.Sv = val(3);
+    g.Sh = val(4);
+    load.Ex = val(5);
+    load.Angle = val(6);
+    return prim::ToInt16(val(1), g.M) && prim::ToInt16(val(2), g.N);
 }
 
 // Whole grid rows from the window's row count.
@@ -115,10 +110,10 @@ void BoltCoefficientWindow::BuildControls() {
     bold.setBold(true);
     stripCaption->setFont(bold);
 
-    ccFlex = new CellGrid(0, 1, this);
-    ccFlex->setObjectName(QStringLiteral("ccFlex"));
-    xxFlex = new CellGrid(0, 1, this);
-    xxFlex->setObjectName(QStringLiteral("xxFlex"));
+    GroupStrip = new CellGrid(0, 1, this);
+    GroupStrip->setObjectName(QStringLiteral("ccFlex"));
+    LoadStrip = new CellGrid(0, 1, this);
+    LoadStrip->setObjectName(QStringLiteral("xxFlex"));
 
     SaveButton = new QPushButton(QStringLiteral("Save Entries"), this);
     SaveButton->setObjectName(QStringLiteral("SaveButton"));
@@ -137,23 +132,23 @@ void BoltCoefficientWindow::BuildControls() {
     gridCaption->setObjectName(QStringLiteral("GridLabel"));
     gridCaption->setFont(bold);
 
-    cFlex = new CellGrid(1, 1, this);
-    cFlex->setObjectName(QStringLiteral("cFlex"));
-    cFlex->setFont(tahoma);
+    CaseGrid = new CellGrid(1, 1, this);
+    CaseGrid->setObjectName(QStringLiteral("cFlex"));
+    CaseGrid->setFont(tahoma);
 
     // The floating edit box lies on the same container as the grid.
-    EdiTxt = new QLineEdit(this);
-    EdiTxt->setObjectName(QStringLiteral("EdiTxt"));
-    EdiTxt->setFrame(false);
-    EdiTxt->setFont(tahoma);
-    EdiTxt->setStyleSheet(QStringLiteral("background: #FFFFE8; border: 1px solid #3060C0; padding: 0 4px;"));
-    EdiTxt->setVisible(false);
-    EdiTxt->installEventFilter(this);
+    CellEditor = new QLineEdit(this);
+    CellEditor->setObjectName(QStringLiteral("EdiTxt"));
+    CellEditor->setFrame(false);
+    CellEditor->setFont(tahoma);
+    CellEditor->setStyleSheet(QStringLiteral("background: #FFFFE8; border: 1px solid #3060C0; padding: 0 4px;"));
+    CellEditor->setVisible(false);
+    CellEditor->installEventFilter(this);
 
     auto* strip = new QHBoxLayout;
     strip->setSpacing(6);
-    strip->addWidget(ccFlex);
-    strip->addWidget(xxFlex);
+    strip->addWidget(GroupStrip);
+    strip->addWidget(LoadStrip);
     strip->addStretch(1);
 
     auto* buttons = new QGridLayout;
@@ -197,7 +192,7 @@ void BoltCoefficientWindow::BuildControls() {
     main->addLayout(top);
     main->addSpacing(4);
     main->addWidget(gridCaption);
-    main->addWidget(cFlex, 1);
+    main->addWidget(CaseGrid, 1);
     main->addWidget(ModelCheck);
     main->addWidget(StatusLine);
 
@@ -206,14 +201,14 @@ void BoltCoefficientWindow::BuildControls() {
     connect(ClearButton, &QPushButton::clicked, this, &BoltCoefficientWindow::ClearButton_Click);
     connect(SaveButton, &QPushButton::clicked, this, &BoltCoefficientWindow::SaveButton_Click);
 
-    connect(cFlex, &CellGrid::KeyDown, this, &BoltCoefficientWindow::cFlex_KeyDown);
-    connect(cFlex, &CellGrid::KeyPress, this, &BoltCoefficientWindow::cFlex_KeyPress);
-    connect(cFlex, &CellGrid::DblClick, this, &BoltCoefficientWindow::cFlex_DblClick);
-    connect(cFlex, &CellGrid::MouseDown, this, &BoltCoefficientWindow::cFlex_MouseDown);
-    connect(cFlex, &CellGrid::SelChange, this, &BoltCoefficientWindow::ShowSelection);
-    connect(cFlex, &CellGrid::LeaveCell, this, [this](int, int) { CloseEdit(); });
-    connect(cFlex, &CellGrid::GotFocus, this, &BoltCoefficientWindow::CloseEdit);
-    connect(cFlex, &CellGrid::Scroll, this, &BoltCoefficientWindow::cFlex_Scroll);
+    connect(CaseGrid, &CellGrid::KeyDown, this, &BoltCoefficientWindow::CaseGrid_KeyDown);
+    connect(CaseGrid, &CellGrid::KeyPress, this, &BoltCoefficientWindow::CaseGrid_KeyPress);
+    connect(CaseGrid, &CellGrid::DblClick, this, &BoltCoefficientWindow::CaseGrid_DblClick);
+    connect(CaseGrid, &CellGrid::MouseDown, this, &BoltCoefficientWindow::CaseGrid_MouseDown);
+    connect(CaseGrid, &CellGrid::SelChange, this, &BoltCoefficientWindow::ShowSelection);
+    connect(CaseGrid, &CellGrid::LeaveCell, this, [this](int, int) { CloseEdit(); });
+    connect(CaseGrid, &CellGrid::GotFocus, this, &BoltCoefficientWindow::CloseEdit);
+    connect(CaseGrid, &CellGrid::Scroll, this, &BoltCoefficientWindow::CaseGrid_Scroll);
 }
 
 void BoltCoefficientWindow::Form_Load() {
@@ -224,8 +219,8 @@ void BoltCoefficientWindow::Form_Load() {
     Rows = static_cast<float>(shell::MaxOf({Rows, kMinRows}));
     if (!(Rows <= static_cast<float>(kMaxRows))) Rows = static_cast<float>(kMaxRows);
     RemRowButton->setEnabled(Rows > kMinRows);
-    Init_cFlex();
-    Init_valFlex();
+    Init_CaseGrid();
+    Init_Strips();
     LoadRecords();
     shell::FitToScreen(this);  // as large as the grid wants, within the screen
 }
@@ -233,26 +228,26 @@ void BoltCoefficientWindow::Form_Load() {
 // Room for every column and fifteen rows of the grid.
 QSize BoltCoefficientWindow::sizeHint() const {
     const QSize base = QWidget::sizeHint();
-    const QSize grid = cFlex->sizeHint();
+    const QSize grid = CaseGrid->sizeHint();
     return base + QSize(std::max(0, preferredGrid_.width() - grid.width()),
                         std::max(0, preferredGrid_.height() - grid.height()));
 }
 
-void BoltCoefficientWindow::Init_cFlex() {
-    cFlex->SetCols(kDataCols);
-    cFlex->SetRows(GridRowsOf(Rows));
-    QHeaderView* head = cFlex->horizontalHeader();
+void BoltCoefficientWindow::Init_CaseGrid() {
+    CaseGrid->SetCols(kDataCols);
+    CaseGrid->SetRows(GridRowsOf(Rows));
+    QHeaderView* head = CaseGrid->horizontalHeader();
     head->setDefaultAlignment(Qt::Alignment(static_cast<int>(Qt::AlignCenter) | static_cast<int>(Qt::TextWordWrap)));
     for (int c = 0; c < kDataCols; ++c) {
-        QTableWidgetItem* h = cFlex->Cell(0, c);
+        QTableWidgetItem* h = CaseGrid->Cell(0, c);
         h->setText(QString::fromUtf8(kHeadings[c]));
         h->setTextAlignment(Qt::Alignment(static_cast<int>(Qt::AlignCenter) | static_cast<int>(Qt::TextWordWrap)));
         h->setBackground(kHeadingBack);
         h->setForeground(c > 6 ? kBlue : kRed);
     }
-    for (int r = 1; r < cFlex->Rows(); ++r) StyleDataRow(r);
+    for (int r = 1; r < CaseGrid->Rows(); ++r) StyleDataRow(r);
     SizeGrid();
-    cFlex->setCurrentCell(0, 1);
+    CaseGrid->setCurrentCell(0, 1);
 }
 
 // Widths and heights of the grid's own units (1/1440 inch) at the screen's
@@ -260,8 +255,8 @@ void BoltCoefficientWindow::Init_cFlex() {
 void BoltCoefficientWindow::SizeGrid() {
     const double perUnit = logicalDpiY() / 1440.0;
     auto px = [perUnit](int units) { return static_cast<int>(std::lround(units * perUnit)); };
-    const QFontMetrics fm(cFlex->font());
-    QFont headFont = cFlex->horizontalHeader()->font();
+    const QFontMetrics fm(CaseGrid->font());
+    QFont headFont = CaseGrid->horizontalHeader()->font();
     const QFontMetrics hm(headFont);
 
     int colWidth = px(1087);
@@ -274,52 +269,52 @@ void BoltCoefficientWindow::SizeGrid() {
     colWidth = std::max(colWidth, fm.horizontalAdvance(QStringLiteral("99,999.000  ")) + 10);
     const int numberWidth =
         std::max(px(535), fm.horizontalAdvance(QStringLiteral("No.")) + 16);
-    cFlex->setColumnWidth(0, numberWidth);
-    for (int c = 1; c < kDataCols; ++c) cFlex->setColumnWidth(c, colWidth);
+    CaseGrid->setColumnWidth(0, numberWidth);
+    for (int c = 1; c < kDataCols; ++c) CaseGrid->setColumnWidth(c, colWidth);
 
     int headHeight = px(952);
     for (int c = 0; c < kDataCols; ++c) {
-        const QRect need = hm.boundingRect(QRect(0, 0, cFlex->columnWidth(c) - 8, 1000),
+        const QRect need = hm.boundingRect(QRect(0, 0, CaseGrid->columnWidth(c) - 8, 1000),
                                            Qt::AlignCenter | Qt::TextWordWrap,
-                                           cFlex->TextMatrix(0, c));
+                                           CaseGrid->TextMatrix(0, c));
         headHeight = std::max(headHeight, need.height() + 16);
     }
-    cFlex->horizontalHeader()->setFixedHeight(headHeight);
+    CaseGrid->horizontalHeader()->setFixedHeight(headHeight);
     const int rowHeight = std::max(px(350), fm.height() + 8);
-    cFlex->SetRowHeightAll(rowHeight);
+    CaseGrid->SetRowHeightAll(rowHeight);
 
     // The grid asks for room for every column and fifteen rows, but makes do
     // with less on a small screen: it scrolls, and grows with the window.
-    int width = 2 * cFlex->frameWidth() + cFlex->verticalScrollBar()->sizeHint().width();
-    for (int c = 0; c < kDataCols; ++c) width += cFlex->columnWidth(c);
-    preferredGrid_ = QSize(width, 2 * cFlex->frameWidth() + headHeight + 15 * rowHeight);
-    cFlex->setMinimumSize(std::min(width, 360), 2 * cFlex->frameWidth() + headHeight + 3 * rowHeight);
-    cFlex->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    cFlex->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    int width = 2 * CaseGrid->frameWidth() + CaseGrid->verticalScrollBar()->sizeHint().width();
+    for (int c = 0; c < kDataCols; ++c) width += CaseGrid->columnWidth(c);
+    preferredGrid_ = QSize(width, 2 * CaseGrid->frameWidth() + headHeight + 15 * rowHeight);
+    CaseGrid->setMinimumSize(std::min(width, 360), 2 * CaseGrid->frameWidth() + headHeight + 3 * rowHeight);
+    CaseGrid->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    CaseGrid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
 }
 
 void BoltCoefficientWindow::StyleDataRow(int row) {
-    QTableWidgetItem* no = cFlex->Cell(row, 0);
+    QTableWidgetItem* no = CaseGrid->Cell(row, 0);
     if (no == nullptr) return;
     no->setText(QString::number(row));
     no->setTextAlignment(Qt::AlignCenter);
     no->setForeground(kBlue);
     no->setBackground(kHeadingBack);
     for (int c = 1; c < kDataCols; ++c) {
-        QTableWidgetItem* it = cFlex->Cell(row, c);
+        QTableWidgetItem* it = CaseGrid->Cell(row, c);
         it->setTextAlignment(c <= 2 ? Qt::AlignCenter : (Qt::AlignRight | Qt::AlignVCenter));
         if (c >= 7) it->setForeground(kBlue);
     }
 }
 
-void BoltCoefficientWindow::Init_valFlex() {
+void BoltCoefficientWindow::Init_Strips() {
     const double perUnit = logicalDpiY() / 1440.0;
     auto px = [perUnit](int units) { return static_cast<int>(std::lround(units * perUnit)); };
     const char* const names[2][4] = {{"m", "n", "sv", "sh"}, {"ex", "\u00D8", "C", "C'"}};
-    CellGrid* grids[2] = {ccFlex, xxFlex};
+    CellGrid* grids[2] = {GroupStrip, LoadStrip};
     for (int g = 0; g < 2; ++g) {
         CellGrid* f = grids[g];
-        QFont tahoma = cFlex->font();
+        QFont tahoma = CaseGrid->font();
         f->setFont(tahoma);
         f->SetCols(2);
         f->SetRows(4);
@@ -349,28 +344,28 @@ void BoltCoefficientWindow::Init_valFlex() {
 }
 
 void BoltCoefficientWindow::LoadRecords() {
-    int16_t status = 0;
-    BoltRows::BoltData_Read(BoltRecords, S(DataFilePath()), status,
-                                    [this](const std::string& m) {
-                                        ShowMessage(QMessageBox::Critical, QStringLiteral("Warning:"), Q(m));
-                                    });
-    if (status == -1) return;
-    const int last = cFlex->Rows() - 1;
+    using BoltRows::ReadResult;
+    const ReadResult read = BoltRows::BoltData_Read(BoltRecords, S(DataFilePath()), [this](const std::string& m) {
+        ShowMessage(QMessageBox::Critical, QStringLiteral("Warning:"), Q(m));
+    });
+    // A malformed file leaves the rows the program holds; they are shown.
+    if (read != ReadResult::Loaded && read != ReadResult::Malformed) return;
+    const int last = CaseGrid->Rows() - 1;
     for (const auto& rec : BoltRecords) {
         if (rec.Row < 1 || rec.Row > last) continue;
         const std::string* texts[8] = {&rec.M, &rec.N, &rec.Sv, &rec.Sh,
                                        &rec.Ex, &rec.Angle, &rec.C, &rec.CPrime};
-        for (int c = 1; c <= 8; ++c) cFlex->SetTextMatrix(rec.Row, c, Q(*texts[c - 1]));
+        for (int c = 1; c <= 8; ++c) CaseGrid->SetTextMatrix(rec.Row, c, Q(*texts[c - 1]));
     }
 }
 
 void BoltCoefficientWindow::Calculate_C(int row) {
-    if (row < 1 || row >= cFlex->Rows()) return;
-    cFlex->Cell(row, 7)->setData(kIteratedC, QVariant());
+    if (row < 1 || row >= CaseGrid->Rows()) return;
+    CaseGrid->Cell(row, 7)->setData(kCheckedC, QVariant());
     for (int c = 1; c <= 6; ++c) {
-        if (cFlex->TextMatrix(row, c).trimmed().isEmpty()) {
-            cFlex->SetTextMatrix(row, 7, QString());
-            cFlex->SetTextMatrix(row, 8, QString());
+        if (CaseGrid->TextMatrix(row, c).trimmed().isEmpty()) {
+            CaseGrid->SetTextMatrix(row, 7, QString());
+            CaseGrid->SetTextMatrix(row, 8, QString());
             return;
         }
     }
@@ -378,57 +373,48 @@ void BoltCoefficientWindow::Calculate_C(int row) {
     // they were; the status line says why.
     const QString rowName = QStringLiteral("Row %1: ").arg(row);
     StatusLine->clear();
-    BoltCase k;
-    if (!ReadCase(cFlex, row, k)) {
+    bolt::BoltPattern pattern;
+    bolt::BoltLoad load;
+    if (!ReadCase(CaseGrid, row, pattern, load)) {
         StatusLine->setText(rowName + QStringLiteral("the numbers of bolt rows must be whole numbers up to 32,767."));
         return;
     }
-    const auto [m, n, sv, sh, ex, angle] = k;
-    const QString noGroup =
-        rowName + QStringLiteral("no bolt group: m and n must both be at least 1, with m × n at most 32,767 bolts.");
-
-    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::AiscElement) {
-        const auto c = BoltElementModel::BoltGroup_C(m, n, sv, sh, ex, angle);
-        const auto cp = BoltElementModel::BoltGroup_CPrime(m, n, sv, sh);
-        if (c.Refused || cp.Refused) {
-            StatusLine->setText(noGroup);
-            return;
-        }
-        if (!c.Converged) {
-            StatusLine->setText(rowName + QStringLiteral("the AISC element model finds no equilibrium for this load."));
-            return;
-        }
-        cFlex->SetTextMatrix(row, 7, Q(prim::Format(c.Value, "##,##0.000  ")));
-        cFlex->SetTextMatrix(row, 8, Q(prim::Format(cp.Converged ? cp.Value : 0.0, "##,##0.000  ")));
-        return;
-    }
-    const auto cPrime = bolt::BoltGroup_CPrime(m, n, sv, sh);
-    if (!cPrime) {
-        StatusLine->setText(noGroup);
-        return;
-    }
+    const bolt::SolveOptions options{shell::SolverModelOf(ModelBox)};
+    const bolt::SolveResult cPrime = bolt::Solve(pattern, bolt::kCouple, options);
     // The window stays live during a long run.
     shell::ThrottledPump pump;
-    const auto c = bolt::BoltGroup_C(m, n, sv, sh, ex, angle, pump.AsYield());
-    if (!c || guard_.ClosePending()) return;
-    cFlex->SetTextMatrix(row, 7, Q(prim::Format(*c, "##,##0.000  ")));
-    cFlex->SetTextMatrix(row, 8, Q(prim::Format(*cPrime, "##,##0.000  ")));
-    cFlex->Cell(row, 7)->setData(kIteratedC, *c);
+    const bolt::SolveResult c = cPrime.Refused ? cPrime : bolt::Solve(pattern, load, options, pump.AsYield());
+    if (guard_.ClosePending()) return;
+    if (c.Refused) {
+        StatusLine->setText(
+            rowName +
+            QStringLiteral("no bolt group: m and n must both be at least 1, with m × n at most 32,767 bolts."));
+        return;
+    }
+    if (!c.Converged) {
+        StatusLine->setText(rowName + QStringLiteral("the AISC element model finds no equilibrium for this load."));
+        return;
+    }
+    CaseGrid->SetTextMatrix(row, 7, Q(prim::Format(c.Value, "##,##0.000  ")));
+    CaseGrid->SetTextMatrix(row, 8, Q(prim::Format(cPrime.Converged ? cPrime.Value : 0.0, "##,##0.000  ")));
+    if (shell::CrossCheckModel(options.Model)) CaseGrid->Cell(row, 7)->setData(kCheckedC, c.Value);
 }
 
-// The element model's C of the current row's group and load beside the
-// iteration's C, solved aside. Nothing for a row without a C of the
-// iteration, or while the element model is the chosen one.
+// The C of the current row's group and load by the model the chosen one is
+// checked against, beside the C shown, solved aside. Nothing for a row
+// without a C of the chosen model, or where that model has no cross-check.
 void BoltCoefficientWindow::CheckRow() {
-    const int r = cFlex->Row();
-    const QTableWidgetItem* cell = cFlex->Cell(r, 7);
-    const QVariant c = cell != nullptr ? cell->data(kIteratedC) : QVariant();
-    BoltCase k;
+    const int r = CaseGrid->Row();
+    const QTableWidgetItem* cell = CaseGrid->Cell(r, 7);
+    const QVariant c = cell != nullptr ? cell->data(kCheckedC) : QVariant();
+    const bolt::SolveOptions options{shell::SolverModelOf(ModelBox)};
+    bolt::BoltPattern pattern;
+    bolt::BoltLoad load;
     QString key;
-    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::Iterative && c.isValid() &&
-        !cell->text().trimmed().isEmpty() && ReadCase(cFlex, r, k)) {
+    if (shell::CrossCheckModel(options.Model) && c.isValid() && !cell->text().trimmed().isEmpty() &&
+        ReadCase(CaseGrid, r, pattern, load)) {
         key = QString::number(r) + QLatin1Char('|') + QString::number(c.toDouble(), 'g', 17);
-        for (int col = 1; col <= 6; ++col) key += QLatin1Char('|') + cFlex->TextMatrix(r, col).trimmed();
+        for (int col = 1; col <= 6; ++col) key += QLatin1Char('|') + CaseGrid->TextMatrix(r, col).trimmed();
     }
     if (key == checkedKey_) return;  // already shown or under way
     checkedKey_ = key;
@@ -436,30 +422,23 @@ void BoltCoefficientWindow::CheckRow() {
         ModelCheck->Clear();
         return;
     }
-    ModelCheck->Check(
-        c.toDouble(),
-        [k]() -> std::optional<double> {
-            const auto rep = BoltElementModel::BoltGroup_C(k.m, k.n, k.sv, k.sh, k.ex, k.angle);
-            if (!rep.Converged) return std::nullopt;
-            return rep.Value;
-        },
-        QString(), 3);
+    ModelCheck->Check(c.toDouble(), bolt::CrossCheck(pattern, load, options), QString(), 3);
 }
 
-void BoltCoefficientWindow::ModifyTextC(QLineEdit* edit) {
+void BoltCoefficientWindow::FormatCell(QLineEdit* edit) {
     if (edit->text().trimmed().isEmpty()) return;
     edit->setText(Q(prim::Format(prim::Val(S(edit->text())), "0.000##  ")));
 }
 
 bool BoltCoefficientWindow::RowHasEntry(int row) const {
     for (int c = 1; c <= 6; ++c)
-        if (!cFlex->TextMatrix(row, c).trimmed().isEmpty()) return true;
+        if (!CaseGrid->TextMatrix(row, c).trimmed().isEmpty()) return true;
     return false;
 }
 
 int BoltCoefficientWindow::CountEntries() const {
     int count = 0;
-    for (int r = 1; r < cFlex->Rows(); ++r)
+    for (int r = 1; r < CaseGrid->Rows(); ++r)
         if (RowHasEntry(r)) ++count;
     return count;
 }
@@ -469,30 +448,30 @@ void BoltCoefficientWindow::RestoreRow(int row) {
         if (rec.Row != row) continue;
         const std::string* texts[8] = {&rec.M, &rec.N, &rec.Sv, &rec.Sh,
                                        &rec.Ex, &rec.Angle, &rec.C, &rec.CPrime};
-        for (int c = 1; c <= 8; ++c) cFlex->SetTextMatrix(row, c, Q(*texts[c - 1]));
+        for (int c = 1; c <= 8; ++c) CaseGrid->SetTextMatrix(row, c, Q(*texts[c - 1]));
         return;
     }
 }
 
 void BoltCoefficientWindow::ShowSelection() {
-    const int r = cFlex->Row();
+    const int r = CaseGrid->Row();
     auto trimmedWith = [this, r](int col, const QString& tail) {
-        const QString t = cFlex->TextMatrix(r, col).trimmed();
+        const QString t = CaseGrid->TextMatrix(r, col).trimmed();
         return t.isEmpty() ? t : t + tail;
     };
     auto inches = [this, r](int col) {
-        const QString t = cFlex->TextMatrix(r, col);
+        const QString t = CaseGrid->TextMatrix(r, col);
         if (t.trimmed().isEmpty()) return QString();
         return Q(Imperial::Imperial_Text(prim::Val(S(t)) / 12.0, 16, 1, 0)) + QStringLiteral("   ");
     };
-    ccFlex->SetTextMatrix(0, 1, trimmedWith(1, QStringLiteral("    ")));
-    ccFlex->SetTextMatrix(1, 1, trimmedWith(2, QStringLiteral("    ")));
-    ccFlex->SetTextMatrix(2, 1, inches(3));
-    ccFlex->SetTextMatrix(3, 1, inches(4));
-    xxFlex->SetTextMatrix(0, 1, inches(5));
-    xxFlex->SetTextMatrix(1, 1, cFlex->TextMatrix(r, 6).trimmed() + QStringLiteral("\u00B0  "));
-    xxFlex->SetTextMatrix(2, 1, trimmedWith(7, QStringLiteral("   ")));
-    xxFlex->SetTextMatrix(3, 1, trimmedWith(8, QStringLiteral("   ")));
+    GroupStrip->SetTextMatrix(0, 1, trimmedWith(1, QStringLiteral("    ")));
+    GroupStrip->SetTextMatrix(1, 1, trimmedWith(2, QStringLiteral("    ")));
+    GroupStrip->SetTextMatrix(2, 1, inches(3));
+    GroupStrip->SetTextMatrix(3, 1, inches(4));
+    LoadStrip->SetTextMatrix(0, 1, inches(5));
+    LoadStrip->SetTextMatrix(1, 1, CaseGrid->TextMatrix(r, 6).trimmed() + QStringLiteral("\u00B0  "));
+    LoadStrip->SetTextMatrix(2, 1, trimmedWith(7, QStringLiteral("   ")));
+    LoadStrip->SetTextMatrix(3, 1, trimmedWith(8, QStringLiteral("   ")));
     CheckRow();
 }
 
@@ -500,11 +479,11 @@ void BoltCoefficientWindow::AddRowButton_Click() {
     const auto busy = guard_.Enter();
     if (Rows >= static_cast<float>(kMaxRows)) return;
     Rows += 1.0f;
-    cFlex->SetRows(GridRowsOf(Rows));
-    const int last = cFlex->Rows() - 1;
+    CaseGrid->SetRows(GridRowsOf(Rows));
+    const int last = CaseGrid->Rows() - 1;
     StyleDataRow(last);
-    cFlex->SetTopRow(std::max(1, cFlex->Rows() - 11));
-    cFlex->SetRow(last);
+    CaseGrid->SetTopRow(std::max(1, CaseGrid->Rows() - 11));
+    CaseGrid->SetRow(last);
     RestoreRow(last);
     RemRowButton->setEnabled(Rows > kMinRows);
 }
@@ -512,7 +491,7 @@ void BoltCoefficientWindow::AddRowButton_Click() {
 void BoltCoefficientWindow::RemRowButton_Click() {
     const auto busy = guard_.Enter();
     Rows = static_cast<float>(shell::MaxOf({Rows - 1.0f, kMinRows}));
-    cFlex->SetRows(GridRowsOf(Rows));
+    CaseGrid->SetRows(GridRowsOf(Rows));
     RemRowButton->setEnabled(Rows > kMinRows);
 }
 
@@ -527,9 +506,9 @@ void BoltCoefficientWindow::ClearButton_Click() {
                     QStringLiteral("Are you sure you really want to clear Entries?"),
                     QMessageBox::Yes | QMessageBox::No, this);
     if (ask.exec() != QMessageBox::Yes) return;
-    EdiTxt->setVisible(false);
-    for (int r = 1; r < cFlex->Rows(); ++r)
-        for (int c = 1; c <= 8; ++c) cFlex->SetTextMatrix(r, c, QString());
+    CellEditor->setVisible(false);
+    for (int r = 1; r < CaseGrid->Rows(); ++r)
+        for (int c = 1; c <= 8; ++c) CaseGrid->SetTextMatrix(r, c, QString());
     const QString path = DataFilePath();
     if (QFile::exists(path)) QFile::remove(path);
     CheckRow();
@@ -545,13 +524,13 @@ void BoltCoefficientWindow::SaveButton_Click() {
     }
     BoltRecords.assign(static_cast<size_t>(count), {});
     size_t next = 0;
-    for (int r = 1; r < cFlex->Rows() && next < BoltRecords.size(); ++r) {
+    for (int r = 1; r < CaseGrid->Rows() && next < BoltRecords.size(); ++r) {
         if (!RowHasEntry(r)) continue;
         auto& rec = BoltRecords[next++];
         rec.Row = static_cast<int16_t>(r);
         std::string* texts[8] = {&rec.M, &rec.N, &rec.Sv, &rec.Sh,
                                  &rec.Ex, &rec.Angle, &rec.C, &rec.CPrime};
-        for (int c = 1; c <= 8; ++c) *texts[c - 1] = S(cFlex->TextMatrix(r, c));
+        for (int c = 1; c <= 8; ++c) *texts[c - 1] = S(CaseGrid->TextMatrix(r, c));
     }
     BoltRows::BoltData_Write(BoltRecords, S(DataFilePath()), [this](const std::string& m) {
         ShowMessage(QMessageBox::Critical, QStringLiteral("Warning:"), Q(m));
@@ -565,15 +544,15 @@ void BoltCoefficientWindow::ShowMessage(int icon, const QString& title, const QS
     box.exec();
 }
 
-void BoltCoefficientWindow::cFlex_KeyDown(int16_t keyCode, int, bool& handled) {
+void BoltCoefficientWindow::CaseGrid_KeyDown(int16_t keyCode, int, bool& handled) {
     const auto busy = guard_.Enter();
-    const int col = cFlex->Col();
+    const int col = CaseGrid->Col();
     if (col < 1 || col > 6) return;
     if (keyCode == Delete) {
         handled = true;
-        cFlex->SetTextMatrix(cFlex->Row(), col, QString());
-        EdiTxt->setText(QString());
-        Calculate_C(cFlex->Row());
+        CaseGrid->SetTextMatrix(CaseGrid->Row(), col, QString());
+        CellEditor->setText(QString());
+        Calculate_C(CaseGrid->Row());
         CheckRow();
     } else if (keyCode == F2) {
         handled = true;
@@ -583,81 +562,81 @@ void BoltCoefficientWindow::cFlex_KeyDown(int16_t keyCode, int, bool& handled) {
 
 int16_t BoltCoefficientWindow::FilterKey(int col, int16_t key, bool boxIsRefilled) const {
     // A key that opens the box replaces its text, so it is judged against an empty box.
-    KeyFilters::BoxState box = boxIsRefilled ? KeyFilters::BoxState{} : GridEditor::StateOf(EdiTxt);
+    KeyFilters::BoxState box = boxIsRefilled ? KeyFilters::BoxState{} : GridEditor::StateOf(CellEditor);
     if (col == 1 || col == 2) return KeyFilters::Key_Digit(key);
     if (col >= 3 && col <= 5) return KeyFilters::Key_UnsignedDecimal(key, box);
     if (col == 6) return KeyFilters::Key_SignedDecimal(key, box);
     return 0;
 }
 
-void BoltCoefficientWindow::cFlex_KeyPress(int16_t key) {
+void BoltCoefficientWindow::CaseGrid_KeyPress(int16_t key) {
     const auto busy = guard_.Enter();
     if (key == Esc) return;
-    const int col = cFlex->Col();
+    const int col = CaseGrid->Col();
     if (col < 1 || col > 6) return;
     const int16_t passed = FilterKey(col, key, true);
     if (passed != 0) OpenEditor(passed, true);
 }
 
-void BoltCoefficientWindow::cFlex_DblClick() {
+void BoltCoefficientWindow::CaseGrid_DblClick() {
     const auto busy = guard_.Enter();
-    const int col = cFlex->Col();
+    const int col = CaseGrid->Col();
     if (col >= 1 && col <= 6) OpenEditor(Space, true);
 }
 
-void BoltCoefficientWindow::cFlex_MouseDown(Qt::MouseButton button) {
+void BoltCoefficientWindow::CaseGrid_MouseDown(Qt::MouseButton button) {
     const auto busy = guard_.Enter();
     if (button != Qt::LeftButton) return;
     RowClicked = true;
     ShowSelection();
 }
 
-void BoltCoefficientWindow::cFlex_Scroll() {
+void BoltCoefficientWindow::CaseGrid_Scroll() {
     const auto busy = guard_.Enter();
-    const int col = cFlex->Col();
-    if (EdiTxt->isVisible() && col >= 1 && col <= 6) GridEditor::Flex_OpenEditor(cFlex, EdiTxt, 0, false);
+    const int col = CaseGrid->Col();
+    if (CellEditor->isVisible() && col >= 1 && col <= 6) GridEditor::Flex_OpenEditor(CaseGrid, CellEditor, 0, false);
 }
 
 void BoltCoefficientWindow::OpenEditor(int16_t key, bool takeKey) {
-    editRow_ = cFlex->Row();
-    editCol_ = cFlex->Col();
-    EdiTxt->setAlignment(editCol_ <= 2 ? Qt::AlignCenter : (Qt::AlignRight | Qt::AlignVCenter));
-    GridEditor::Flex_OpenEditor(cFlex, EdiTxt, key, takeKey);
+    editRow_ = CaseGrid->Row();
+    editCol_ = CaseGrid->Col();
+    CellEditor->setAlignment(editCol_ <= 2 ? Qt::AlignCenter : (Qt::AlignRight | Qt::AlignVCenter));
+    GridEditor::Flex_OpenEditor(CaseGrid, CellEditor, key, takeKey);
 }
 
 void BoltCoefficientWindow::CloseEdit() {
     const auto busy = guard_.Enter();
     if (closingEdit_) return;
     ShowSelection();
-    if (!EdiTxt->isVisible()) return;
+    if (!CellEditor->isVisible()) return;
     closingEdit_ = true;
     const int row = editRow_;
     const int col = editCol_;
-    if (col >= 3 && col <= 6) ModifyTextC(EdiTxt);
-    if (col >= 1 && col <= 6) cFlex->SetTextMatrix(row, col, EdiTxt->text());
-    if (EdiTxt->hasFocus()) cFlex->setFocus();
-    EdiTxt->setVisible(false);
+    if (col >= 3 && col <= 6) FormatCell(CellEditor);
+    if (col >= 1 && col <= 6) CaseGrid->SetTextMatrix(row, col, CellEditor->text());
+    if (CellEditor->hasFocus()) CaseGrid->setFocus();
+    CellEditor->setVisible(false);
     closingEdit_ = false;
     if (col >= 1 && col <= 6) Calculate_C(row);
     CheckRow();
 }
 
-bool BoltCoefficientWindow::EdiTxt_KeyPress(QKeyEvent* event) {
+bool BoltCoefficientWindow::CellEditor_KeyPress(QKeyEvent* event) {
     const int shift = static_cast<int>(event->modifiers());
     auto leave = [&](int16_t how) {
-        GridEditor::Flex_LeaveEditor(cFlex, EdiTxt, how, shift, [this] { CloseEdit(); });
+        GridEditor::Flex_LeaveEditor(CaseGrid, CellEditor, how, shift, [this] { CloseEdit(); });
     };
     auto commit = [this] {
-        if (editCol_ >= 3 && editCol_ <= 6) ModifyTextC(EdiTxt);
+        if (editCol_ >= 3 && editCol_ <= 6) FormatCell(CellEditor);
     };
-    return GridEditor::Editor_KeyDown(event, EdiTxt, commit, leave,
+    return GridEditor::Editor_KeyDown(event, CellEditor, commit, leave,
                                           [this](int16_t ch) { return FilterKey(editCol_, ch, false); });
 }
 
 bool BoltCoefficientWindow::eventFilter(QObject* watched, QEvent* event) {
     const auto busy = guard_.Enter();
-    if (watched == EdiTxt) {
-        if (event->type() == QEvent::KeyPress) return EdiTxt_KeyPress(static_cast<QKeyEvent*>(event));
+    if (watched == CellEditor) {
+        if (event->type() == QEvent::KeyPress) return CellEditor_KeyPress(static_cast<QKeyEvent*>(event));
         if (event->type() == QEvent::FocusOut) {
             const auto reason = static_cast<QFocusEvent*>(event)->reason();
             if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) CloseEdit();
@@ -669,8 +648,8 @@ bool BoltCoefficientWindow::eventFilter(QObject* watched, QEvent* event) {
 // The children outlive this object's own destructor: while they go, a scroll
 // bar or the edit box may still signal or filter through this window.
 BoltCoefficientWindow::~BoltCoefficientWindow() {
-    cFlex->disconnect(this);
-    EdiTxt->removeEventFilter(this);
+    CaseGrid->disconnect(this);
+    CellEditor->removeEventFilter(this);
 }
 
 void BoltCoefficientWindow::closeEvent(QCloseEvent* event) {

@@ -39,13 +39,13 @@ protected:
 private:
     void BuildControls();
     void Form_Load();
-    void Init_cFlex();
-    void Init_valFlex();
+    void Init_CaseGrid();
+    void Init_Strips();
     void LoadRecords();
     void SizeGrid();
 
     void Calculate_C(int row);
-    void ModifyTextC(QLineEdit* edit);
+    void FormatCell(QLineEdit* edit);
     bool RowHasEntry(int row) const;
     int CountEntries() const;
     void RestoreRow(int row);
@@ -58,15 +58,15 @@ private:
     void ClearButton_Click();
     void SaveButton_Click();
 
-    void cFlex_KeyDown(int16_t keyCode, int shift, bool& handled);
-    void cFlex_KeyPress(int16_t key);
-    void cFlex_DblClick();
-    void cFlex_MouseDown(Qt::MouseButton button);
-    void cFlex_Scroll();
+    void CaseGrid_KeyDown(int16_t keyCode, int shift, bool& handled);
+    void CaseGrid_KeyPress(int16_t key);
+    void CaseGrid_DblClick();
+    void CaseGrid_MouseDown(Qt::MouseButton button);
+    void CaseGrid_Scroll();
     void OpenEditor(int16_t key, bool takeKey);
     // Commits the edit box into its cell and works out that row.
     void CloseEdit();
-    bool EdiTxt_KeyPress(QKeyEvent* event);
+    bool CellEditor_KeyPress(QKeyEvent* event);
     int16_t FilterKey(int col, int16_t key, bool boxIsRefilled) const;
     void ShowMessage(int icon, const QString& title, const QString& text);
 
@@ -74,10 +74,10 @@ private:
     float Rows = 16.0f;
     bool RowClicked = false;
 
-    CellGrid* cFlex = nullptr;
-    CellGrid* ccFlex = nullptr;
-    CellGrid* xxFlex = nullptr;
-    QLineEdit* EdiTxt = nullptr;
+    CellGrid* CaseGrid = nullptr;    // one bolt group and load a row ("cFlex")
+    CellGrid* GroupStrip = nullptr;  // the current row's m, n, sv, sh ("ccFlex")
+    CellGrid* LoadStrip = nullptr;   // its ex, angle, C, C' ("xxFlex")
+    QLineEdit* CellEditor = nullptr;  // the floating editor over a cell ("EdiTxt")
     QPushButton* SaveButton = nullptr;
     QPushButton* ClearButton = nullptr;
     QPushButton* AddRowButton = nullptr;

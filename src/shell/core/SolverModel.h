@@ -3,6 +3,7 @@
 // model with each element's own deformation limits, solved to equilibrium.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace shell {
@@ -17,6 +18,13 @@ inline const char* SolverModelName(SolverModel model) {
 // Caption a window shows beside a result.
 inline const char* SolverModelCaption(SolverModel model) {
     return model == SolverModel::AiscElement ? "AISC element model" : "System iteration";
+}
+
+// The model a result is cross-checked against: the element model for the
+// iteration's results, none for the element model's own.
+inline std::optional<SolverModel> CrossCheckModel(SolverModel model) {
+    if (model == SolverModel::Iterative) return SolverModel::AiscElement;
+    return std::nullopt;
 }
 
 // Reads "iterative" or "aisc"; false (model untouched) for anything else.

@@ -19,12 +19,6 @@ constexpr auto Div = guarded::Divide;
 
 inline void YieldNow(const WeldRunHooks& hooks) { shell::YieldNow(hooks.Yield); }
 
-inline double ExactLength(const WeldLineRec& ln) {
-    const double dy = std::fabs(ln.y2 - ln.y1);
-    const double dx = std::fabs(ln.x2 - ln.x1);
-    return std::sqrt(dy * dy + dx * dx);
-}
-
 inline void SwapEnds(WeldLineRec& ln) {
     std::swap(ln.x1, ln.x2);
     std::swap(ln.y1, ln.y2);
@@ -58,7 +52,7 @@ double LineSlope(double x1, double y1, double x2, double y2) {
     return result;
 }
 
-void Prepare_WeldLines(WeldLineTable& lines, const WeldRunState& state, const WeldRunHooks& hooks) {
+void Prepare_WeldLines(WeldLineTable& lines, int16_t segmentsPerInch, const WeldRunHooks& hooks) {
     WeldLineTable kept;
     kept.reserve(lines.size());
     for (WeldLineRec& ln : lines) {
@@ -71,8 +65,8 @@ void Prepare_WeldLines(WeldLineTable& lines, const WeldRunState& state, const We
         const double len = ExactLength(ln);
         // This procedure has no skip rule: a failing step abandons it, leaving
         // the lines sorted so far and the old table in force.
-        if (!std::isfinite(len) || state.SegmentsPerInch == 0) return;
-        if (1.0 / state.SegmentsPerInch < len) kept.push_back(ln);
+        if (!std::isfinite(len) || segmentsPerInch == 0) return;
+        if (1.0 / segmentsPerInch < len) kept.push_back(ln);
         YieldNow(hooks);
     }
     // Trimming the new table to no rows fails: the old table then stays.
@@ -89,8 +83,8 @@ namespace {
 
 // Build_Segments; without withDeltaM the segments' DeltaM stays 0, for the
 // solver, which takes the largest Dm of a pass from the least angle instead.
-void BuildSegments(const WeldLineTable& lines, double xo, double yo, WeldSegmentTable& segments,
-                   double D, const WeldRunState& state, const WeldRunHooks& hooks, bool withDeltaM) {
+void BuildSegments(const WeldLineTable& lines, double xo, double yo, WeldSegmentTable& segments, double D,
+                   int16_t segmentsPerInch, const WeldRunHooks& hooks, bool withDeltaM) {
     segments.clear();  // keeps the storage of the previous pass
 
     // Locals of one call: a skipped statement leaves the value of the
@@ -100,7 +94,7 @@ void BuildSegments(const WeldLineTable& lines, double xo, double yo, WeldSegment
     double dX = 0.0, dY = 0.0, r = 0.0, Phi = 0.0, Theta = 0.0, m = 0.0;
     double thetaDeg = 0.0, DeltaM = 0.0, DeltaU = 0.0, DeltaUOverR = 0.0, q = 0.0;
 
-    const double spi = state.SegmentsPerInch;
+    const double spi = segmentsPerInch;
     for (size_t i = 0; i < lines.size(); ++i) {
         const WeldLineRec& ln = lines[i];
         const double len = ExactLength(ln);
@@ -225,9 +219,9 @@ double LargestDeltaM(const WeldSegmentTable& segments, double D) {
 
 }  // namespace
 
-void Build_Segments(const WeldLineTable& lines, double xo, double yo, WeldSegmentTable& segments,
-                    double D, const WeldRunState& state, const WeldRunHooks& hooks) {
-    BuildSegments(lines, xo, yo, segments, D, state, hooks, true);
+void Build_Segments(const WeldLineTable& lines, double xo, double yo, WeldSegmentTable& segments, double D,
+                    int16_t segmentsPerInch, const WeldRunHooks& hooks) {
+    BuildSegments(lines, xo, yo, segments, D, segmentsPerInch, hooks, true);
 }
 
 double ConcentricCapacity(const WeldLineTable& lines, double Fexx, double D) {
@@ -243,25 +237,20 @@ double ConcentricCapacity(const WeldLineTable& lines, double Fexx, double D) {
     return sum;
 }
 
-double Locate_InstantaneousCenter(const WeldLineTable& lines, double ex, double angle,
-                                  double Fexx, double D, double divisor, WeldRunState& state,
-                                  const WeldRunHooks& hooks, SolveReport* report) {
-    SolveReport scratch;
-    SolveReport& rep = report ? *report : scratch;
-    rep = SolveReport{};
+double Locate_InstantaneousCenter(const LoadedGroup& group, const SolveOptions& options, WeldRunState& state,
+                                  const WeldRunHooks& hooks, IterationReport* report) {
+    IterationReport scratch;
+    IterationReport& rep = report ? *report : scratch;
+    rep = IterationReport{};
 
-    state.Relaxation = 1.0;
-    state.Unsettled = false;
+    const double ex = group.Ex, angle = group.Angle, Fexx = options.Fexx, D = options.D;
+    const int16_t spi = options.SegmentsPerInch;
     state.IterationStartTime = WeldRunState::Clock::now();
     state.DisplayClearTime = state.IterationStartTime;
     state.DisplayClearCount = 0;
 
     auto show = [&](double x, double y, bool computed) {
-        if (state.DisplayTarget == kDisplayCapacity) {
-            if (hooks.DisplayCapacity) hooks.DisplayCapacity(angle, x, y, divisor, computed);
-        } else if (state.DisplayTarget == kDisplayCoefficient) {
-            if (hooks.DisplayCoefficient) hooks.DisplayCoefficient(angle, x, y, divisor);
-        }
+        if (hooks.Display) hooks.Display(PassShown{rep.Passes, x, y, options.DisplayDivisor, angle, computed});
     };
 
     double a = 0.0, armEx = 0.0;
@@ -271,8 +260,8 @@ double Locate_InstantaneousCenter(const WeldLineTable& lines, double ex, double 
     Let(armEx, std::fabs(cosA * ex));
     const double sgn = prim::Sgn(cosA) == -1 ? -1.0 : 1.0;
 
-    WeldLineTable work = lines;
-    Prepare_WeldLines(work, state, hooks);
+    WeldLineTable work = group.Lines;
+    Prepare_WeldLines(work, spi, hooks);
     (void)Total_WeldLength(work);  // computed as the solve always did; not used
     if (work.size() > static_cast<size_t>(kMaxRows)) {
         rep.Refused = true;
@@ -330,14 +319,14 @@ double Locate_InstantaneousCenter(const WeldLineTable& lines, double ex, double 
     // The counters of the segment table are 16-bit: refuse a group that
     // could exceed them rather than run with undefined sums.
     double bound = 0.0;
-    for (const WeldLineRec& ln : work) bound += prim::RoundEven(ExactLength(ln)) * state.SegmentsPerInch;
+    for (const WeldLineRec& ln : work) bound += prim::RoundEven(ExactLength(ln)) * spi;
     if (!(bound <= kMaxRows)) {
         rep.Refused = true;
         return 0.0;
     }
 
     double xo = 0.0, yo = 0.0;
-    if (state.IterationResume != 0) xo = state.ResumeCenterX;  // only x survives a stop
+    if (state.IterationResume) xo = state.ResumeCenterX;  // only x survives a stop
 
     // Locals of the solve: they keep their values from pass to pass, which
     // the skip rule relies on (Pm and kCorr of the previous pass).
@@ -354,12 +343,12 @@ double Locate_InstantaneousCenter(const WeldLineTable& lines, double ex, double 
 
     for (;;) {
         // Read only here: a pass that has begun is finished.
-        if (state.IterationStop != 0) {
+        if (state.IterationStop) {
             state.ResumeCenterX = xo;
             break;
         }
 
-        BuildSegments(work, xo, yo, segs, D, state, hooks, false);
+        BuildSegments(work, xo, yo, segs, D, spi, hooks, false);
         n = static_cast<int16_t>(segs.size());
 
         for (size_t k = 0; k < segs.size(); ++k) {
@@ -420,8 +409,7 @@ double Locate_InstantaneousCenter(const WeldLineTable& lines, double ex, double 
         }
         YieldNow(hooks);
     }
-    rep.Relaxation = state.Relaxation = settling.Factor();
-    state.Unsettled = rep.Unsettled;
+    rep.Relaxation = settling.Factor();
 
     show(xR, yR, true);
     double capacity = 0.0;
@@ -435,193 +423,6 @@ std::string Format_ElapsedTime(double seconds) {
     const double secs = (seconds / 60 - prim::Fix(seconds / 60)) * 60;
     return prim::Format(hours, "00") + "h:" + prim::Format(minutes, "00") + "m:" +
            prim::Format(secs, "00") + "s ";
-}
-
-// ---- Standard weld configurations -----------------------------------------
-
-WeldLineTable Config_Lines(int16_t config, double L, double kL) {
-    auto line = [](double x1, double y1, double x2, double y2) { return WeldLineRec{x1, y1, x2, y2}; };
-    if (config >= 6 && config <= 9 && kL == 0.0) return {line(0, 0, 0, L)};
-    switch (config) {
-    case 1:
-        return {line(0, 0, 0, L), line(0, 0, 0, L)};
-    case 2:
-        return {line(0, 0, 0, L), line(kL, 0, kL, L)};
-    case 3:
-        return {line(0, 0, L, 0), line(0, kL, L, kL)};
-    case 4:
-        return {line(0, 0, kL, 0), line(kL, 0, kL, L), line(0, L, kL, L), line(0, 0, 0, L)};
-    case 5:
-        return {line(0, 0, L, 0), line(L, 0, L, kL), line(0, kL, L, kL), line(0, 0, 0, kL)};
-    case 6:
-        return {line(0, 0, kL, 0), line(0, 0, 0, L), line(0, L, kL, L)};
-    case 7:
-        return {line(0, 0, kL, 0), line(kL, 0, kL, L), line(0, L, kL, L)};
-    case 8:
-        return {line(0, 0, 0, L), line(0, L, kL, L)};
-    case 9:
-        return {line(0, L, kL, L), line(kL, 0, kL, L)};
-    default:
-        return {};
-    }
-}
-
-double Centroid_X(const WeldLineTable& lines) {
-    double sumL = 0.0, sumLX = 0.0, result = 0.0;
-    for (const WeldLineRec& ln : lines) {
-        const double l = ExactLength(ln);
-        Let(sumL, sumL + l);
-        Let(sumLX, sumLX + (ln.x1 + ln.x2) * l / 2);
-    }
-    Div(sumLX, sumL, result);
-    return result;
-}
-
-double Centroid_Y(const WeldLineTable& lines) {
-    double sumL = 0.0, sumLY = 0.0, result = 0.0;
-    for (const WeldLineRec& ln : lines) {
-        const double l = ExactLength(ln);
-        Let(sumL, sumL + l);
-        Let(sumLY, sumLY + (ln.y1 + ln.y2) * l / 2);
-    }
-    Div(sumLY, sumL, result);
-    return result;
-}
-
-double Centroid_FromTop(const WeldLineTable& lines) {
-    double lowY = 0.0;
-    double highY = lines.empty() ? 0.0 : lines.front().y1;
-    for (const WeldLineRec& ln : lines) {
-        lowY = MinOf({lowY, ln.y1, ln.y2});
-        highY = MaxOf({highY, ln.y1, ln.y2});
-    }
-    return (highY - lowY) - Centroid_Y(lines);
-}
-
-double Config_Scale(double L, double kL) {
-    // Line lengths are rounded to whole inches for the segment count, so the
-    // shortest given length is brought to at least one inch.
-    double s = 0.0;
-    if (kL == 0.0) {
-        if (L > 1)
-            s = 1.0;
-        else
-            Div(1.0, L, s);
-    } else {
-        Div(1.0, MinOf({L, kL}), s);
-    }
-    return s;
-}
-
-bool Centroid_IsMidpointX(int16_t config) { return config >= 1 && config <= 5; }
-
-bool Centroid_IsMidpointY(int16_t config) { return config >= 1 && config <= 7; }
-
-namespace {
-
-// One configuration: scale, build the shape, then solve or measure it.
-double Run_Configuration(int16_t config, double L, double kL, double aL, double Angle,
-                         int16_t Selector, WeldRunState& state, const WeldRunHooks& hooks,
-                         SolveReport* report) {
-    const double s = Config_Scale(L, kL);
-    Let(L, s * L);
-    Let(kL, s * kL);
-    double ex = 0.0;
-    Let(ex, std::fabs(aL) * s);
-
-    const WeldLineTable lines = Config_Lines(config, L, kL);
-    double result = 0.0;
-    double v = 0.0;
-    switch (Selector) {
-    case kSelectC: {
-        const double capacity =
-            Locate_InstantaneousCenter(lines, ex, Angle, 70.0, 0.0625, s, state, hooks, report);
-        // Per inch of scaled base length, per sixteenth of weld.
-        if (Div(capacity, L, v)) Let(result, v / 16 / 0.0625);
-        break;
-    }
-    case kSelectXL:
-        v = Centroid_X(lines);
-        if (config == 7 || config == 9) v = kL - v;  // from the back on the right
-        Div(v, s, result);
-        break;
-    case kSelectYL:
-        v = (config == 8 || config == 9) ? Centroid_FromTop(lines) : Centroid_Y(lines);
-        Div(v, s, result);
-        break;
-    default:
-        break;
-    }
-    return result;
-}
-
-}  // namespace
-
-double Config_TwoVertical(double L, double kL, double aL, double Angle, int16_t Selector,
-                          WeldRunState& state, const WeldRunHooks& hooks, SolveReport* report) {
-    return Run_Configuration(2, L, kL, aL, Angle, Selector, state, hooks, report);
-}
-
-double Config_TwoHorizontal(double L, double kL, double aL, double Angle, int16_t Selector,
-                            WeldRunState& state, const WeldRunHooks& hooks, SolveReport* report) {
-    return Run_Configuration(3, L, kL, aL, Angle, Selector, state, hooks, report);
-}
-
-double Config_BoxTall(double L, double kL, double aL, double Angle, int16_t Selector,
-                      WeldRunState& state, const WeldRunHooks& hooks, SolveReport* report) {
-    return Run_Configuration(4, L, kL, aL, Angle, Selector, state, hooks, report);
-}
-
-double Config_BoxWide(double L, double kL, double aL, double Angle, int16_t Selector,
-                      WeldRunState& state, const WeldRunHooks& hooks, SolveReport* report) {
-    return Run_Configuration(5, L, kL, aL, Angle, Selector, state, hooks, report);
-}
-
-double Config_ChannelLeft(double L, double kL, double aL, double Angle, int16_t Selector,
-                          WeldRunState& state, const WeldRunHooks& hooks, SolveReport* report) {
-    return Run_Configuration(6, L, kL, aL, Angle, Selector, state, hooks, report);
-}
-
-double Config_ChannelRight(double L, double kL, double aL, double Angle, int16_t Selector,
-                           WeldRunState& state, const WeldRunHooks& hooks, SolveReport* report) {
-    return Run_Configuration(7, L, kL, aL, Angle, Selector, state, hooks, report);
-}
-
-double Config_AngleLeft(double L, double kL, double aL, double Angle, int16_t Selector,
-                        WeldRunState& state, const WeldRunHooks& hooks, SolveReport* report) {
-    return Run_Configuration(8, L, kL, aL, Angle, Selector, state, hooks, report);
-}
-
-double Config_AngleRight(double L, double kL, double aL, double Angle, int16_t Selector,
-                         WeldRunState& state, const WeldRunHooks& hooks, SolveReport* report) {
-    return Run_Configuration(9, L, kL, aL, Angle, Selector, state, hooks, report);
-}
-
-double Config_ByNumber(int16_t config, double L, double kL, double aL, double Angle,
-                       int16_t Selector, WeldRunState& state, const WeldRunHooks& hooks,
-                       SolveReport* report) {
-    switch (config) {
-    case 1:
-        return Config_TwoVertical(L, 0.0, aL, Angle, Selector, state, hooks, report);
-    case 2:
-        return Config_TwoVertical(L, kL, aL, Angle, Selector, state, hooks, report);
-    case 3:
-        return Config_TwoHorizontal(L, kL, aL, Angle, Selector, state, hooks, report);
-    case 4:
-        return Config_BoxTall(L, kL, aL, Angle, Selector, state, hooks, report);
-    case 5:
-        return Config_BoxWide(L, kL, aL, Angle, Selector, state, hooks, report);
-    case 6:
-        return Config_ChannelLeft(L, kL, aL, Angle, Selector, state, hooks, report);
-    case 7:
-        return Config_ChannelRight(L, kL, aL, Angle, Selector, state, hooks, report);
-    case 8:
-        return Config_AngleLeft(L, kL, aL, Angle, Selector, state, hooks, report);
-    case 9:
-        return Config_AngleRight(L, kL, aL, Angle, Selector, state, hooks, report);
-    default:
-        return 0.0;
-    }
 }
 
 }  // namespace weld

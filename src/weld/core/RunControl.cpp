@@ -16,14 +16,14 @@ std::string_view StartCaption(RunWindow window) {
     return window == RunWindow::Capacity ? "ReStart Iteration" : "Start Iteration";
 }
 
-void Control::Form_Activate() {
+void Control::Activate() {
     controls_.StopCaption = kStopCaption;
     controls_.StopEnabled = false;
     controls_.StartEnabled = true;
 }
 
 void Control::BeginStart(WeldRunState& run) {
-    run.IterationResume = 0;
+    run.IterationResume = false;
     controls_.ClearEnabled = false;
     controls_.InputsLocked = true;
     controls_.StopEnabled = true;
@@ -43,16 +43,16 @@ StopAction Control::StopClick(WeldRunState& run) {
     if (controls_.StopCaption == kResumeCaption) {
         controls_.StopCaption = kStopCaption;
         controls_.StopEnabled = true;
-        run.IterationResume = -1;
-        run.IterationStop = 0;
+        run.IterationResume = true;
+        run.IterationStop = false;
         controls_.ClearEnabled = false;
         controls_.InputsLocked = true;
         controls_.StartEnabled = false;
         return StopAction::Resume;
     }
     controls_.StopCaption = kResumeCaption;
-    run.IterationResume = 0;
-    run.IterationStop = -1;
+    run.IterationResume = false;
+    run.IterationStop = true;
     controls_.ClearEnabled = true;
     controls_.InputsLocked = false;
     controls_.StopEnabled = true;
@@ -68,7 +68,7 @@ void Control::EndResume() {
 }
 
 void Control::ClearDisplay(WeldRunState& run) {
-    run.IterationResume = 0;
+    run.IterationResume = false;
     controls_.StopCaption = kStopCaption;
     controls_.StopEnabled = false;
 }
@@ -110,6 +110,24 @@ std::string ElementClosingText(ElementOutcome outcome) {
         default:
             return "\r\r ** AISC element model: nothing to solve (no weld, or too many elements) !";
     }
+}
+
+RunEnding EndingOf(const weld::SolveResult& r) {
+    RunEnding e;
+    if (r.Model == shell::SolverModel::AiscElement) {
+        const ElementOutcome outcome = r.Refused     ? ElementOutcome::Refused
+                                       : r.Converged ? ElementOutcome::Found
+                                                     : ElementOutcome::NoEquilibrium;
+        e.Text = ElementClosingText(outcome);
+        e.Converged = e.ShowsValue = outcome == ElementOutcome::Found;
+        return e;
+    }
+    // A run that gave up swinging ends like a stopped one, but cannot be resumed.
+    e.Converged = !r.Stopped && !r.Unsettled;
+    e.Text = SettlingText(r.Relaxation, r.Unsettled) + ClosingText(e.Converged);
+    e.ShowsValue = true;
+    e.Resumable = !e.Converged && !r.Unsettled;
+    return e;
 }
 
 std::string ResultText(double value, bool converged) {

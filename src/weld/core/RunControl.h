@@ -13,7 +13,7 @@
 #include <string>
 #include <string_view>
 
-#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldSolve.h"
 
 namespace RunControl {
 
@@ -57,7 +57,7 @@ public:
 
     // Reset on activation: stop button "Stop Iteration" and disabled, start
     // enabled. The capacity window then calls BeginStart and runs.
-    void Form_Activate();
+    void Activate();
 
     // StartIterationButton_Click, around the run: BeginStart before it,
     // EndStart after it has returned.
@@ -83,7 +83,7 @@ public:
     void RunEnded(bool converged);
 
     // Whether a run is active (closing the window must ask first).
-    static bool Active(const WeldRunState& run) { return run.IterationStop == 0; }
+    static bool Active(const WeldRunState& run) { return !run.IterationStop; }
 
 private:
     RunWindow window_;
@@ -108,6 +108,15 @@ std::string SettlingText(double relaxation, bool unsettled);
 // program's own iteration.
 enum class ElementOutcome { Found, NoEquilibrium, Refused };
 std::string ElementClosingText(ElementOutcome outcome);
+
+// How a window ends a run, from the record of its solve.
+struct RunEnding {
+    std::string Text;         // appended to the display: how it settled and the closing words
+    bool Converged = false;   // the value holds (the iteration neither stopped nor gave up)
+    bool ShowsValue = false;  // the result box shows the value (red and starred unless converged)
+    bool Resumable = false;   // the stop button stays enabled to resume the run
+};
+RunEnding EndingOf(const weld::SolveResult& result);
 
 // The display of a run, buffered: every pass appends to Pending, and the
 // window moves Pending to its widget when it serves events (Flush). After a

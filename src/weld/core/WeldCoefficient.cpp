@@ -1,7 +1,7 @@
 #include "weld/core/WeldCoefficient.h"
 
 #include "shell/core/Primitives.h"
-#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldConfigurations.h"
 
 namespace WeldCoefficient {
 
@@ -11,7 +11,7 @@ std::string WindowCaption(std::string_view itemText) {
     return std::string(kWindowTitle) + "    -    [" + std::string(itemText) + "]";
 }
 
-std::string ModifyTextWeld(std::string_view text) {
+std::string CellText(std::string_view text) {
     if (prim::Trim(text).empty()) return std::string(text);
     return prim::Format(prim::Val(text), "0.000     ");
 }
@@ -21,7 +21,6 @@ bool ChangedAtThreeDecimals(std::string_view boxText, std::string_view cellText)
 }
 
 CentroidRows Update_Centroids(int16_t config, std::string_view cellL, std::string_view cellKL) {
-    using namespace weld;
     CentroidRows rows;
     const bool both = config >= 1 && config <= 5;
     const bool onlyY = config == 6 || config == 7;
@@ -31,13 +30,9 @@ CentroidRows Update_Centroids(int16_t config, std::string_view cellL, std::strin
 
     const double L = prim::Val(cellL);
     const double kL = prim::Val(cellKL);
-    WeldRunState state;
-    const WeldRunHooks none;
-    const double xL = Config_ByNumber(config, L, kL, 0.0, 0.0, kSelectXL, state, none);
-    if (both) return rows;  // worked out but not shown: the centroid is the middle
-    rows.xL = prim::Format(xL, "0.000     ");
-    if (config >= 8 && config <= 9)
-        rows.yL = prim::Format(Config_ByNumber(config, L, kL, 0.0, 0.0, kSelectYL, state, none), "0.000     ");
+    if (both) return rows;  // the centroid is the middle
+    rows.xL = prim::Format(weld::Config_xL(config, L, kL), "0.000     ");
+    if (config >= 8 && config <= 9) rows.yL = prim::Format(weld::Config_yL(config, L, kL), "0.000     ");
     return rows;
 }
 

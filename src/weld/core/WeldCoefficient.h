@@ -35,7 +35,7 @@ std::string WindowCaption(std::string_view itemText);
 
 // A cell's text after editing: Val of a non-blank text by "0.000     "; a
 // blank text stays as it is.
-std::string ModifyTextWeld(std::string_view text);
+std::string CellText(std::string_view text);
 
 // Whether an edit changes a value at three decimals (a result computed from
 // the old value then no longer holds).

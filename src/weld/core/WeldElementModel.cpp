@@ -27,7 +27,7 @@ int64_t ElementCount(double len, int16_t spi) {
 
 // Cuts every line of positive length into equal elements no longer than the
 // strip and records both line ends as probes of the critical ratio.
-bool BuildElements(const WeldLineTable& lines, const shell::LoadFrame& frame, double Fexx, double D, int16_t spi,
+bool BuildElements(const weld::WeldLineTable& lines, const shell::LoadFrame& frame, double Fexx, double D, int16_t spi,
                    WeldKernel::Elements& el) {
     const double throat = std::numbers::sqrt2 / 2 * D;
     int64_t total = 0;
@@ -119,8 +119,10 @@ shell::Resultant Forces(const Elements& el, const shell::Motion& m) {
 
 namespace WeldElementModel {
 
-ElementReport Solve(const WeldLineTable& lines, double ex, double angle, double Fexx, double D,
-                    int16_t SegmentsPerInch) {
+ElementReport Solve(const weld::LoadedGroup& group, const weld::SolveOptions& options) {
+    const weld::WeldLineTable& lines = group.Lines;
+    const double ex = group.Ex, angle = group.Angle, Fexx = options.Fexx, D = options.D;
+    const int16_t SegmentsPerInch = options.SegmentsPerInch;
     ElementReport rep;
     if (SegmentsPerInch <= 0 || !std::isfinite(ex) || !std::isfinite(angle) || !std::isfinite(Fexx) ||
         !std::isfinite(D) || !(Fexx > 0.0) || !(D > 0.0)) {
@@ -171,23 +173,6 @@ ElementReport Solve(const WeldLineTable& lines, double ex, double angle, double 
 
     rep.Motion = frame.Back(res.motion);
     return rep;
-}
-
-double Config_C(int16_t config, double L, double kL, double aL, double Angle, int16_t SegmentsPerInch,
-                ElementReport* report) {
-    ElementReport scratch;
-    ElementReport& rep = report ? *report : scratch;
-    rep = ElementReport{};
-    if (config < 1 || config > 9) return 0.0;
-    if (config == 1) kL = 0.0;  // two coincident lines, whatever kL says
-    const double s = weld::Config_Scale(L, kL);
-    L *= s;
-    kL *= s;
-    const double ex = std::fabs(aL) * s;
-    rep = Solve(weld::Config_Lines(config, L, kL), ex, Angle, 70.0, 0.0625, SegmentsPerInch);
-    if (!rep.Converged || !(L > 0.0)) return 0.0;
-    // Per inch of scaled base length, per sixteenth of weld.
-    return rep.Capacity / L / 16 / 0.0625;
 }
 
 }  // namespace WeldElementModel

@@ -1,9 +1,8 @@
 // The AISC element model of a weld group, solved to equilibrium. It stands
 // beside the program's own iteration (Locate_InstantaneousCenter), which stays
-// the default: it takes the same weld lines, strip, load angle and
-// eccentricity, turns the group into the same load frame, and reports the
-// same capacity and coefficient C, but gives every element its own
-// deformation limits:
+// the default; both are reached through weld::Solve (WeldSolve.h). It it takes the same weld lines, strip, load angle
+// and eccentricity, turns the group into the same load frame, and reports the same capacity and coefficient C, but
+// gives every element its own deformation limits:
 //   theta   angle between the element's force and its axis
 //   Du      = 1.087 (theta + 6)^-0.65 w, at most 0.17 w
 //   Dm      = 0.209 (theta + 2)^-0.32 w
@@ -21,11 +20,9 @@
 #include <cstdint>
 
 #include "shell/core/MotionSolver.h"
-#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldGroup.h"
 
 namespace WeldElementModel {
-
-using weld::WeldLineTable;
 
 struct ElementReport {
     bool Converged = false;                   // an equilibrium was found; Capacity holds it
@@ -46,19 +43,8 @@ struct ElementReport {
 // Groups beyond this many elements are refused.
 constexpr int32_t kMaxElements = 1000000;
 
-// Capacity of a weld group by the element model.
-//   lines            the group, inches, Y up (not changed)
-//   ex, angle        eccentricity (inches, load on the +x side) and load angle
-//                    in degrees, as for Locate_InstantaneousCenter
-//   Fexx, D          electrode strength (ksi) and weld size (in)
-//   SegmentsPerInch  the strip: 4, 8, 16, 32 or 64
-ElementReport Solve(const WeldLineTable& lines, double ex, double angle, double Fexx, double D,
-                    int16_t SegmentsPerInch);
-
-// Coefficient C of standard configuration 1 to 9 by the element model: the
-// same shapes, scaling and reference length as weld::Config_ByNumber
-// with the selector for C (0 for other configuration numbers).
-double Config_C(int16_t config, double L, double kL, double aL, double Angle, int16_t SegmentsPerInch,
-                ElementReport* report = nullptr);
+// Capacity of a weld group by the element model, for the strip, Fexx and D
+// of `options` (its model and display divisor are not read).
+ElementReport Solve(const weld::LoadedGroup& group, const weld::SolveOptions& options);
 
 }  // namespace WeldElementModel

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "shell/core/MathUtil.h"
-#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldConfigurations.h"
 
 namespace WeldPicture {
 

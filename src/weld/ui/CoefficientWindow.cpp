@@ -17,18 +17,17 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include "shell/ui/GridEditor.h"
 #include "shell/core/MathUtil.h"
-#include "shell/ui/ModelCheckLine.h"
 #include "shell/core/Primitives.h"
+#include "shell/ui/GridEditor.h"
+#include "shell/ui/ModelCheckLine.h"
 #include "shell/ui/QtText.h"
-#include "shell/ui/WindowFit.h"
 #include "shell/ui/SettingsStore.h"
 #include "shell/ui/SolverModelBox.h"
+#include "shell/ui/WindowFit.h"
 #include "units/core/ImperialText.h"
-#include "weld/core/WeldElementModel.h"
-#include "weld/ui/WeldPictureView.h"
 #include "weld/core/WeldStrength.h"
+#include "weld/ui/WeldPictureView.h"
 
 using namespace KeyFilters::KeyCode;
 namespace wc = WeldCoefficient;
@@ -53,7 +52,7 @@ CoefficientWindow::CoefficientWindow(QWidget* parent) : QWidget(parent, Qt::Wind
 
 CoefficientWindow::~CoefficientWindow() {
     WeldFlex->disconnect(this);
-    EdiTxtA->removeEventFilter(this);
+    CellEditor->removeEventFilter(this);
 }
 
 wc::WeldConfigStore& CoefficientWindow::WeldConfigStore() {
@@ -90,13 +89,13 @@ void CoefficientWindow::BuildControls() {
 
     WeldFlex = new CellGrid(0, 1, this);
     WeldFlex->setObjectName(QStringLiteral("WeldFlex"));
-    EdiTxtA = new QLineEdit(this);
-    EdiTxtA->setObjectName(QStringLiteral("EdiTxtA"));
-    EdiTxtA->setFrame(false);
-    EdiTxtA->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    EdiTxtA->setStyleSheet(QStringLiteral("background: #FFFFE8; border: 1px solid #3060C0; padding: 0 4px;"));
-    EdiTxtA->setVisible(false);
-    EdiTxtA->installEventFilter(this);
+    CellEditor = new QLineEdit(this);
+    CellEditor->setObjectName(QStringLiteral("EdiTxtA"));
+    CellEditor->setFrame(false);
+    CellEditor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    CellEditor->setStyleSheet(QStringLiteral("background: #FFFFE8; border: 1px solid #3060C0; padding: 0 4px;"));
+    CellEditor->setVisible(false);
+    CellEditor->installEventFilter(this);
 
     WeldStripBox = new QComboBox(this);
     WeldStripBox->setObjectName(QStringLiteral("WeldStripBox"));
@@ -161,7 +160,7 @@ void CoefficientWindow::BuildControls() {
     connect(WeldFlex, &CellGrid::KeyPress, this, &CoefficientWindow::WeldFlex_KeyPress);
     connect(WeldFlex, &CellGrid::DblClick, this, &CoefficientWindow::WeldFlex_DblClick);
     connect(WeldFlex, &CellGrid::Scroll, this, &CoefficientWindow::WeldFlex_Scroll);
-    connect(EdiTxtA, &QLineEdit::textChanged, this, [this](const QString& text) {
+    connect(CellEditor, &QLineEdit::textChanged, this, [this](const QString& text) {
         if (Span_Input_Ok(text)) CellBackup = text;
     });
 }
@@ -217,7 +216,6 @@ void CoefficientWindow::Form_Load() {
     if (view >= 1 && view <= wc::kConfigs) WeldView->setCurrentRow(view - 1);
     Update_Centroids();
     Update_WeldImage();
-    run_.Run().IterationStop = -1;
     WeldLoading = false;
 
     // Open at a size that fits the screen, with room for the grid to grow.
@@ -225,7 +223,7 @@ void CoefficientWindow::Form_Load() {
 }
 
 void CoefficientWindow::Form_Activate() {
-    run_.Control().Form_Activate();
+    run_.Control().Activate();
     ApplyControls();
 }
 
@@ -243,7 +241,7 @@ void CoefficientWindow::WeldView_ItemClick(int index) {
     if (index != WeldViewIndex) WipeResult();
     WeldViewIndex = static_cast<int16_t>(index);
     const wc::ConfigCells& cells = WeldConfigStore()[static_cast<size_t>(index - 1)];
-    EdiTxtA->setVisible(false);
+    CellEditor->setVisible(false);
     for (int r = 0; r < wc::kRows; ++r) WeldFlex->SetTextMatrix(r, 1, Q(cells[r]));
     Update_WeldImage();
     Update_Centroids();
@@ -272,7 +270,7 @@ void CoefficientWindow::Update_Centroids() {
     WeldFlex->SetTextMatrix(5, 1, Q(rows.yL));
 }
 
-void CoefficientWindow::ModifyTextWeld(QLineEdit* box) { box->setText(Q(wc::ModifyTextWeld(S(box->text())))); }
+void CoefficientWindow::FormatCell(QLineEdit* box) { box->setText(Q(wc::CellText(S(box->text())))); }
 
 void CoefficientWindow::ShowStatus(const QString& text) { StatusLine->setText(text); }
 
@@ -288,8 +286,9 @@ void CoefficientWindow::WipeResult() {
 
 void CoefficientWindow::Run_CoefficientIteration() {
     QPointer<CoefficientWindow> self(this);
-    weld::WeldRunState& run = run_.Run();
-    WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), run.SegmentsPerInch);
+    weld::SolveOptions options;
+    WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), options.SegmentsPerInch);
+    options.Model = shell::SolverModelOf(ModelBox);
     wc::ConfigCells cells;
     for (int r = 0; r < wc::kRows; ++r) cells[r] = S(WeldFlex->TextMatrix(r, 1));
     if (!wc::InputsComplete(cells)) {
@@ -299,37 +298,22 @@ void CoefficientWindow::Run_CoefficientIteration() {
         if (self) Form_Activate();
         return;
     }
-    const double L = prim::Val(cells[0]);
-    const double kL = prim::Val(cells[1]);
-    const double aL = prim::Val(cells[2]);
-    const double angle = prim::Val(cells[3]);
-    ShowStatus(Q(wc::ImpossibleReason(WeldViewIndex, L, WeldViewIndex == 1 ? 0.0 : kL)));
+    const weld::StandardConfig config{WeldViewIndex, prim::Val(cells[0]), prim::Val(cells[1]), prim::Val(cells[2]),
+                                      prim::Val(cells[3])};
+    ShowStatus(Q(wc::ImpossibleReason(WeldViewIndex, config.L, WeldViewIndex == 1 ? 0.0 : config.kL)));
 
-    run_.BeginRun(weld::kDisplayCoefficient);
-
-    if (shell::SolverModelOf(ModelBox) == shell::SolverModel::AiscElement) {
-        WeldElementModel::ElementReport rep;
-        const double c = WeldElementModel::Config_C(WeldViewIndex, L, kL, aL, angle, run.SegmentsPerInch, &rep);
-        const RunControl::ElementOutcome outcome = run_.EndElementRun(rep.Refused, rep.Converged, c);
-        if (outcome != RunControl::ElementOutcome::Found)
-            ShowStatus(Q(RunControl::ForWidget(prim::Trim(RunControl::ElementClosingText(outcome)))));
-        return;
-    }
-
-    const auto c = run_.RunPasses([&](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
-        return weld::Config_ByNumber(WeldViewIndex, L, kL, aL, angle, weld::kSelectC, state, hooks);
+    run_.BeginRun();
+    const auto result = run_.Run([&](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
+        return weld::Solve(config, options, state, hooks);
     });
-    if (!c || !run_.EndPasses(*c)) return;
-    // C of the same shape and load by the element model.
-    run_.Check()->Check(
-        *c,
-        [config = WeldViewIndex, L, kL, aL, angle, spi = run.SegmentsPerInch]() -> std::optional<double> {
-            WeldElementModel::ElementReport rep;
-            const double value = WeldElementModel::Config_C(config, L, kL, aL, angle, spi, &rep);
-            if (!rep.Converged) return std::nullopt;
-            return value;
-        },
-        QString(), 5);
+    if (!result) return;
+    const RunControl::RunEnding ending = run_.EndRun(*result, result->Value);
+    // A run with no value to show says why in the status line as well.
+    if (!ending.ShowsValue) ShowStatus(Q(RunControl::ForWidget(prim::Trim(ending.Text))));
+    if (!ending.Converged) return;
+    // C of the same shape and load by the model it is checked against.
+    if (auto check = weld::CrossCheck(config, options))
+        run_.Check()->Check(result->Value, std::move(check), QString(), 5);
 }
 
 // ---- Grid editing -------------------------------------------------------------
@@ -341,17 +325,17 @@ bool CoefficientWindow::EditableCell() const {
 
 void CoefficientWindow::OpenEditor(int16_t key, bool takeKey) {
     editRow_ = WeldFlex->Row();
-    GridEditor::Flex_OpenEditor(WeldFlex, EdiTxtA, key, takeKey);
+    GridEditor::Flex_OpenEditor(WeldFlex, CellEditor, key, takeKey);
 }
 
 void CoefficientWindow::WeldFlex_LeaveCell() {
     if (closingEdit_) return;
     closingEdit_ = true;
-    if (EdiTxtA->isVisible() && editRow_ >= 0 && editRow_ < wc::kInputRows) {
-        ModifyTextWeld(EdiTxtA);
-        WeldFlex->SetTextMatrix(editRow_, 1, EdiTxtA->text());
-        if (EdiTxtA->hasFocus()) WeldFlex->setFocus();
-        EdiTxtA->setVisible(false);
+    if (CellEditor->isVisible() && editRow_ >= 0 && editRow_ < wc::kInputRows) {
+        FormatCell(CellEditor);
+        WeldFlex->SetTextMatrix(editRow_, 1, CellEditor->text());
+        if (CellEditor->hasFocus()) WeldFlex->setFocus();
+        CellEditor->setVisible(false);
     }
     closingEdit_ = false;
     Update_Centroids();
@@ -363,7 +347,7 @@ void CoefficientWindow::WeldFlex_KeyDown(int16_t keyCode, int, bool& handled) {
     if (keyCode == Delete) {
         handled = true;
         WeldFlex->SetTextMatrix(WeldFlex->Row(), 1, QString());
-        EdiTxtA->setText(QString());
+        CellEditor->setText(QString());
     } else if (keyCode == F2) {
         handled = true;
         OpenEditor(Space, true);
@@ -380,27 +364,27 @@ void CoefficientWindow::WeldFlex_DblClick() {
 }
 
 void CoefficientWindow::WeldFlex_Scroll() {
-    if (EdiTxtA->isVisible() && WeldFlex->Col() == 1 && editRow_ < wc::kInputRows)
-        GridEditor::Flex_OpenEditor(WeldFlex, EdiTxtA, 0, false);
+    if (CellEditor->isVisible() && WeldFlex->Col() == 1 && editRow_ < wc::kInputRows)
+        GridEditor::Flex_OpenEditor(WeldFlex, CellEditor, 0, false);
 }
 
-bool CoefficientWindow::EdiTxtA_KeyDown(QKeyEvent* event) {
+bool CoefficientWindow::CellEditor_KeyDown(QKeyEvent* event) {
     const int shift = static_cast<int>(event->modifiers());
-    const bool changed = wc::ChangedAtThreeDecimals(S(EdiTxtA->text()), S(WeldFlex->TextMatrix(editRow_, 1)));
+    const bool changed = wc::ChangedAtThreeDecimals(S(CellEditor->text()), S(WeldFlex->TextMatrix(editRow_, 1)));
     auto leave = [&](int16_t how) {
-        GridEditor::Flex_LeaveEditor(WeldFlex, EdiTxtA, how, shift, [this] { WeldFlex_LeaveCell(); });
+        GridEditor::Flex_LeaveEditor(WeldFlex, CellEditor, how, shift, [this] { WeldFlex_LeaveCell(); });
         if (changed && how != Esc) WipeResult();
         if (how == Tab || how == Enter) WeldFlex_LeaveCell();
     };
     return GridEditor::Editor_KeyDown(
-        event, EdiTxtA, [this] { ModifyTextWeld(EdiTxtA); }, leave,
-        [this](int16_t ch) { return GridEditor::Key_SignedDecimal(ch, EdiTxtA); });
+        event, CellEditor, [this] { FormatCell(CellEditor); }, leave,
+        [this](int16_t ch) { return GridEditor::Key_SignedDecimal(ch, CellEditor); });
 }
 
 bool CoefficientWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == EdiTxtA) {
-        if (event->type() == QEvent::KeyPress) return EdiTxtA_KeyDown(static_cast<QKeyEvent*>(event));
-        if (event->type() == QEvent::FocusIn) EdiTxtA->setCursorPosition(EdiTxtA->text().size());
+    if (watched == CellEditor) {
+        if (event->type() == QEvent::KeyPress) return CellEditor_KeyDown(static_cast<QKeyEvent*>(event));
+        if (event->type() == QEvent::FocusIn) CellEditor->setCursorPosition(CellEditor->text().size());
         if (event->type() == QEvent::FocusOut) {
             const auto reason = static_cast<QFocusEvent*>(event)->reason();
             if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) WeldFlex_LeaveCell();

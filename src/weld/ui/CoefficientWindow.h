@@ -52,7 +52,7 @@ private:
     void Save_WeldConfig();
     void Update_WeldImage();
     void Update_Centroids();
-    void ModifyTextWeld(QLineEdit* box);
+    void FormatCell(QLineEdit* box);
 
     void Run_CoefficientIteration();
     void WipeResult();
@@ -64,7 +64,7 @@ private:
     void WeldFlex_DblClick();
     void WeldFlex_Scroll();
     void OpenEditor(int16_t key, bool takeKey);
-    bool EdiTxtA_KeyDown(QKeyEvent* event);
+    bool CellEditor_KeyDown(QKeyEvent* event);
     bool EditableCell() const;
 
     void ApplyControls();
@@ -82,7 +82,7 @@ private:
     QListWidget* WeldView = nullptr;
     WeldImageView* WeldImage = nullptr;
     CellGrid* WeldFlex = nullptr;
-    QLineEdit* EdiTxtA = nullptr;
+    QLineEdit* CellEditor = nullptr;
     QComboBox* WeldStripBox = nullptr;
     QComboBox* ModelBox = nullptr;
     QLabel* StatusLine = nullptr;

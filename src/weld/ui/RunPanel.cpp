@@ -24,17 +24,18 @@ QLabel* weldview::BoldCaption(const QString& text, QWidget* parent) {
 namespace {
 
 // The run's hooks: events served through the context's pump, each pass
-// written to the context's display buffer.
-weld::WeldRunHooks WeldRunHooksOf(WeldRunContext& ctx) {
+// written to the context's display buffer. The coefficient window shows the
+// coordinates of a concentric load too, where the capacity window says
+// they were skipped.
+weld::WeldRunHooks WeldRunHooksOf(WeldRunContext& ctx, RunControl::RunWindow kind) {
     weld::WeldRunHooks hooks;
     hooks.Yield = ctx.pump.AsYield();
     weld::WeldRunState* run = &ctx.run;
     RunControl::DisplayBuffer* display = &ctx.display;
-    hooks.DisplayCapacity = [run, display](double, double x, double y, double divisor, bool computed) {
-        RunControl::Display_Iteration(*run, *display, x, y, divisor, computed, RunControl::Clock::now());
-    };
-    hooks.DisplayCoefficient = [run, display](double, double x, double y, double divisor) {
-        RunControl::Display_Iteration(*run, *display, x, y, divisor, true, RunControl::Clock::now());
+    const bool alwaysComputed = kind == RunControl::RunWindow::Coefficient;
+    hooks.Display = [run, display, alwaysComputed](const weld::PassShown& p) {
+        RunControl::Display_Iteration(*run, *display, p.X, p.Y, p.Divisor, p.Computed || alwaysComputed,
+                                      RunControl::Clock::now());
     };
     return hooks;
 }
@@ -65,7 +66,7 @@ WeldRunPanel::WeldRunPanel(QWidget* window, RunControl::RunWindow kind, bool cle
 
 WeldRunPanel::~WeldRunPanel() {
     ctx_->windowGone = true;
-    ctx_->run.IterationStop = -1;
+    ctx_->run.IterationStop = true;
     ctx_->pump.BeforePump = nullptr;
 }
 
@@ -170,53 +171,35 @@ void WeldRunPanel::Flush() {
     }
 }
 
-void WeldRunPanel::BeginRun(int16_t displayTarget) {
-    ctx_->run.IterationStop = 0;
+void WeldRunPanel::BeginRun() {
+    ctx_->run.IterationStop = false;
     ClearDisplay();
     result_->clear();
     check_->Clear();
     elapsed_->clear();
-    ctx_->run.DisplayTarget = displayTarget;
 }
 
-std::optional<double> WeldRunPanel::RunPasses(
-    const std::function<double(weld::WeldRunState&, const weld::WeldRunHooks&)>& passes) {
+std::optional<weld::SolveResult> WeldRunPanel::Run(const SolveFn& solve) {
     const auto ctx = ctx_;
     const QPointer<QWidget> self(window_);
     ctx->pump.BeforePump = [this, self] {
         if (self) Flush();
     };
-    const double value = passes(ctx->run, WeldRunHooksOf(*ctx));
+    weld::SolveResult result = solve(ctx->run, WeldRunHooksOf(*ctx, control_.Window()));
     ctx->pump.BeforePump = nullptr;
     if (!self || ctx->windowGone) return std::nullopt;
-    return value;
+    return result;
 }
 
-bool WeldRunPanel::EndPasses(double shown) {
-    const weld::WeldRunState& run = ctx_->run;
-    // A run that gave up swinging ends like a stopped one, but cannot be resumed.
-    const bool converged = run.IterationStop == 0 && !run.Unsettled;
-    ctx_->display.Append(RunControl::SettlingText(run.Relaxation, run.Unsettled));
-    ctx_->display.Append(RunControl::ClosingText(converged));
+RunControl::RunEnding WeldRunPanel::EndRun(const weld::SolveResult& result, double shown) {
+    const RunControl::RunEnding ending = RunControl::EndingOf(result);
+    ctx_->display.Append(ending.Text);
     Flush();
-    SetResultBox(result_, Q(RunControl::ResultText(shown, converged)), !converged);
-    control_.RunEnded(converged || run.Unsettled);
-    ctx_->run.IterationStop = -1;
+    if (ending.ShowsValue) SetResultBox(result_, Q(RunControl::ResultText(shown, ending.Converged)), !ending.Converged);
+    control_.RunEnded(!ending.Resumable);
+    ctx_->run.IterationStop = true;
     hooks_.ApplyControls();
-    return converged;
-}
-
-RunControl::ElementOutcome WeldRunPanel::EndElementRun(bool refused, bool converged, double shown) {
-    using RunControl::ElementOutcome;
-    const ElementOutcome outcome = refused     ? ElementOutcome::Refused
-                                   : converged ? ElementOutcome::Found
-                                               : ElementOutcome::NoEquilibrium;
-    ctx_->display.Append(RunControl::ElementClosingText(outcome));
-    Flush();
-    if (outcome == ElementOutcome::Found) SetResultBox(result_, Q(RunControl::ResultText(shown, true)), false);
-    control_.RunEnded(true);
-    ctx_->run.IterationStop = -1;
-    return outcome;
+    return ending;
 }
 
 bool WeldRunPanel::ConfirmClose() {
@@ -224,7 +207,7 @@ bool WeldRunPanel::ConfirmClose() {
     QMessageBox ask(QMessageBox::Critical, QString::fromLatin1(appinfo::kProgramTitle),
                     FromView(RunControl::kActiveRunQuestion), QMessageBox::Yes | QMessageBox::No, window_);
     if (ask.exec() != QMessageBox::Yes) return false;
-    ctx_->run.IterationStop = -1;
+    ctx_->run.IterationStop = true;
     return true;
 }
 

@@ -13,7 +13,7 @@
 
 #include "shell/ui/RunPump.h"
 #include "weld/core/RunControl.h"
-#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldSolve.h"
 
 class QCloseEvent;
 class QLabel;
@@ -81,7 +81,6 @@ public:
     shell::ModelCheckLine* Check() const { return check_; }
 
     RunControl::Control& Control() { return control_; }
-    weld::WeldRunState& Run() { return ctx_->run; }
     bool Active() const { return RunControl::Control::Active(ctx_->run); }
 
     // Captions and enabled states of the three buttons.
@@ -98,23 +97,17 @@ public:
     void Flush();
 
     // Marks the run active and empties the display, the result and the
-    // elapsed caption; passes go to `displayTarget`.
-    void BeginRun(int16_t displayTarget);
+    // elapsed caption.
+    void BeginRun();
 
-    // Runs `passes` with the display flushed whenever events are served.
+    // Runs `solve` with the display flushed whenever events are served.
     // Returns nothing when the window went during the run (nothing may then
-    // be touched); otherwise the window closes the run with EndPasses.
-    std::optional<double> RunPasses(
-        const std::function<double(weld::WeldRunState&, const weld::WeldRunHooks&)>& passes);
-    // The end of a run of passes: how it settled, its closing words, the
-    // result `shown` (red and starred when the run was stopped or gave up)
-    // and the run state. Returns whether the run converged.
-    bool EndPasses(double shown);
-
-    // Closes a run of the element model, which ends by itself: its closing
-    // words, the result `shown` when an equilibrium was found, and the run
-    // state. Returns the outcome.
-    RunControl::ElementOutcome EndElementRun(bool refused, bool converged, double shown);
+    // be touched); otherwise the window closes the run with EndRun.
+    using SolveFn = std::function<weld::SolveResult(weld::WeldRunState&, const weld::WeldRunHooks&)>;
+    std::optional<weld::SolveResult> Run(const SolveFn& solve);
+    // The end of a run: its closing words, the result `shown` and the run
+    // state. Returns how it ended (the window cross-checks a converged value).
+    RunControl::RunEnding EndRun(const weld::SolveResult& result, double shown);
 
     // The closing question while a run is active: false keeps the window
     // open; true stops the run (it ends after its pass).

@@ -27,17 +27,20 @@ LayoutDocument Drawn(const std::vector<std::vector<double>>& lines, int16_t side
 // would, so a test never hangs.
 double Unit(const LayoutDocument& doc, bool* converged = nullptr) {
     WeldRunState state;
-    state.SegmentsPerInch = 32;
-    state.IterationStop = 0;
-    state.DisplayTarget = kDisplayCapacity;
-    SolveReport report;
+    state.IterationStop = false;
     WeldRunHooks hooks;
-    hooks.DisplayCapacity = [&](double, double, double, double, bool) {
-        if (report.Passes >= 5000) state.IterationStop = -1;
+    hooks.Display = [&](const PassShown& p) {
+        if (p.Passes >= 5000) state.IterationStop = true;
     };
-    const double unit = Weld_UnitCapacity(1.0, 1.0, doc, state, hooks, &report);
-    if (converged != nullptr) *converged = report.Converged || report.Concentric;
-    return unit;
+    const SolveResult r = Solve_Layout(doc, SolveOptions{}, state, hooks);
+    if (converged != nullptr) *converged = r.Converged;
+    return r.Value;
+}
+
+SolveResult ByElements(const LayoutDocument& doc) {
+    SolveOptions options;
+    options.Model = shell::SolverModel::AiscElement;
+    return Solve(Layout_Group(doc), options);
 }
 
 std::vector<std::vector<double>> Mirrored(const std::vector<std::vector<double>>& lines, double axis) {
@@ -75,10 +78,10 @@ TEST(HandOver, BlankDocumentReachesTheSolverAndGivesZero) {
     EXPECT_EQ(Unit(doc), 0.0);
     // The element model refuses it.
     Viewport::Set_Viewport(doc);
-    const auto rep = Weld_ElementCapacity(1, 1, doc, 32);
+    const SolveResult rep = ByElements(doc);
     EXPECT_TRUE(rep.Refused);
     EXPECT_FALSE(rep.Converged);
-    EXPECT_EQ(rep.Capacity, 0.0);
+    EXPECT_EQ(rep.Value, 0.0);
 }
 
 TEST(HandOver, MirroredLayoutGivesTheSameCapacity) {
@@ -117,13 +120,14 @@ TEST(WeldElementCapacity, BoardGroupGoesThroughTheSameHandOver) {
     // angle with the load on the left: mirrored, the two are one group.
     const std::vector<std::vector<double>> angle = {{1, 1, 1, 9}, {1, 9, 5, 9}};
     const std::vector<std::vector<double>> mirrored = {{5, 1, 5, 9}, {5, 9, 1, 9}};
-    const auto right = Weld_ElementCapacity(1, 1, Drawn(angle, 1, 15, 0.5), 32);
-    const auto left = Weld_ElementCapacity(1, 1, Drawn(mirrored, 0, 15, 0.5), 32);
+    const SolveResult right = ByElements(Drawn(angle, 1, 15, 0.5));
+    const SolveResult left = ByElements(Drawn(mirrored, 0, 15, 0.5));
     ASSERT_TRUE(right.Converged && left.Converged);
-    EXPECT_NEAR(left.Capacity, right.Capacity, 1e-6 * right.Capacity);
+    EXPECT_NEAR(left.Value, right.Value, 1e-6 * right.Value);
 
     // The hand-over gives the element model the lines it gives the system's solver.
     const LayoutDocument doc = Drawn(angle, 1, 15, 0.5);
-    const auto direct = WeldElementModel::Solve(Board_WeldLines(doc, {}), 6.0, 15, 1, 1, 32);
-    EXPECT_EQ(direct.Capacity, right.Capacity);
+    SolveOptions options;
+    options.Model = shell::SolverModel::AiscElement;
+    EXPECT_EQ(Solve({Board_WeldLines(doc, {}), 6.0, 15}, options).Value, right.Value);
 }

@@ -1,12 +1,11 @@
 #include "bolt/core/BoltRowsFile.h"
-#include "shell/core/Primitives.h"
-
-#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <cfloat>
 
+#include "shell/core/Primitives.h"
+#include "support/TempFolder.h"
 
 using namespace BoltRows;
 namespace fs = std::filesystem;
@@ -21,8 +20,11 @@ protected:
     }
     std::string Bytes() const { return ReadAll(path_); }
     void Put(const std::string& bytes) const { WriteAll(path_, bytes); }
-    ErrorFn Collect() {
-        return [this](const std::string& m) { messages_.push_back(m); };
+    void Write(const std::vector<BoltRecord>& records) {
+        BoltData_Write(records, path_, [this](const std::string& m) { messages_.push_back(m); });
+    }
+    ReadResult Read(std::vector<BoltRecord>& records) {
+        return BoltData_Read(records, path_, [this](const std::string& m) { messages_.push_back(m); });
     }
 
     std::string path_;
@@ -47,19 +49,13 @@ std::vector<BoltRecord> SampleRecords() {
     };
 }
 
-std::string SampleBytes() {
-    std::string bytes;
-    BoltDataError err;
-    EncodeBoltRecords(SampleRecords(), bytes, err);
-    return bytes;
-}
-
-TEST_F(BoltDataFile, RoundTripKeepsRowsAndTextsExactly) {
-    BoltData_Write(SampleRecords(), path_, Collect());
+TEST_F(BoltDataFile, RoundTripKeepsRowsAndTextsExactlyAndAShorterTableReplacesAll) {
+    Write(std::vector<BoltRecord>(40, SampleRecords()[1]));
+    const auto longSize = Bytes().size();
+    Write(SampleRecords());
+    EXPECT_LT(Bytes().size(), longSize);
     std::vector<BoltRecord> back;
-    int16_t status = 0;
-    BoltData_Read(back, path_, status, Collect());
-    EXPECT_EQ(status, 0);
+    EXPECT_EQ(Read(back), ReadResult::Loaded);
     EXPECT_EQ(back, SampleRecords());
     EXPECT_TRUE(messages_.empty());
     EXPECT_EQ(Entries(), 1u);  // no temporary file left behind
@@ -67,51 +63,38 @@ TEST_F(BoltDataFile, RoundTripKeepsRowsAndTextsExactly) {
 
 TEST_F(BoltDataFile, BytesOfTheFormat) {
     // Three rows, all texts empty but M: 10 + 3 x (2 + 8 x 2) plus the M bytes.
-    std::vector<BoltRecord> recs = {Rec(1, "4"), Rec(2, "12"), Rec(5, "7")};
-    BoltData_Write(recs, path_, Collect());
+    Write({Rec(1, "4"), Rec(2, "12"), Rec(5, "7")});
     const std::string b = Bytes();
     ASSERT_EQ(b.size(), 10u + 3u * (2 + 8 * 2) + 4u);
-    const std::string head("\x01\x00\x03\x00\x00\x00\x00\x00\x00\x00", 10);
-    EXPECT_EQ(b.substr(0, 10), head);
+    EXPECT_EQ(b.substr(0, 10), std::string("\x01\x00\x03\x00\x00\x00\x00\x00\x00\x00", 10));
     // First element: row 1, M = "4", then seven empty lengths.
     EXPECT_EQ(b.substr(10, 5), std::string("\x01\x00\x01\x00" "4", 5));
     EXPECT_EQ(b.substr(15, 14), std::string(14, '\0'));
     // The degree sign is one Windows-1252 byte on disk.
-    BoltData_Write({Rec(-2, "", "90°")}, path_, Collect());
+    Write({Rec(-2, "", "90°")});
     EXPECT_EQ(Bytes(), std::string("\x01\x00\x01\x00\x00\x00\x00\x00\x00\x00\xFE\xFF"
                                    "\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x03\x00"
                                    "90\xB0\x00\x00\x00\x00",
                                    31));
 }
 
-TEST_F(BoltDataFile, ShorterTableReplacesLongerFileCompletely) {
-    std::vector<BoltRecord> many(40, SampleRecords()[1]);
-    BoltData_Write(many, path_, Collect());
-    const auto longSize = Bytes().size();
-    BoltData_Write({SampleRecords()[0]}, path_, Collect());
-    EXPECT_LT(Bytes().size(), longSize);
-    std::vector<BoltRecord> back;
-    int16_t status = 0;
-    BoltData_Read(back, path_, status, Collect());
-    ASSERT_EQ(back.size(), 1u);
-    EXPECT_EQ(back[0], SampleRecords()[0]);
-}
-
-TEST_F(BoltDataFile, FirstRunLeavesNothingBehind) {
-    std::vector<BoltRecord> recs = SampleRecords();
-    int16_t status = 0;
-    BoltData_Read(recs, path_, status, Collect());
-    EXPECT_EQ(status, -1);
-    EXPECT_EQ(recs, SampleRecords());  // untouched
-    EXPECT_FALSE(fs::exists(path_));
-    EXPECT_TRUE(messages_.empty());
-    // An empty file is the same case, and it is removed.
-    Put("");
-    status = 0;
-    BoltData_Read(recs, path_, status, Collect());
-    EXPECT_EQ(status, -1);
-    EXPECT_FALSE(fs::exists(path_));
-    EXPECT_TRUE(messages_.empty());
+TEST_F(BoltDataFile, NoFileAnEmptyOneAndOneThatCannotBeOpened) {
+    // No file, or an empty one (removed): records untouched, nothing said.
+    for (bool empty : {false, true}) {
+        if (empty) Put("");
+        std::vector<BoltRecord> recs = SampleRecords();
+        EXPECT_EQ(Read(recs), ReadResult::NoFile);
+        EXPECT_EQ(recs, SampleRecords());
+        EXPECT_FALSE(fs::exists(path_));
+        EXPECT_TRUE(messages_.empty());
+    }
+    // A folder at the path: reported, left alone, and the table starts empty.
+    fs::create_directory(path_);
+    std::vector<BoltRecord> recs;
+    EXPECT_EQ(Read(recs), ReadResult::Unreadable);
+    EXPECT_EQ(messages_, std::vector<std::string>{"Error No. 75:  Path/File access error"});
+    EXPECT_TRUE(fs::is_directory(path_));
+    EXPECT_TRUE(recs.empty());
 }
 
 TEST_F(BoltDataFile, DamagedFilesAreReportedAndDeleted) {
@@ -127,41 +110,22 @@ TEST_F(BoltDataFile, DamagedFilesAreReportedAndDeleted) {
     std::string tooMany = good.substr(0, 10) + std::string((kMaxRecords + 1) * 18, '\0');
     tooMany[2] = static_cast<char>((kMaxRecords + 1) & 0xFF);
     tooMany[3] = static_cast<char>((kMaxRecords + 1) >> 8);
-    const struct {
-        std::string bytes;
-        const char* message;
-    } cases[] = {
+    const std::pair<std::string, const char*> cases[] = {
         {good.substr(0, good.size() - 1), "Error No. 62:  Input past end of file"},
         {good.substr(0, 7), "Error No. 62:  Input past end of file"},
         {hugeCount, "Error No. 13:  Type mismatch"},
         {twoDims, "Error No. 13:  Type mismatch"},
         {tooMany, "Error No. 13:  Type mismatch"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [bytes, message] : cases) {
         messages_.clear();
-        Put(c.bytes);
+        Put(bytes);
         std::vector<BoltRecord> recs = {Rec(9, "x")};
-        int16_t status = 0;
-        EXPECT_EQ(BoltData_Read(recs, path_, status, Collect()), ReadResult::Malformed);
-        EXPECT_EQ(status, 0);  // stays as the caller set it
-        ASSERT_EQ(messages_.size(), 1u);
-        EXPECT_EQ(messages_[0], c.message);
+        EXPECT_EQ(Read(recs), ReadResult::Malformed);
+        EXPECT_EQ(messages_, std::vector<std::string>{message});
         EXPECT_FALSE(fs::exists(path_));
         EXPECT_EQ(recs.size(), 1u);
     }
-}
-
-TEST_F(BoltDataFile, AFileThatCannotBeOpenedIsReportedAndKept) {
-    // A folder at the path: reported, left alone, and the table starts empty.
-    fs::create_directory(path_);
-    std::vector<BoltRecord> recs;
-    int16_t status = 0;
-    EXPECT_EQ(BoltData_Read(recs, path_, status, Collect()), ReadResult::Unreadable);
-    EXPECT_EQ(status, -1);
-    ASSERT_EQ(messages_.size(), 1u);
-    EXPECT_EQ(messages_[0], "Error No. 75:  Path/File access error");
-    EXPECT_TRUE(fs::is_directory(path_));
-    EXPECT_TRUE(recs.empty());
 }
 
 TEST_F(BoltDataFile, TheLargestTableFitsAndALongerFileIsReportedAndSetAside) {
@@ -177,12 +141,10 @@ TEST_F(BoltDataFile, TheLargestTableFitsAndALongerFileIsReportedAndSetAside) {
 
     // Reported and kept under another name, never over an earlier one.
     WriteAll(path_ + ".too-large", "earlier");
-    Put(std::string(SampleBytes()));
+    Put(bytes);
     fs::resize_file(path_, kMaxFileBytes + 1);
     std::vector<BoltRecord> recs;
-    int16_t status = 0;
-    EXPECT_EQ(BoltData_Read(recs, path_, status, Collect()), ReadResult::TooLarge);
-    EXPECT_EQ(status, -1);
+    EXPECT_EQ(Read(recs), ReadResult::TooLarge);
     EXPECT_EQ(messages_, std::vector<std::string>{"Error No. 7:  Out of memory"});
     EXPECT_FALSE(fs::exists(path_));
     EXPECT_EQ(ReadAll(path_ + ".too-large"), "earlier");
@@ -191,18 +153,14 @@ TEST_F(BoltDataFile, TheLargestTableFitsAndALongerFileIsReportedAndSetAside) {
 }
 
 TEST_F(BoltDataFile, FailedWriteKeepsTheOldFile) {
-    BoltData_Write(SampleRecords(), path_, Collect());
+    Write(SampleRecords());
     const std::string before = Bytes();
     // A text too long for its length field.
-    std::vector<BoltRecord> tooLong = {Rec(1, std::string(70000, '1'))};
-    BoltData_Write(tooLong, path_, Collect());
-    ASSERT_EQ(messages_.size(), 1u);
-    EXPECT_EQ(messages_[0], "Error No. 6:  Overflow");
-    EXPECT_EQ(Bytes(), before);
+    Write({Rec(1, std::string(70000, '1'))});
     // A folder that cannot be made: a plain file stands in its place.
-    BoltData_Write(SampleRecords(), (fs::path(path_) / kBoltDataFileName).string(), Collect());
-    ASSERT_EQ(messages_.size(), 2u);
-    EXPECT_EQ(messages_[1], "Error No. 76:  Path not found");
+    BoltData_Write(SampleRecords(), (fs::path(path_) / kBoltDataFileName).string(),
+                   [this](const std::string& m) { messages_.push_back(m); });
+    EXPECT_EQ(messages_, (std::vector<std::string>{"Error No. 6:  Overflow", "Error No. 76:  Path not found"}));
     EXPECT_EQ(Bytes(), before);
     EXPECT_EQ(Entries(), 1u);
 }

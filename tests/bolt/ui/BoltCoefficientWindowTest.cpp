@@ -4,27 +4,25 @@
 
 #include <QClipboard>
 #include <QComboBox>
-#include <QLabel>
 #include <QFile>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
-#include "support/GuiTestSupport.h"
 #include "board/ui/MainWindow.h"
 #include "shell/ui/GridEditor.h"
 #include "shell/ui/SettingsStore.h"
+#include "support/GuiTestSupport.h"
 
 // Readable QString values in failure messages.
 inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
 
 namespace {
-
-using Records = std::vector<BoltRows::BoltRecord>;
 
 class BoltWindow : public testing::Test {
 protected:
@@ -37,17 +35,19 @@ protected:
         QFile::remove(BoltCoefficientWindow::DataFilePath());
     }
 
-    BoltCoefficientWindow* Open() {
+    void Open() {
         delete frm_;
         frm_ = new BoltCoefficientWindow(records_);
         frm_->show();
         QApplication::setActiveWindow(frm_);
         grid_ = frm_->findChild<CellGrid*>("cFlex");
         box_ = frm_->findChild<QLineEdit*>("EdiTxt");
-        return frm_;
     }
     QPushButton* Button(const char* name) { return frm_->findChild<QPushButton*>(name); }
-    CellGrid* Strip(const char* name) { return frm_->findChild<CellGrid*>(name); }
+    QString Strip(const char* name, int row) { return frm_->findChild<CellGrid*>(name)->TextMatrix(row, 1); }
+    QString Cell(int row, int col) { return grid_->TextMatrix(row, col); }
+    QLabel* Label(const char* name) { return frm_->findChild<QLabel*>(name); }
+    const QList<guitest::SeenBox>& Seen() { return boxes_.Seen(); }
 
     // Types a value into a cell of data row `row` (counted from 1).
     void Type(int row, int col, const QString& text) { guitest::TypeInGridCell(grid_, box_, row - 1, col, text); }
@@ -56,81 +56,54 @@ protected:
     }
 
     // Answers every message box, so none can hang a test; tests read what it saw.
-    guitest::ModalWatchdog strayBoxes_;
-    Records records_;
+    guitest::ModalWatchdog boxes_;
+    std::vector<BoltRows::BoltRecord> records_;
     BoltCoefficientWindow* frm_ = nullptr;
     CellGrid* grid_ = nullptr;
     QLineEdit* box_ = nullptr;
 };
 
-TEST_F(BoltWindow, OpensWithCaptionsAndSixteenRows) {
-    Open();
-    EXPECT_EQ(frm_->windowTitle(), "Bolt Group Coefficient");
-    EXPECT_EQ(grid_->Rows(), 16);
-    EXPECT_EQ(grid_->Cols(), 9);
-    EXPECT_EQ(grid_->TextMatrix(0, 0), "No.");
-    EXPECT_EQ(grid_->TextMatrix(0, 6), "Load Angle from the Vertical [degrees]");
-    EXPECT_EQ(grid_->TextMatrix(0, 8), "Bolt Group Coefficient\n[C']");
-    EXPECT_EQ(grid_->TextMatrix(15, 0), "15");
-    EXPECT_FALSE(Button("RemRowButton")->isEnabled());
-    EXPECT_EQ(Strip("ccFlex")->TextMatrix(2, 0), "sv");
-    EXPECT_EQ(Strip("xxFlex")->TextMatrix(1, 0), "\u00D8");
-    EXPECT_FALSE(box_->isVisible());
-}
-
-TEST_F(BoltWindow, RowCountFromTheSetting) {
-    const struct {
-        const char* stored;
-        int rows;
-    } cases[] = {{"5", 16}, {"30", 30}, {"junk", 16}, {"17.5", 18}};
-    for (const auto& c : cases) {
-        settings::SaveSetting(settings::ProgramTitle(), "TrussmereSetting", "cFlexRows", c.stored);
+TEST_F(BoltWindow, OpensWithTheRowsOfTheSetting) {
+    const std::pair<const char*, int> cases[] = {{"16", 16}, {"5", 16}, {"30", 30}, {"junk", 16}, {"17.5", 18}};
+    for (const auto& [stored, rows] : cases) {
+        settings::SaveSetting(settings::ProgramTitle(), "TrussmereSetting", "cFlexRows", stored);
         Open();
-        EXPECT_EQ(grid_->Rows(), c.rows) << c.stored;
-        EXPECT_EQ(Button("RemRowButton")->isEnabled(), c.rows > 16) << c.stored;
+        EXPECT_EQ(grid_->Rows(), rows) << stored;
+        EXPECT_EQ(Cell(rows - 1, 0), QString::number(rows - 1)) << stored;
+        EXPECT_EQ(Button("RemRowButton")->isEnabled(), rows > 16) << stored;
     }
 }
 
 TEST_F(BoltWindow, TypedRowGetsItsCoefficientsAndStrip) {
     Open();
     TypeRow(1, {"4", "2", "3", "3", "6", "0"});
-    EXPECT_EQ(grid_->TextMatrix(1, 1), "4");
-    EXPECT_EQ(grid_->TextMatrix(1, 3), "3.000  ");
-    EXPECT_EQ(grid_->TextMatrix(1, 7), "3.756  ");
-    EXPECT_EQ(grid_->TextMatrix(1, 8), "26.032  ");
+    EXPECT_EQ(Cell(1, 1), "4");
+    EXPECT_EQ(Cell(1, 3), "3.000  ");
+    EXPECT_EQ(Cell(1, 7), "3.756  ");
+    EXPECT_EQ(Cell(1, 8), "26.032  ");
     // Return moved down a row; back on row 1 the strip repeats it.
     EXPECT_EQ(grid_->Row(), 2);
     grid_->setCurrentCell(0, 3);
-    EXPECT_EQ(Strip("ccFlex")->TextMatrix(0, 1), "4    ");
-    EXPECT_EQ(Strip("ccFlex")->TextMatrix(2, 1), "3\"   ");
-    EXPECT_EQ(Strip("xxFlex")->TextMatrix(0, 1), "6\"   ");
-    EXPECT_EQ(Strip("xxFlex")->TextMatrix(1, 1), "0.000\u00B0  ");
-    EXPECT_EQ(Strip("xxFlex")->TextMatrix(2, 1), "3.756   ");
-
-    // Fractions of an inch in the strip, and the settled group.
-    TypeRow(2, {"3", "2", "3", "3", "6", "0"});
-    EXPECT_EQ(grid_->TextMatrix(2, 7), "2.292  ");
+    EXPECT_EQ(Strip("ccFlex", 0), "4    ");
+    EXPECT_EQ(Strip("ccFlex", 2), "3\"   ");
+    EXPECT_EQ(Strip("xxFlex", 0), "6\"   ");
+    EXPECT_EQ(Strip("xxFlex", 1), "0.000\u00B0  ");
+    EXPECT_EQ(Strip("xxFlex", 2), "3.756   ");
+    // Fractions of an inch in the strip; a comma in a large C'.
     Type(5, 3, "3.0625");
-    EXPECT_EQ(grid_->TextMatrix(5, 3), "3.0625  ");
+    EXPECT_EQ(Cell(5, 3), "3.0625  ");
     grid_->setCurrentCell(4, 1);
-    EXPECT_EQ(Strip("ccFlex")->TextMatrix(2, 1), "3 1/16\"   ");
-    // A larger group, comma in C'.
-    TypeRow(3, {"12", "2", "3", "3", "36", "45"});
-    EXPECT_EQ(grid_->TextMatrix(3, 7), "7.335  ");
-    EXPECT_EQ(grid_->TextMatrix(3, 8), "203.530  ");
+    EXPECT_EQ(Strip("ccFlex", 2), "3 1/16\"   ");
     TypeRow(4, {"30", "8", "6", "6", "0", "0"});
-    EXPECT_EQ(grid_->TextMatrix(4, 7), "240.000  ");
-    EXPECT_EQ(grid_->TextMatrix(4, 8).right(2), "  ");
-    EXPECT_TRUE(grid_->TextMatrix(4, 8).contains(','));
+    EXPECT_EQ(Cell(4, 7), "240.000  ");
+    EXPECT_TRUE(Cell(4, 8).endsWith("  ") && Cell(4, 8).contains(','));
 }
 
-TEST_F(BoltWindow, KeyFiltersPerColumnAndIncompleteRows) {
+TEST_F(BoltWindow, KeyFiltersPerColumnAndIncompleteOrImpossibleRows) {
     Open();
     // Letters never open the editor; a minus only in the angle column.
     grid_->setCurrentCell(0, 1);
-    QTest::keyClick(grid_, 'a');
-    QTest::keyClick(grid_, '-');
-    QTest::keyClick(grid_, '.');
+    for (char key : {'a', '-', '.'}) QTest::keyClick(grid_, key);
     EXPECT_FALSE(box_->isVisible());
     grid_->setCurrentCell(0, 6);
     QTest::keyClick(grid_, '-');
@@ -138,57 +111,42 @@ TEST_F(BoltWindow, KeyFiltersPerColumnAndIncompleteRows) {
     QTest::keyClicks(box_, "12.5.-x");  // second point, second minus and letter refused
     EXPECT_EQ(box_->text(), "-12.5");
     QTest::keyClick(box_, Qt::Key_Return);
-    EXPECT_EQ(grid_->TextMatrix(1, 6), "-12.500  ");
-    // Only the angle is there: no calculation, C and C' stay blank.
-    EXPECT_EQ(grid_->TextMatrix(1, 7), "");
+    EXPECT_EQ(Cell(1, 6), "-12.500  ");
+    EXPECT_EQ(Cell(1, 7), "") << "only the angle is there: no calculation";
     // C and C' refuse every edit.
     grid_->setCurrentCell(0, 7);
     QTest::keyClick(grid_, '5');
     EXPECT_FALSE(box_->isVisible());
-    // m of 0 is let through; the group has no bolts and C, C' keep their text.
+    // m of 0 is let through; the group has no bolts, C and C' keep their text
+    // and the status line says why until the row can be worked out again.
     TypeRow(2, {"4", "2", "3", "3", "6", "0"});
     Type(2, 1, "0");
-    EXPECT_EQ(grid_->TextMatrix(2, 1), "0");
-    EXPECT_EQ(grid_->TextMatrix(2, 7), "3.756  ");
+    EXPECT_EQ(Cell(2, 1), "0");
+    EXPECT_EQ(Cell(2, 7), "3.756  ");
+    EXPECT_TRUE(Label("StatusLine")->text().startsWith("Row 2: no bolt group")) << Label("StatusLine")->text().toStdString();
+    Type(2, 1, "4");
+    EXPECT_TRUE(Label("StatusLine")->text().isEmpty());
 }
 
-TEST_F(BoltWindow, DeleteBlanksTheCoefficientsAndEscThrowsAwayTyping) {
-    Open();
-    TypeRow(1, {"4", "2", "3", "3", "6", "0"});
-    grid_->setCurrentCell(0, 5);
-    QTest::keyClick(grid_, Qt::Key_Delete);
-    EXPECT_EQ(grid_->TextMatrix(1, 5), "");
-    EXPECT_EQ(grid_->TextMatrix(1, 7), "");
-    EXPECT_EQ(grid_->TextMatrix(1, 8), "");
-    // F2 opens the box with the cell's text; Esc leaves the cell as it was.
-    grid_->setCurrentCell(0, 3);
-    QTest::keyClick(grid_, Qt::Key_F2);
-    ASSERT_TRUE(box_->isVisible());
-    EXPECT_EQ(box_->text(), "3.000");
-    QTest::keyClicks(box_, "77");
-    QTest::keyClick(box_, Qt::Key_Escape);
-    EXPECT_FALSE(box_->isVisible());
-    EXPECT_EQ(grid_->TextMatrix(1, 3), "3.000  ");
-    EXPECT_EQ(grid_->Row(), 1);
-    // A move beyond the last column keeps the cursor but closes the editor.
-    grid_->setCurrentCell(0, 8);
-    grid_->setCurrentCell(0, 6);
-    QTest::keyClick(grid_, '1');
-    QTest::keyClick(box_, Qt::Key_Right);  // caret at the end: leave to the right
-    EXPECT_FALSE(box_->isVisible());
-    EXPECT_EQ(grid_->Col(), 7);
-    EXPECT_EQ(grid_->TextMatrix(1, 6), "1.000  ");
-}
-
-TEST_F(BoltWindow, EditorFollowsTheGrid) {
+TEST_F(BoltWindow, TheEditorOpensLeavesAndFollowsTheGrid) {
     Open();
     for (int i = 0; i < 10; ++i) Button("AddRowButton")->click();
     grid_->scrollToTop();
-    auto centre = [this](int row, int col) {
-        return grid_->visualRect(grid_->model()->index(row - 1, col)).center();
-    };
+    auto centre = [this](int row, int col) { return grid_->visualRect(grid_->model()->index(row - 1, col)).center(); };
     TypeRow(3, {"4", "2", "3", "3", "6", "0"});
-    // A double click opens the box with the cell's text.
+    // Delete blanks the cell and the coefficients.
+    grid_->setCurrentCell(2, 5);
+    QTest::keyClick(grid_, Qt::Key_Delete);
+    EXPECT_EQ(Cell(3, 5), "");
+    EXPECT_EQ(Cell(3, 7) + Cell(3, 8), "");
+    // F2 and a double click open the box with the cell's text; Esc leaves the cell as it was.
+    grid_->setCurrentCell(2, 3);
+    QTest::keyClick(grid_, Qt::Key_F2);
+    ASSERT_TRUE(box_->isVisible());
+    QTest::keyClicks(box_, "77");
+    QTest::keyClick(box_, Qt::Key_Escape);
+    EXPECT_FALSE(box_->isVisible());
+    EXPECT_EQ(Cell(3, 3), "3.000  ");
     QTest::mouseDClick(grid_->viewport(), Qt::LeftButton, {}, centre(3, 4));
     ASSERT_TRUE(box_->isVisible());
     EXPECT_EQ(box_->text(), "3.000");
@@ -205,9 +163,16 @@ TEST_F(BoltWindow, EditorFollowsTheGrid) {
     QTest::keyClick(box_, '2');
     QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {}, centre(1, 2));
     EXPECT_FALSE(box_->isVisible());
-    EXPECT_EQ(grid_->TextMatrix(3, 5), "12.000  ");
-    EXPECT_EQ(grid_->TextMatrix(3, 7), "2.094  ");
+    EXPECT_EQ(Cell(3, 5), "12.000  ");
+    EXPECT_EQ(Cell(3, 7), "2.094  ");
     EXPECT_EQ(grid_->Row(), 1);
+    // Right at the end of the last editable column leaves to the right.
+    grid_->setCurrentCell(0, 6);
+    QTest::keyClick(grid_, '1');
+    QTest::keyClick(box_, Qt::Key_Right);
+    EXPECT_FALSE(box_->isVisible());
+    EXPECT_EQ(grid_->Col(), 7);
+    EXPECT_EQ(Cell(1, 6), "1.000  ");
     // With the box showing, scrolling carries it along with its cell.
     grid_->setCurrentCell(5, 3);
     QTest::keyClick(grid_, '7');
@@ -236,106 +201,78 @@ TEST_F(BoltWindow, LongRunKeepsTheWindowLiveAndMayBeClosed) {
     EXPECT_TRUE(alive.isNull());
 }
 
-TEST_F(BoltWindow, AddAndRemoveRowsDownToTheLimit) {
-    Open();
-    QPushButton* add = Button("AddRowButton");
-    QPushButton* rem = Button("RemRowButton");
-    rem->click();
-    EXPECT_EQ(grid_->Rows(), 16);
-    add->click();
-    add->click();
-    EXPECT_EQ(grid_->Rows(), 18);
-    EXPECT_EQ(grid_->Row(), 17);
-    EXPECT_EQ(grid_->TextMatrix(17, 0), "17");
-    EXPECT_TRUE(rem->isEnabled());
-    rem->click();
-    rem->click();
-    EXPECT_EQ(grid_->Rows(), 16);
-    EXPECT_FALSE(rem->isEnabled());
-}
-
 TEST_F(BoltWindow, SavedRowsComeBackWithTheirGaps) {
-    auto& watchdog = strayBoxes_;
     Open();
+    Button("RemRowButton")->click();  // not below sixteen
+    EXPECT_EQ(grid_->Rows(), 16);
     for (int i = 0; i < 5; ++i) Button("AddRowButton")->click();  // 21 rows: row 20 exists
+    EXPECT_EQ(grid_->Row(), 20);
+    EXPECT_EQ(Cell(20, 0), "20");
     TypeRow(1, {"4", "2", "3", "3", "6", "0"});
     TypeRow(5, {"6", "1", "3", "3", "8", "0"});
     Type(9, 1, "3");  // a partly filled row is saved too
     TypeRow(19, {"4", "2", "3", "3", "6", "75"});
     TypeRow(20, {"2", "2", "3", "3", "4", "0"});
     Button("SaveButton")->click();
-    ASSERT_EQ(watchdog.Seen().size(), 1);
-    EXPECT_EQ(watchdog.Seen()[0].title, "Warning:");
-    EXPECT_EQ(watchdog.Seen()[0].text, "Entries succesfully Saved ! ");
-    EXPECT_EQ(watchdog.Seen()[0].icon, QMessageBox::Information);
+    ASSERT_EQ(Seen().size(), 1);
+    EXPECT_EQ(Seen()[0].title, "Warning:");
+    EXPECT_EQ(Seen()[0].text, "Entries succesfully Saved ! ");
+    EXPECT_EQ(Seen()[0].icon, QMessageBox::Information);
     ASSERT_EQ(records_.size(), 5u);
-    EXPECT_TRUE(QFile::exists(BoltCoefficientWindow::DataFilePath()));
 
-    // A new window starts at 16 rows: row 20 stays in the array until four Add Rows.
+    // A new window starts at 16 rows: row 20 stays in the array until five Add Rows.
     records_.clear();
     Open();
     EXPECT_EQ(records_.size(), 5u);
-    EXPECT_EQ(grid_->TextMatrix(1, 7), "3.756  ");
-    EXPECT_EQ(grid_->TextMatrix(5, 7), "2.907  ");
-    EXPECT_EQ(grid_->TextMatrix(5, 8), "25.093  ");
-    EXPECT_EQ(grid_->TextMatrix(9, 1), "3");
-    EXPECT_EQ(grid_->TextMatrix(9, 2), "");
-    for (int r : {2, 3, 4, 6, 7, 8, 10}) EXPECT_FALSE(grid_->TextMatrix(r, 1).size()) << r;
-    // Sixteen rows hold fifteen of data: four more bring back row 19, a fifth row 20.
+    EXPECT_EQ(Cell(5, 7), "2.907  ");
+    EXPECT_EQ(Cell(5, 8), "25.093  ");
+    EXPECT_EQ(Cell(9, 1), "3");
+    EXPECT_EQ(Cell(9, 2), "");
+    for (int r : {2, 3, 4, 6, 7, 8, 10}) EXPECT_TRUE(Cell(r, 1).isEmpty()) << r;
     for (int i = 0; i < 4; ++i) Button("AddRowButton")->click();
-    EXPECT_EQ(grid_->TextMatrix(19, 7), "6.237  ");
+    EXPECT_EQ(Cell(19, 7), "6.237  ");
     Button("AddRowButton")->click();
-    EXPECT_EQ(grid_->TextMatrix(20, 7), "1.706  ");
-    EXPECT_TRUE(watchdog.Seen().size() == 1);
+    EXPECT_EQ(Cell(20, 7), "1.706  ");
+    EXPECT_EQ(Seen().size(), 1);
 }
 
-TEST_F(BoltWindow, ClearAndSaveMessages) {
-    auto& watchdog = strayBoxes_;
-    watchdog.SetAnswer(QMessageBox::Yes);
-    Open();
-    Button("ClearButton")->click();
-    Button("SaveButton")->click();
-    ASSERT_EQ(watchdog.Seen().size(), 2);
-    EXPECT_EQ(watchdog.Seen()[0].text, "No Entries to Clear ! ");
-    EXPECT_EQ(watchdog.Seen()[0].title, "Warning:");
-    EXPECT_EQ(watchdog.Seen()[0].icon, QMessageBox::Warning);
-    EXPECT_EQ(watchdog.Seen()[1].text, "No Entries to Save ! ");
-    EXPECT_EQ(watchdog.Seen()[1].title, "For Your Info:");
-
-    TypeRow(2, {"4", "2", "3", "3", "6", "0"});
-    Button("SaveButton")->click();
-    ASSERT_TRUE(QFile::exists(BoltCoefficientWindow::DataFilePath()));
-    watchdog.SetAnswer(QMessageBox::No);
-    Button("ClearButton")->click();
-    EXPECT_EQ(grid_->TextMatrix(2, 1), "4");
-    watchdog.SetAnswer(QMessageBox::Yes);
-    Button("ClearButton")->click();
-    EXPECT_EQ(watchdog.Seen().last().text, "Are you sure you really want to clear Entries?");
-    EXPECT_EQ(watchdog.Seen().last().icon, QMessageBox::Critical);
-    EXPECT_EQ(grid_->TextMatrix(2, 1), "");
-    EXPECT_EQ(grid_->TextMatrix(2, 7), "");
-    EXPECT_FALSE(QFile::exists(BoltCoefficientWindow::DataFilePath()));
-}
-
-TEST_F(BoltWindow, DamagedFileIsReportedAndDeleted) {
-    auto& watchdog = strayBoxes_;
+TEST_F(BoltWindow, ClearSaveAndDamagedFileMessages) {
+    boxes_.SetAnswer(QMessageBox::Yes);
     {
         QFile f(BoltCoefficientWindow::DataFilePath());
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(QByteArray("\x01\x00\x05\x00\x00\x00\x00\x00\x00\x00\x01\x00", 12));
     }
     Open();
-    ASSERT_EQ(watchdog.Seen().size(), 1);
-    EXPECT_EQ(watchdog.Seen()[0].text, "Error No. 62:  Input past end of file");
-    EXPECT_EQ(watchdog.Seen()[0].icon, QMessageBox::Critical);
-    EXPECT_FALSE(QFile::exists(BoltCoefficientWindow::DataFilePath()));
-    // The first run: no file, no message, none left behind.
-    Open();
-    EXPECT_EQ(watchdog.Seen().size(), 1);
+    Button("ClearButton")->click();
+    Button("SaveButton")->click();
+    const std::tuple<QString, QString, QMessageBox::Icon> said[] = {
+        {"Error No. 62:  Input past end of file", "Warning:", QMessageBox::Critical},
+        {"No Entries to Clear ! ", "Warning:", QMessageBox::Warning},
+        {"No Entries to Save ! ", "For Your Info:", QMessageBox::Warning},
+    };
+    ASSERT_EQ(Seen().size(), 3);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(Seen()[i].text, std::get<0>(said[i]));
+        EXPECT_EQ(Seen()[i].title, std::get<1>(said[i]));
+        EXPECT_EQ(Seen()[i].icon, std::get<2>(said[i]));
+    }
+
+    TypeRow(2, {"4", "2", "3", "3", "6", "0"});
+    Button("SaveButton")->click();
+    ASSERT_TRUE(QFile::exists(BoltCoefficientWindow::DataFilePath()));
+    boxes_.SetAnswer(QMessageBox::No);
+    Button("ClearButton")->click();
+    EXPECT_EQ(Cell(2, 1), "4");
+    boxes_.SetAnswer(QMessageBox::Yes);
+    Button("ClearButton")->click();
+    EXPECT_EQ(Seen().last().text, "Are you sure you really want to clear Entries?");
+    EXPECT_EQ(Seen().last().icon, QMessageBox::Critical);
+    EXPECT_EQ(Cell(2, 1) + Cell(2, 7), "");
     EXPECT_FALSE(QFile::exists(BoltCoefficientWindow::DataFilePath()));
 }
 
-TEST_F(BoltWindow, HeadingsFitTheirCells) {
+TEST_F(BoltWindow, HeadingsFitTheirCellsAndTheGridGrowsOnSmallScreens) {
     Open();
     frm_->resize(frm_->sizeHint());
     QApplication::processEvents();
@@ -343,13 +280,15 @@ TEST_F(BoltWindow, HeadingsFitTheirCells) {
     const QFontMetrics fm(head->font());
     for (int c = 0; c < grid_->Cols(); ++c) {
         const QRect need = fm.boundingRect(QRect(0, 0, grid_->columnWidth(c) - 8, 1000),
-                                           Qt::AlignCenter | Qt::TextWordWrap, grid_->TextMatrix(0, c));
+                                           Qt::AlignCenter | Qt::TextWordWrap, Cell(0, c));
         EXPECT_LE(need.height(), head->height()) << c;
         EXPECT_LE(need.width(), grid_->columnWidth(c)) << c;
     }
     // All nine columns and fifteen rows are in view.
     EXPECT_FALSE(grid_->horizontalScrollBar()->isVisible());
     EXPECT_EQ(grid_->rowAt(grid_->viewport()->height() - 2), 14);
+    EXPECT_EQ(guitest::GrowthFromMinimum(frm_, grid_, QSize(300, 200), "bolt"), QSize(300, 200))
+        << "the grid takes all the room the window gains";
 }
 
 TEST(BoltWindowFromMain, CalcsMenuOpensOneWindow) {
@@ -358,13 +297,11 @@ TEST(BoltWindowFromMain, CalcsMenuOpensOneWindow) {
     MainWindow w;
     QAction* a = w.action("mnuBoltCoefficient");
     ASSERT_NE(a, nullptr);
-    EXPECT_TRUE(a->isEnabled());
     a->trigger();
     a->trigger();
     const auto open = w.findChildren<BoltCoefficientWindow*>();
     ASSERT_EQ(open.size(), 1);
     EXPECT_TRUE(open[0]->isVisible());
-    EXPECT_EQ(open[0]->windowTitle(), "Bolt Group Coefficient");
     open[0]->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(w.findChildren<BoltCoefficientWindow*>().isEmpty());
@@ -375,28 +312,14 @@ TEST(BoltWindowFromMain, CalcsMenuOpensOneWindow) {
 TEST_F(BoltWindow, TableCopiesAsTabSeparatedText) {
     Open();
     TypeRow(1, {"4", "2", "3", "3", "6", "0"});
-    TypeRow(2, {"3", "2", "3", "3", "6", "0"});
     QTest::keyClick(grid_, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
     const QStringList lines = QApplication::clipboard()->text().split('\n');
-    ASSERT_GE(lines.size(), 3);
+    ASSERT_GE(lines.size(), 2);
     EXPECT_EQ(lines[0],
               "No.\tNumber of Bolt Rows on the Vertical\tNumber of Bolt Rows on the Horizontal\tBolt Spacing on the "
               "Vertical\tBolt Spacing on the Horizontal\tLoad Eccentricity\tLoad Angle from the Vertical "
               "[degrees]\tBolt Group Coefficient [C]\tBolt Group Coefficient [C']");
-    EXPECT_TRUE(lines[1].startsWith("1\t4\t2\t3.000\t3.000\t6.000\t0.000\t")) << lines[1].toStdString();
-    EXPECT_EQ(lines[1].count('\t'), 8);
-}
-
-TEST_F(BoltWindow, ImpossibleRowIsExplainedInTheStatusLine) {
-    Open();
-    TypeRow(1, {"0", "2", "3", "3", "6", "0"});
-    auto* status = frm_->findChild<QLabel*>("StatusLine");
-    ASSERT_NE(status, nullptr);
-    EXPECT_TRUE(status->text().startsWith("Row 1: no bolt group")) << status->text().toStdString();
-    EXPECT_EQ(grid_->TextMatrix(1, 7), "");
-    Type(1, 1, "4");
-    EXPECT_TRUE(status->text().isEmpty());
-    EXPECT_NE(grid_->TextMatrix(1, 7), "");
+    EXPECT_EQ(lines[1], "1\t4\t2\t3.000\t3.000\t6.000\t0.000\t3.756\t26.032");
 }
 
 TEST_F(BoltWindow, CurrentRowIsCrossCheckedWithTheElementModel) {
@@ -406,26 +329,19 @@ TEST_F(BoltWindow, CurrentRowIsCrossCheckedWithTheElementModel) {
     for (const QString percent : {"5", "1"}) {
         settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", "ModelCheckPercent", percent);
         Open();
-        auto* text = frm_->findChild<QLabel*>("ModelCheckText");
         TypeRow(1, {"3", "1", "3", "3", "36", "0"});
-        EXPECT_TRUE(text->text().isEmpty()) << "the cursor went on to the empty row 2";
+        EXPECT_TRUE(Label("ModelCheckText")->text().isEmpty()) << "the cursor went on to the empty row 2";
         grid_->setCurrentCell(0, 3);
-        QTRY_VERIFY_WITH_TIMEOUT(text->text().startsWith("AISC element model: 0.164 (-1.9 %)"), 5000);
-        EXPECT_EQ(frm_->findChild<QLabel*>("ModelCheckIcon")->isVisible(), percent == "1");
+        QTRY_VERIFY_WITH_TIMEOUT(Label("ModelCheckText")->text().startsWith("AISC element model: 0.164 (-1.9 %)"), 5000);
+        EXPECT_EQ(Label("ModelCheckIcon")->isVisible(), percent == "1");
     }
-    auto* text = frm_->findChild<QLabel*>("ModelCheckText");
-    EXPECT_TRUE(text->text().endsWith("\nThe iteration exceeds the AISC element model by 1.9 %: the lower value governs."));
+    EXPECT_TRUE(Label("ModelCheckText")->text().endsWith(
+        "\nThe iteration exceeds the AISC element model by 1.9 %: the lower value governs."));
     guitest::SaveScreenFits(frm_, "bolt-check");
     frm_->findChild<QComboBox*>("ModelBox")->setCurrentIndex(1);
-    EXPECT_TRUE(text->text().isEmpty()) << "nothing to compare with the element model chosen";
+    EXPECT_TRUE(Label("ModelCheckText")->text().isEmpty()) << "nothing to compare with the element model chosen";
     frm_->findChild<QComboBox*>("ModelBox")->setCurrentIndex(0);
     settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", "ModelCheckPercent", "5");
-}
-
-TEST_F(BoltWindow, FitsSmallScreensAndTheGridGrows) {
-    Open();
-    EXPECT_EQ(guitest::GrowthFromMinimum(frm_, grid_, QSize(300, 200), "bolt"), QSize(300, 200))
-        << "the grid takes all the room the window gains";
 }
 
 }  // namespace

@@ -11,9 +11,7 @@ namespace {
 struct Expect {
     const char* name;
     std::string_view caption;
-    bool stopEnabled;
-    bool startEnabled;
-    int16_t iterationStop;
+    bool stopEnabled, startEnabled, iterationStop;
 };
 
 void Check(const Control& c, const WeldRunState& run, const Expect& e) {
@@ -24,17 +22,17 @@ void Check(const Control& c, const WeldRunState& run, const Expect& e) {
     EXPECT_EQ(run.IterationStop, e.iterationStop);
 }
 
-// Stands in for Run_CapacityIteration: the run sets the flag, a stop click
-// may come in "during" it, and it ends by the flag it finds.
-void FakeRun(Control& c, WeldRunState& run, bool stopDuringRun, const Expect* stopping = nullptr) {
-    run.IterationStop = 0;
-    Check(c, run, {"running", kStopCaption, true, false, 0});
+// Stands in for a run: it clears the flag, a stop click may come in
+// "during" it, and it ends by the flag it finds.
+void FakeRun(Control& c, WeldRunState& run, bool stopDuringRun) {
+    run.IterationStop = false;
+    Check(c, run, {"running", kStopCaption, true, false, false});
     if (stopDuringRun) {
         EXPECT_EQ(c.StopClick(run), StopAction::Stopped);
-        if (stopping) Check(c, run, *stopping);
+        Check(c, run, {"stopping", kResumeCaption, true, false, true});
     }
-    c.RunEnded(run.IterationStop == 0);
-    run.IterationStop = -1;
+    c.RunEnded(!run.IterationStop);
+    run.IterationStop = true;
 }
 
 }  // namespace
@@ -42,73 +40,100 @@ void FakeRun(Control& c, WeldRunState& run, bool stopDuringRun, const Expect* st
 TEST(RunControl, CapacityWindowWalksTheStateTable) {
     Control c(RunWindow::Capacity);
     WeldRunState run;
-    c.Form_Activate();
-    Check(c, run, {"idle", kStopCaption, false, true, -1});
+    c.Activate();
+    Check(c, run, {"idle", kStopCaption, false, true, true});
+    EXPECT_EQ(StartCaption(RunWindow::Capacity), "ReStart Iteration");
 
     c.BeginStart(run);
-    EXPECT_TRUE(c.State().InputsLocked);
-    EXPECT_TRUE(c.State().SizesLocked);
+    EXPECT_TRUE(c.State().InputsLocked && c.State().SizesLocked);
     EXPECT_FALSE(c.State().ClearEnabled);
-    const Expect stopping{"stopping", kResumeCaption, true, false, -1};
-    FakeRun(c, run, true, &stopping);
+    FakeRun(c, run, true);
     c.EndStart();
-    Check(c, run, {"stopped", kResumeCaption, true, true, -1});
+    Check(c, run, {"stopped", kResumeCaption, true, true, true});
     EXPECT_TRUE(c.State().ClearEnabled);
     EXPECT_FALSE(c.State().InputsLocked);
 
     // Resume: the flags ask the solver to start from the saved center.
     EXPECT_EQ(c.StopClick(run), StopAction::Resume);
-    EXPECT_EQ(run.IterationResume, -1);
+    EXPECT_TRUE(run.IterationResume);
     EXPECT_TRUE(c.State().InputsLocked);
     EXPECT_FALSE(c.State().SizesLocked) << "a resume leaves electrode and size open";
     FakeRun(c, run, false);
     c.EndResume();
-    Check(c, run, {"converged", kStopCaption, false, true, -1});
+    Check(c, run, {"converged", kStopCaption, false, true, true});
+
+    // The coefficient window differs only in its start caption and locked boxes.
+    Control k(RunWindow::Coefficient);
+    EXPECT_EQ(StartCaption(RunWindow::Coefficient), "Start Iteration");
+    k.BeginStart(run);
+    EXPECT_TRUE(k.State().InputsLocked);
+    EXPECT_FALSE(k.State().SizesLocked);
 }
 
 TEST(RunControl, ClearAndSizeChangeGiveUpTheResume) {
-    for (int way = 0; way < 2; ++way) {
+    for (bool clear : {true, false}) {
         Control c(RunWindow::Capacity);
         WeldRunState run;
         c.BeginStart(run);
         FakeRun(c, run, true);
         c.EndStart();
         ASSERT_EQ(c.State().StopCaption, kResumeCaption);
-        if (way == 0)
+        if (clear)
             c.ClearDisplay(run);
         else
             c.SizeChanged();
-        Check(c, run, {way == 0 ? "clear" : "size", kStopCaption, false, true, -1});
-        EXPECT_EQ(run.IterationResume, 0);
+        Check(c, run, {clear ? "clear" : "size", kStopCaption, false, true, true});
+        EXPECT_FALSE(run.IterationResume);
     }
 }
 
-TEST(RunControl, WindowsDifferOnlyInStartCaptionAndLockedBoxes) {
-    EXPECT_EQ(StartCaption(RunWindow::Capacity), "ReStart Iteration");
-    EXPECT_EQ(StartCaption(RunWindow::Coefficient), "Start Iteration");
-    Control c(RunWindow::Coefficient);
-    WeldRunState run;
-    c.BeginStart(run);
-    EXPECT_TRUE(c.State().InputsLocked);
-    EXPECT_FALSE(c.State().SizesLocked);
-}
-
-TEST(RunControl, ClosingWordsAndResultText) {
-    EXPECT_EQ(ClosingText(true),
+TEST(RunControl, HowARunEndsFollowsItsRecord) {
+    const std::string located = ClosingText(true), aborted = ClosingText(false);
+    EXPECT_EQ(located,
               "\r\r ** Instantaneous Center LOCATED !\r\r Reference: AISC Steel Construction\r\n"
               "            Manual, 13th Edition");
-    EXPECT_EQ(ClosingText(false),
+    EXPECT_EQ(aborted,
               "\r\r ** Iteration ABORTED !\r\r Reference: AISC Construction Manual\r\n            13th Edition");
+    // A record of the iteration (stopped, gave up, relaxation) or of the
+    // element model (converged, refused), and how its run ends: the text,
+    // whether the value holds, is shown, and the run can be resumed.
+    struct Case {
+        bool element, converged, stopped, unsettled, refused;
+        double relaxation;
+        std::string text;
+        bool holds, shows, resumable;
+    };
+    const Case cases[] = {
+        {false, true, false, false, false, 0.25, "\r\r Center oscillated: correction step relaxed to 1/4" + located,
+         true, true, false},
+        {false, false, true, false, false, 1.0, aborted, false, true, true},
+        {false, false, false, true, false, 1.0 / 1024,
+         "\r\r Center kept oscillating with the correction step at 1/1024: no convergence. Use the AISC element "
+         "model." +
+             aborted,
+         false, true, false},
+        {true, true, false, false, false, 1.0, ElementClosingText(ElementOutcome::Found), true, true, false},
+        {true, false, false, false, false, 1.0, "\r\r ** AISC element model: no equilibrium for this load !", false,
+         false, false},
+        {true, false, false, false, true, 1.0, ElementClosingText(ElementOutcome::Refused), false, false, false},
+    };
+    for (const Case& c : cases) {
+        weld::SolveResult r;
+        r.Model = c.element ? shell::SolverModel::AiscElement : shell::SolverModel::Iterative;
+        r.Converged = c.converged;
+        r.Stopped = c.stopped;
+        r.Unsettled = c.unsettled;
+        r.Refused = c.refused;
+        r.Relaxation = c.relaxation;
+        const RunEnding e = EndingOf(r);
+        EXPECT_EQ(e.Text, c.text);
+        EXPECT_EQ(std::tuple(e.Converged, e.ShowsValue, e.Resumable), std::tuple(c.holds, c.shows, c.resumable))
+            << c.text;
+    }
+    EXPECT_NE(ElementClosingText(ElementOutcome::Found).find("AISC element model"), std::string::npos);
     EXPECT_EQ(ResultText(50.401567, true), "50.40157  ");
     EXPECT_EQ(ResultText(1.5, false), "** 1.50000  ");
-    EXPECT_NE(ElementClosingText(ElementOutcome::Found).find("AISC element model"), std::string::npos);
     EXPECT_EQ(ForWidget("a\r\rb\r\nc"), "a\n\nb\nc");
-    // How a run settled, before the closing words.
-    EXPECT_EQ(SettlingText(1.0, false), "");
-    EXPECT_EQ(SettlingText(0.25, false), "\r\r Center oscillated: correction step relaxed to 1/4");
-    EXPECT_EQ(SettlingText(1.0 / 1024, true),
-              "\r\r Center kept oscillating with the correction step at 1/1024: no convergence. Use the AISC element "
-              "model.");
 }
 
 TEST(RunControl, PassTextAlignsSignsAndShowsSkippedCenters) {

@@ -4,15 +4,15 @@
 
 #include <cmath>
 
-#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldConfigurations.h"
 #include "weld/core/WeldPicture.h"
 
 using namespace WeldCoefficient;
 
 TEST(WeldCoefficient, CellTextRules) {
-    EXPECT_EQ(ModifyTextWeld("12.3456"), "12.346     ");
-    EXPECT_EQ(ModifyTextWeld("  "), "  ");
-    EXPECT_EQ(ModifyTextWeld("7abc"), "7.000     ");
+    EXPECT_EQ(CellText("12.3456"), "12.346     ");
+    EXPECT_EQ(CellText("  "), "  ");
+    EXPECT_EQ(CellText("7abc"), "7.000     ");
     // A value wipes an old result only when it differs at three decimals.
     EXPECT_FALSE(ChangedAtThreeDecimals("10.0004", "10.000     "));
     EXPECT_TRUE(ChangedAtThreeDecimals("10.001", "10.000     "));

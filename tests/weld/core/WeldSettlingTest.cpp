@@ -11,7 +11,7 @@
 #include <sstream>
 #include <string>
 
-#include "weld/core/InstantaneousCenter.h"
+#include "weld/core/WeldSolve.h"
 
 using namespace weld;
 
@@ -134,14 +134,16 @@ TEST_P(WeldSettling, EveryRunEndsConvergedAndRunsThatSettledBeforeKeepTheirBits)
         for (int e = 1; e <= 36; ++e) {
             const std::string key = std::string(g.name) + " " + std::to_string(angle) + " " + std::to_string(e);
             WeldRunState state;
-            state.SegmentsPerInch = 16;
-            state.IterationStop = 0;
+            state.IterationStop = false;
             WeldRunHooks hooks;
-            SolveReport rep;
-            hooks.DisplayCapacity = [&](double, double, double, double, bool) {
-                if (rep.Passes >= 100000) state.IterationStop = -1;
+            hooks.Display = [&](const PassShown& p) {
+                if (p.Passes >= 100000) state.IterationStop = true;
             };
-            const double c = Locate_InstantaneousCenter(g.lines, e, angle, 1, 1, 1, state, hooks, &rep);
+            SolveOptions options;
+            options.SegmentsPerInch = 16;
+            const SolveResult rep =
+                Solve({g.lines, static_cast<double>(e), static_cast<double>(angle)}, options, state, hooks);
+            const double c = rep.Value;
             ASSERT_TRUE(rep.Converged) << key;
             const Residuals r = ResidualsAt(g.lines, e, angle, 16, rep.CenterX, rep.CenterY);
             EXPECT_LE(std::fabs(r.dP), 1.0001e-5) << key;

@@ -6,30 +6,14 @@ using namespace WeldStrength;
 
 TEST(WeldStrength, ListIndicesMapAtTheirEndsAndOutsideChangeNothing) {
     int16_t spi = 0;
-    EXPECT_TRUE(SegmentsPerInchOf(4, spi));
-    EXPECT_EQ(spi, 64);
-    EXPECT_FALSE(SegmentsPerInchOf(5, spi));
-    EXPECT_EQ(spi, 64);
-    EXPECT_EQ(WeldStripIndexOf(4), 0);
-    EXPECT_EQ(WeldStripIndexOf(12), -1);
-
     double v = 0;
-    EXPECT_TRUE(ElectrodeStrengthOf(5, v));
-    EXPECT_EQ(v, 110);
-    EXPECT_FALSE(ElectrodeStrengthOf(6, v));
-    EXPECT_TRUE(WeldSizeInchesOf(0, v));
-    EXPECT_EQ(v, 0.0625);
-    EXPECT_TRUE(WeldSizeInchesOf(15, v));
-    EXPECT_EQ(v, 1.0);
-    EXPECT_FALSE(WeldSizeInchesOf(-1, v));
-    EXPECT_EQ(v, 1.0);
-
     std::string caption = "x";
-    EXPECT_TRUE(MethodOf(1, v, caption));
-    EXPECT_EQ(v, 0.5);
-    EXPECT_EQ(caption, "Weld Group Allowable Strength, KIPS");
-    EXPECT_FALSE(MethodOf(3, v, caption));
-    EXPECT_EQ(v, 0.5);
+    EXPECT_TRUE(SegmentsPerInchOf(4, spi) && !SegmentsPerInchOf(5, spi) && spi == 64);
+    EXPECT_TRUE(WeldStripIndexOf(4) == 0 && WeldStripIndexOf(12) == -1);
+    EXPECT_TRUE(ElectrodeStrengthOf(5, v) && !ElectrodeStrengthOf(6, v) && v == 110);
+    EXPECT_TRUE(WeldSizeInchesOf(0, v) && v == 0.0625);
+    EXPECT_TRUE(WeldSizeInchesOf(15, v) && !WeldSizeInchesOf(-1, v) && v == 1.0);
+    EXPECT_TRUE(MethodOf(1, v, caption) && !MethodOf(3, v, caption) && v == 0.5);
     EXPECT_EQ(caption, "Weld Group Allowable Strength, KIPS");
 }
 

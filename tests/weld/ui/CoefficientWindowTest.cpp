@@ -1,9 +1,6 @@
-#include "weld/ui/CoefficientWindow.h"
-
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,9 +12,10 @@
 #include <QTest>
 #include <QTimer>
 
-#include "support/GuiTestSupport.h"
 #include "shell/ui/GridEditor.h"
 #include "shell/ui/SettingsStore.h"
+#include "support/GuiTestSupport.h"
+#include "weld/ui/CoefficientWindow.h"
 #include "weld/ui/WeldPictureView.h"
 
 inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
@@ -85,6 +83,13 @@ TEST_F(CoefficientWindowTest, EveryConfigurationGivesTheHeadlessC) {
         EXPECT_EQ(CBox(), QString(kC[n - 1]) + "  ");
         EXPECT_TRUE(W<QPlainTextEdit>("IterationDisplayBox")->toPlainText().contains("Instantaneous Center LOCATED"));
     }
+    // The element model names itself and is not cross-checked by itself.
+    W<QComboBox>("ModelBox")->setCurrentIndex(1);
+    QTest::mouseClick(Button("StartIterationButton"), Qt::LeftButton);
+    EXPECT_TRUE(W<QPlainTextEdit>("IterationDisplayBox")->toPlainText().contains("AISC element model"));
+    EXPECT_FALSE(CBox().isEmpty());
+    EXPECT_NE(CBox().trimmed(), kC[8]);
+    EXPECT_TRUE(W<QLabel>("ModelCheckText")->text().isEmpty());
 }
 
 TEST_F(CoefficientWindowTest, ConfigurationsKeepTheirCellsAndCentroids) {
@@ -107,10 +112,10 @@ TEST_F(CoefficientWindowTest, ConfigurationsKeepTheirCellsAndCentroids) {
     EXPECT_EQ(Cell(0), "3.000     ");
 }
 
-TEST_F(CoefficientWindowTest, IncompleteInputShowsTheMessage) {
+TEST_F(CoefficientWindowTest, IncompleteOrImpossibleInputIsExplained) {
     Open();
     Choose(2);
-    TypeAll({"10", "5"});
+    TypeAll({"0", "5"});
     QTest::mouseClick(Button("StartIterationButton"), Qt::LeftButton);
     ASSERT_EQ(boxes_.Seen().size(), 1);
     EXPECT_EQ(boxes_.Seen()[0].text, "Incomplete Parameter Input ! ");
@@ -119,6 +124,13 @@ TEST_F(CoefficientWindowTest, IncompleteInputShowsTheMessage) {
     EXPECT_TRUE(CBox().isEmpty());
     EXPECT_FALSE(Button("StopIterationButton")->isEnabled());
     EXPECT_TRUE(Button("StartIterationButton")->isEnabled());
+    // A row that cannot give a coefficient says why in the status line.
+    TypeAll({"0", "5", "8", "15"});
+    QTest::mouseClick(Button("StartIterationButton"), Qt::LeftButton);
+    EXPECT_EQ(W<QLabel>("StatusLine")->text(), "No coefficient: the base length L must be greater than 0.");
+    Type(0, "10");
+    QTest::mouseClick(Button("StartIterationButton"), Qt::LeftButton);
+    EXPECT_TRUE(W<QLabel>("StatusLine")->text().isEmpty());
 }
 
 TEST_F(CoefficientWindowTest, OldResultIsWipedOnlyByAChangeAtThreeDecimals) {
@@ -162,58 +174,19 @@ TEST_F(CoefficientWindowTest, StopAndResumeAsInTheCapacityWindow) {
     EXPECT_TRUE(W<QLabel>("ElapsedIndicator")->text().isEmpty());
 }
 
-TEST_F(CoefficientWindowTest, ImpossibleRowIsExplainedInTheStatusLine) {
-    Open();
-    Choose(2);
-    TypeAll({"0", "5", "8", "15"});
-    QTest::mouseClick(Button("StartIterationButton"), Qt::LeftButton);
-    EXPECT_EQ(W<QLabel>("StatusLine")->text(), "No coefficient: the base length L must be greater than 0.");
-    Type(0, "10");
-    QTest::mouseClick(Button("StartIterationButton"), Qt::LeftButton);
-    EXPECT_TRUE(W<QLabel>("StatusLine")->text().isEmpty());
-}
-
-TEST_F(CoefficientWindowTest, SettingsAndSpanInput) {
+TEST_F(CoefficientWindowTest, SettingsSpanInputAndSmallScreens) {
     settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", "WeldView", "12");
     Open();
     EXPECT_EQ(W<QListWidget>("WeldView")->currentRow(), 8);
     EXPECT_EQ(frm_->windowTitle(), "Weld Group Coefficient Calculator    -    [Weld Configuration 9]");
-    EXPECT_TRUE(CoefficientWindow::Span_Input_Ok("5'-3 1/2\""));
-    EXPECT_TRUE(CoefficientWindow::Span_Input_Ok("12.5"));
+    EXPECT_TRUE(CoefficientWindow::Span_Input_Ok("5'-3 1/2\"") && CoefficientWindow::Span_Input_Ok("12.5"));
     EXPECT_FALSE(CoefficientWindow::Span_Input_Ok("5-3"));
-    Choose(4);
-    frm_->close();
-    EXPECT_EQ(settings::GetSetting(settings::ProgramTitle(), "FerrolithSetting", "WeldView"), "4");
-}
-
-TEST_F(CoefficientWindowTest, ElementModelNamesItself) {
-    settings::SaveSetting(settings::ProgramTitle(), "FerrolithSetting", "SolverModel", "aisc");
-    Open();
-    Choose(4);
-    TypeAll({"10", "5", "8", "15"});
-    QTest::mouseClick(Button("StartIterationButton"), Qt::LeftButton);
-    EXPECT_TRUE(W<QPlainTextEdit>("IterationDisplayBox")->toPlainText().contains("AISC element model"));
-    EXPECT_FALSE(CBox().isEmpty());
-    EXPECT_NE(CBox().trimmed(), kC[3]);
-    EXPECT_TRUE(W<QLabel>("ModelCheckText")->text().isEmpty()) << "no cross-check of the element model itself";
-}
-
-TEST_F(CoefficientWindowTest, TableCopiesWithItsRowLabels) {
-    Open();
-    Choose(8);
-    TypeAll({"10", "4", "6", "0"});
-    // Range copy and the grid's keys are the shared grid's, tested with the bolt window.
-    QTest::keyClick(grid_, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(),
-              "Base Length, L\t10.000\nLength, kL\t4.000\nEccentricity, aL\t6.000\n"
-              "Load Rotation Angle,  \u00D8\t0.000\nCentroid Distance, xL\t0.571\nCentroid Distance, yL\t3.571\n");
-}
-
-TEST_F(CoefficientWindowTest, FitsSmallScreensAndTheGridGrows) {
-    Open();
     const QSize growth = guitest::GrowthFromMinimum(frm_, grid_, QSize(300, 200), "coefficient");
     EXPECT_GT(growth.width(), 0);
     EXPECT_GT(growth.height(), 0);
+    Choose(4);
+    frm_->close();
+    EXPECT_EQ(settings::GetSetting(settings::ProgramTitle(), "FerrolithSetting", "WeldView"), "4");
 }
 
 // With FERROLITH_SHOTS set to a folder, the window and the nine pictures at
