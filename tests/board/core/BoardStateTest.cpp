@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "support/RecordingSurface.h"
 #include "board/core/Viewport.h"
 
@@ -49,9 +51,9 @@ TEST(BoardState, EveryModeSetsItsCaptionPromptBoxAndPointer) {
     for (const ModeCase& c : cases) {
         Fixture f;
         f.board.Set_Mode(c.index);
-        EXPECT_EQ(f.board.ActiveMode, c.index);
-        EXPECT_EQ(f.board.Ui.DumLabel, c.label);
-        EXPECT_EQ(f.board.Ui.CommandName, c.prompt);
+        EXPECT_EQ(f.board.Mode().Index(), c.index);
+        EXPECT_EQ(f.board.Ui.ModeCaption, c.label);
+        EXPECT_EQ(f.board.Ui.Prompt, c.prompt);
         EXPECT_EQ(f.board.Ui.CommandBoxEnabled, c.box) << c.label;
         EXPECT_EQ(f.board.Ui.CommandText, c.box ? "" : " <CommandLine response disabled>");
         EXPECT_EQ(f.board.Ui.CheckedMode, c.index);
@@ -63,8 +65,8 @@ TEST(BoardState, EveryModeSetsItsCaptionPromptBoxAndPointer) {
 TEST(BoardState, AnUnknownIndexKeepsTheModeAndShowsNoName) {
     Fixture f;
     f.board.Set_Mode(5);
-    EXPECT_EQ(f.board.ActiveMode, DRAW);
-    EXPECT_EQ(f.board.Ui.DumLabel, "   Active Mode:  ");
+    EXPECT_EQ(f.board.Mode().Index(), DRAW);
+    EXPECT_EQ(f.board.Ui.ModeCaption, "   Active Mode:  ");
 }
 
 TEST(BoardState, SelectionPromptsFollowTheCommandState) {
@@ -73,25 +75,24 @@ TEST(BoardState, SelectionPromptsFollowTheCommandState) {
     Board& b = f.board;
     auto& sel = b.Sel;
     struct Step {
-        int16_t* field;
-        int16_t value;
+        std::function<void()> set;
         const char* prompt;
     };
-    const Step steps[] = {{&sel.SelectKind, 1, "[Pick First Corner Point]"},
-                          {&sel.CornerPicked, -1, "[Pick Second Corner Point]"},
-                          {&sel.MovePending, -1, "[Pick Base Point]"},
-                          {&sel.MoveClick, 1, "[Pick Destination Point]"},
-                          {&sel.RotatePending, -1, "[Pick Rotation Base Point]"},
-                          {&sel.RotateClick, 1, "[Enter Rotation Angle in degrees]"}};
+    const Step steps[] = {{[&] { sel.SelectKind = 1; }, "[Pick First Corner Point]"},
+                          {[&] { sel.CornerPicked = true; }, "[Pick Second Corner Point]"},
+                          {[&] { sel.MovePending = true; }, "[Pick Base Point]"},
+                          {[&] { sel.MoveClick = 1; }, "[Pick Destination Point]"},
+                          {[&] { sel.RotatePending = true; }, "[Pick Rotation Base Point]"},
+                          {[&] { sel.RotateClick = 1; }, "[Enter Rotation Angle in degrees]"}};
     for (const Step& s : steps) {
-        *s.field = s.value;
+        s.set();
         b.Show_Prompt();
-        EXPECT_EQ(b.Ui.CommandName, s.prompt);
+        EXPECT_EQ(b.Ui.Prompt, s.prompt);
     }
     // A pending command survives a mode change.
     b.Set_Mode(DRAW);
-    EXPECT_NE(sel.RotatePending, 0);
-    EXPECT_NE(sel.MovePending, 0);
+    EXPECT_TRUE(sel.RotatePending);
+    EXPECT_TRUE(sel.MovePending);
 }
 
 TEST(BoardState, LeavingSelectionClearsItEnteringKeepsIt) {
@@ -110,8 +111,8 @@ TEST(BoardState, LeavingSelectionClearsItEnteringKeepsIt) {
 TEST(BoardState, TwoClicksDrawALineAndThePolyChainGoesOn) {
     Fixture f;
     f.Click(1.0, 4.0);
-    EXPECT_EQ(f.board.DrawClick, 1);
-    EXPECT_EQ(f.board.Ui.CommandName,
+    EXPECT_EQ(f.board.Ui.Prompt.substr(0, 18), "[Pick Next Point] ");
+    EXPECT_EQ(f.board.Ui.Prompt,
               "[Pick Next Point]       -> Input Format: 'X,Y' or 'Distance<Angle' or 'Distance'");
     f.board.DrawingBoard_MouseMove(Button::None, false, 2.0, 4.0);
     f.board.DrawingBoard_MouseDown(Button::Left, false, 2.0, 4.0);
@@ -120,22 +121,21 @@ TEST(BoardState, TwoClicksDrawALineAndThePolyChainGoesOn) {
     EXPECT_FLOAT_EQ(f.doc.Lines[0].StartPt.X, 1.0f);
     EXPECT_FLOAT_EQ(f.doc.Lines[0].EndPt.X, 2.0f);
     EXPECT_NEAR(f.doc.Lines[0].Length, 1.0, 1e-6);
-    EXPECT_EQ(f.board.DrawClick, 0);
+    EXPECT_EQ(f.board.Ui.Prompt, "[Pick Start Point]      -> Input Format: 'X,Y'");
 
     f.board.PolyBox_Click(true);
     f.Click(3.0, 4.0);
     f.Click(3.0, 3.0);
-    EXPECT_EQ(f.board.DrawClick, 1) << "chain continues";
+    EXPECT_EQ(f.board.Ui.Prompt.substr(0, 18), "[Pick Next Point] ") << "chain continues";
     f.board.DrawingBoard_MouseMove(Button::None, false, 4.0, 3.0);
     f.board.DrawingBoard_MouseDown(Button::Left, false, 4.0, 3.0);
     EXPECT_EQ(Viewport::Line_Count(f.doc.Lines), 3);
     EXPECT_FLOAT_EQ(f.doc.Lines[2].StartPt.Y, 3.0f);
     // F9 ends the chain: the band is erased.
     f.surface.Ops.clear();
-    EXPECT_TRUE(f.board.Form_KeyDown(KeyF9));
+    EXPECT_TRUE(f.board.Form_KeyDown(Key::F9));
     EXPECT_FALSE(f.board.PolyMode);
     EXPECT_FALSE(f.board.Ui.PolyBox);
-    EXPECT_EQ(f.board.DrawClick, 0);
     ASSERT_EQ(f.surface.OfKind("Line").size(), 1u);
     EXPECT_EQ(f.surface.Ops[0].Mode, PenMode::Invert);
 }
@@ -145,18 +145,18 @@ TEST(BoardState, DeleteKeyRoutesByMode) {
     Viewport::Add_Drawn_Line(f.doc, {1, 1, 0}, {2, 1, 0});
     Viewport::Add_Drawn_Line(f.doc, {1, 2, 0}, {2, 2, 0});
     f.doc.Lines[0].Selected = -1;
-    f.board.Form_KeyDown(KeyDelete);  // DRAW: nothing
+    f.board.Form_KeyDown(Key::Delete);  // DRAW: nothing
     f.board.Set_Mode(SELECTION);
     f.doc.Lines[0].Selected = -1;
-    f.board.Sel.MovePending = -1;
-    f.board.Form_KeyDown(KeyDelete);  // during a move: nothing
+    f.board.Sel.MovePending = true;
+    f.board.Form_KeyDown(Key::Delete);  // during a move: nothing
     EXPECT_EQ(Viewport::Line_Count(f.doc.Lines), 2);
-    f.board.Sel.MovePending = 0;
-    f.board.Form_KeyDown(KeyDelete);  // Delete Selection
+    f.board.Sel.MovePending = false;
+    f.board.Form_KeyDown(Key::Delete);  // Delete Selection
     ASSERT_EQ(Viewport::Line_Count(f.doc.Lines), 1);
     f.board.Set_Mode(EDIT);
     f.board.DrawingBoard_MouseMove(Button::None, false, 1.5, 2.0);
-    f.board.Form_KeyDown(KeyDelete);  // the line under the pointer
+    f.board.Form_KeyDown(Key::Delete);  // the line under the pointer
     EXPECT_TRUE(Viewport::Lines_Empty(f.doc.Lines));
     EXPECT_EQ(f.doc.LineCounter, 0) << "empty table after the delete";
     EXPECT_FALSE(f.board.Ui.Marks.MidBox.Visible);
@@ -166,9 +166,9 @@ TEST(BoardState, ThreePicksMakeADimensionOfTheRightKind) {
     Fixture f;
     f.board.Set_Mode(DIMENSION);
     f.Click(1.0, 1.0);
-    EXPECT_EQ(f.board.Ui.CommandName, "[Pick Second Dimension Point]");
+    EXPECT_EQ(f.board.Ui.Prompt, "[Pick Second Dimension Point]");
     f.Click(3.0, 2.0);
-    EXPECT_EQ(f.board.Ui.CommandName, "[Pick Dimension Position]");
+    EXPECT_EQ(f.board.Ui.Prompt, "[Pick Dimension Position]");
     // Ortho always holds for the position: straight above the middle.
     f.board.DrawingBoard_MouseMove(Button::None, false, 2.1, 0.5);
     f.board.DrawingBoard_MouseDown(Button::Left, false, 2.1, 0.5);
@@ -177,8 +177,7 @@ TEST(BoardState, ThreePicksMakeADimensionOfTheRightKind) {
     EXPECT_EQ(d.DimType, 1);
     EXPECT_NEAR(d.DimLength, 2.0, 1e-6);
     EXPECT_FLOAT_EQ(d.DimPos.X, 2.0f);
-    EXPECT_EQ(f.board.DimClick, 0);
-    EXPECT_EQ(f.board.Ui.CommandName, "[Pick First Dimension Point]");
+    EXPECT_EQ(f.board.Ui.Prompt, "[Pick First Dimension Point]");
 }
 
 TEST(BoardState, ZoomWindowFillsTheBoardWithTheBox) {
@@ -199,11 +198,10 @@ TEST(BoardState, ZoomButtonsAndFitLeaveCalculationForDraw) {
     Fixture f;
     Viewport::Add_Drawn_Line(f.doc, {1, 1, 0}, {2, 2, 0});
     f.board.Set_Mode(CALCULATION);
+    const float fitted = f.doc.ZoomScale;
     f.board.Zoom_Button(1.05f);
-    EXPECT_EQ(f.board.ActiveMode, DRAW);
-    EXPECT_FLOAT_EQ(f.doc.ZoomScale, 1.05f);
-    f.board.Zoom_Button(0.95f);
-    EXPECT_NEAR(f.doc.ZoomScale, 1.05 * 0.95, 1e-6);
+    EXPECT_EQ(f.board.Mode().Index(), DRAW);
+    EXPECT_FLOAT_EQ(f.doc.ZoomScale, fitted * 1.05f);
     f.board.ZoomExtentButton_Click();
     EXPECT_NEAR(f.doc.Lines[0].MidPt.X, f.doc.ScaleWidth / 2, 1e-4);
 }

@@ -37,11 +37,8 @@ struct Calc {
     LayoutDocument doc;
     Surface surface;
     BoardState::Board board{doc, surface};
-    CalcState state;
-    explicit Calc(LayoutDocument d) : doc(std::move(d)) {
-        Install(board, state);
-        board.Set_Mode(BoardState::DRAW);
-    }
+    const CalcState& state = board.Load_Inputs();
+    explicit Calc(LayoutDocument d) : doc(std::move(d)) { board.Set_Mode(BoardState::DRAW); }
     void Click(double x) {
         board.DrawingBoard_MouseMove(BoardState::Button::None, false, x, 1.0);
         board.DrawingBoard_MouseDown(BoardState::Button::Left, false, x, 1.0);
@@ -100,7 +97,7 @@ TEST(CalculationView, AnEmptyBoardPaintsNothingAndShowsNoPanel) {
         ASSERT_FALSE(c.surface.Ops.empty());
         EXPECT_EQ(c.surface.Ops.back().Kind, "Cls") << "nothing after clearing the board";
         EXPECT_FALSE(c.board.Ui.LoadParamBoxVisible);
-        EXPECT_EQ(c.board.Ui.CommandName, "[Pick on either Left or Right to specify Load Location]");
+        EXPECT_EQ(c.board.Ui.Prompt, "[Pick on either Left or Right to specify Load Location]");
         const size_t before = c.surface.Ops.size();
         c.Click(6.0);
         EXPECT_EQ(c.surface.Ops.size(), before) << "a click places no load";
@@ -113,7 +110,7 @@ TEST(CalculationView, EnteringShowsTheCenterOfGravityAndPlacesTheLoad) {
     c.doc.Load.LoadEccentricity = 0.75;
     c.board.Set_Mode(BoardState::CALCULATION);
     EXPECT_TRUE(c.board.Ui.LoadParamBoxVisible);
-    EXPECT_EQ(c.board.Ui.CommandName, "[Specify 'Load Position', 'Load Rotation Angle' and 'Load Eccentricity']");
+    EXPECT_EQ(c.board.Ui.Prompt, "[Specify 'Load Position', 'Load Rotation Angle' and 'Load Eccentricity']");
     EXPECT_EQ(c.state.EcInput, "9\"");
     EXPECT_EQ(c.state.RotInput, "270\xC2\xB0");
     EXPECT_EQ(c.doc.Load.LoadAngle, 270.0);

@@ -106,7 +106,7 @@ TEST(CommandLine, RelativeRepliesFollowTheZoomButAbsoluteOnesTheViewport) {
 TEST(CommandLine, RotateBasePointTakesPlainNumbersOnly) {
     LayoutDocument doc = DocWith({L(1, 1, 3, 1)});
     SelectionState st;
-    st.RotatePending = -1;
+    st.RotatePending = true;
     ReplyResult r = Reply_Rotate(doc, st, "2,3", {});
     ASSERT_EQ(r.Status, ReplyStatus::Point);
     EXPECT_NEAR(r.TypedX, 2, kEps);
@@ -119,7 +119,7 @@ TEST(CommandLine, RotateAngleTurnsTheSelectionAndEndsTheCommand) {
     LayoutDocument doc = DocWith({L(1, 1, 3, 1)});
     doc.Lines[0].Selected = -1;
     SelectionState st;
-    st.RotatePending = -1;
+    st.RotatePending = true;
     st.RotateClick = 1;
     st.RotateBase = P(1, 1);
     int prompts = 0;
@@ -136,7 +136,7 @@ TEST(CommandLine, RotateAngleTurnsTheSelectionAndEndsTheCommand) {
     EXPECT_EQ(r.Status, ReplyStatus::Done);
     EXPECT_NEAR(doc.Lines[0].EndPt.X, 1, kEps);
     EXPECT_NEAR(doc.Lines[0].EndPt.Y, -1, kEps);  // up on the screen
-    EXPECT_EQ(st.RotatePending, 0);
+    EXPECT_FALSE(st.RotatePending);
     EXPECT_EQ(st.RotateClick, 0);
     EXPECT_EQ(prompts, 1);
 }

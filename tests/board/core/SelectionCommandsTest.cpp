@@ -96,7 +96,7 @@ TEST(Selection, EscapeClearsTheSelectionAndSendsCommandsBackToTheirFirstStep) {
     LayoutDocument doc = BoxScene();
     SelectionState st;
     Select_All(doc, st);
-    st.MovePending = -1;
+    st.MovePending = true;
     st.MoveClick = 1;
     int erased = 0;
     EditHooks hooks;
@@ -104,7 +104,7 @@ TEST(Selection, EscapeClearsTheSelectionAndSendsCommandsBackToTheirFirstStep) {
     Selection_Escape(doc, st, hooks);
     EXPECT_TRUE(SelectedRows(doc).empty());
     EXPECT_EQ(st.MoveClick, 0);
-    EXPECT_NE(st.MovePending, 0);  // the command stays alive
+    EXPECT_TRUE(st.MovePending);  // the command stays alive
     EXPECT_EQ(erased, 1);
 }
 
@@ -117,11 +117,11 @@ TEST(Selection, MoveByPickedPointsMovesTheSelectionOnly) {
     Toggle_Line(doc.Lines, 0);
     Recorder rec;
     ASSERT_TRUE(MoveButton_Click(doc, st, rec.Hooks()));
-    EXPECT_NE(st.MovePending, 0);
+    EXPECT_TRUE(st.MovePending);
     Move_Click(doc, st, P(1, 1), rec.Hooks());
     EXPECT_EQ(st.MoveClick, 1);
     Move_Click(doc, st, P(2.5f, 0.5f), rec.Hooks());
-    EXPECT_EQ(st.MovePending, 0);
+    EXPECT_FALSE(st.MovePending);
     EXPECT_EQ(st.MoveClick, 0);
     const LineRec& r = doc.Lines[0];
     EXPECT_FLOAT_EQ(r.StartPt.X, 3.5f);
@@ -154,7 +154,7 @@ TEST(Selection, RotateByAPickedBaseAndATypedAngle) {
         EXPECT_NEAR(doc.Lines[0].EndPt.Y, c.ey, kEps) << c.angle;
         EXPECT_NEAR(doc.Lines[0].StartPt.X, 1, kEps);
         EXPECT_NEAR(doc.Lines[0].MidPt.X, (1 + c.ex) / 2, kEps);
-        EXPECT_EQ(st.RotatePending, 0);
+        EXPECT_FALSE(st.RotatePending);
     }
 }
 
@@ -165,9 +165,9 @@ TEST(Selection, StartingOneCommandCancelsTheOther) {
     ASSERT_TRUE(RotateButton_Click(doc, st));
     Rotate_Click(st, P(1, 1));
     ASSERT_TRUE(MoveButton_Click(doc, st));
-    EXPECT_EQ(st.RotatePending, 0);
+    EXPECT_FALSE(st.RotatePending);
     EXPECT_EQ(st.RotateClick, 0);
-    EXPECT_NE(st.MovePending, 0);
+    EXPECT_TRUE(st.MovePending);
 }
 
 // Each command refuses an empty board or an empty selection with its warning
@@ -195,8 +195,8 @@ TEST(Selection, CommandsWithNothingToWorkOnSayWhy) {
         c.run(doc, st, rec.Hooks());
         EXPECT_EQ(rec.messages, std::vector<std::string>{c.message}) << c.name;
         EXPECT_EQ(LayoutFile::Layout_Bytes(doc), before) << c.name;
-        EXPECT_EQ(st.MovePending, 0) << c.name;
-        EXPECT_EQ(st.RotatePending, 0) << c.name;
+        EXPECT_FALSE(st.MovePending) << c.name;
+        EXPECT_FALSE(st.RotatePending) << c.name;
     }
 }
 

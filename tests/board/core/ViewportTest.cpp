@@ -145,19 +145,19 @@ TEST(Geometry, LinesCross) {
 TEST(Geometry, IntersectionsOfABoxAndFindingThem) {
     LineTable box = {L(0, 0, 2, 0), L(2, 0, 2, 2), L(2, 2, 0, 2), L(0, 2, 0, 0)};
     PointTable result;
-    int16_t flag = 0;
+    bool flag = false;
     int yields = 0;
     Build_Intersections(box, result, flag, [&] { ++yields; });
     ASSERT_EQ(result.size(), 4u);  // the four corners, the parallel pairs do not count
     for (const auto& p : result) EXPECT_EQ(p.Flag, -1);
-    EXPECT_EQ(flag, -1);
+    EXPECT_TRUE(flag);
     EXPECT_EQ(yields, 0) << "a small search runs through";
 
     // No crossing: a blank table comes back, the flag is left as it was.
     Build_Intersections({L(0, 0, 1, 0), L(0, 5, 1, 5)}, result, flag);
     ASSERT_EQ(result.size(), 1u);
     EXPECT_EQ(result[0].Flag, 0);
-    EXPECT_EQ(flag, -1);
+    EXPECT_TRUE(flag);
 
     LayoutDocument doc;
     PointRec hit;
@@ -183,7 +183,7 @@ TEST(Geometry, CrossingsAreThoseOfEveryPairInOrder) {
     for (int k = 0; k < 300; ++k) hatch.push_back(L(-1, -1 + k * 0.01f, 1, 1 + k * 0.01f));  // parallel through x = 0
     for (const LineTable* t : {&lattice, &grid, &hatch}) {
         PointTable want, got;
-        int16_t wantFlag = 0, gotFlag = 0;
+        bool wantFlag = false, gotFlag = false;
         reference::AllPairsCrossings(*t, want, wantFlag);
         Build_Intersections(*t, got, gotFlag);
         ASSERT_EQ(got.size(), want.size());
@@ -193,7 +193,7 @@ TEST(Geometry, CrossingsAreThoseOfEveryPairInOrder) {
     }
 
     PointTable result;
-    int16_t flag = 0;
+    bool flag = false;
     int yields = 0;
     Build_Intersections(grid, result, flag, [&] {
         if (yields++ == 0) Build_Intersections({L(0, 0, 2, 2), L(0, 2, 2, 0)}, result, flag);

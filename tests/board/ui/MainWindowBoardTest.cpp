@@ -166,11 +166,11 @@ TEST_F(MainFrmBoard, ModeButtonsSetPromptAndCommandBox) {
         EXPECT_EQ(prompt->text(), c.prompt);
         EXPECT_EQ(box->isEnabled(), c.enabled);
         EXPECT_EQ(box->text(), c.enabled ? "" : " <CommandLine response disabled>");
-        EXPECT_EQ(w.Board().ActiveMode, c.index);
+        EXPECT_EQ(w.Board().Mode().Index(), c.index);
     }
     // The menu entry leads to the same switch and carries the check mark.
     w.action("mnuPanMode")->trigger();
-    EXPECT_EQ(w.Board().ActiveMode, 10);
+    EXPECT_EQ(w.Board().Mode().Index(), 10);
     EXPECT_TRUE(w.action("mnuPanMode")->isChecked());
     EXPECT_FALSE(w.action("mnuDrawMode")->isChecked());
     // Separators stand at the odd indexes of the mode bar.
@@ -212,7 +212,7 @@ TEST_F(MainFrmBoard, DrawingWithThePointerAndEscape) {
     EXPECT_NE(b.s.Image(), before);
     QTest::keyClick(b.box, Qt::Key_Escape);
     EXPECT_EQ(b.s.Image(), before);
-    EXPECT_EQ(b.Board().DrawClick, 0);
+    EXPECT_EQ(b.Board().Ui.Prompt, "[Pick Start Point]      -> Input Format: 'X,Y'");
     EXPECT_EQ(b.w.findChild<QLabel*>("StatusPanel1")->text(), "  X = 4.00000,   Y = 2.00000");
 }
 

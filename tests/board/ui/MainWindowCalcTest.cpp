@@ -196,7 +196,7 @@ TEST(BoardFeedback, ChangeOfViewLeavesNoHoverOrSnapBehind) {
         EXPECT_FALSE(marks.PickBox.Visible || marks.StartBox.Visible || marks.MidBox.Visible || marks.EndBox.Visible);
         // Back in the mode of the finding, the Delete key of EDIT finds no line
         // until the pointer is over one again.
-        if (b.Board().ActiveMode != c.mode) b.Mode(c.mode);
+        if (b.Board().Mode().Index() != c.mode) b.Mode(c.mode);
         b.Key(Qt::Key_Delete);
         EXPECT_EQ(Viewport::Line_Count(b.Doc().Lines), 3);
         const QImage shown = b.s.Image().copy();
@@ -225,7 +225,7 @@ TEST(BoardFeedback, LeavingCalculationBringsBackTheWorkingDisplay) {
         b.Press("RefreshButton");
 
         QTest::mouseClick(b.w.findChild<QWidget*>(way), Qt::LeftButton);
-        EXPECT_EQ(b.Board().ActiveMode, QString(way) == "ModeBarButton_4" ? BoardState::SELECTION : BoardState::DRAW);
+        EXPECT_EQ(b.Board().Mode().Index(), QString(way) == "ModeBarButton_4" ? BoardState::SELECTION : BoardState::DRAW);
         EXPECT_FALSE(b.w.findChild<QWidget*>("LoadParamBox")->isVisible());
         EXPECT_TRUE(b.box->isEnabled());
         const QImage shown = b.s.Image().copy();

@@ -148,7 +148,7 @@ TEST_F(BoardEditing, PicksToggleAndThePopUpMenuTypesTheKind) {
         ASSERT_EQ(dog.Seen().size(), 1);
         EXPECT_EQ(dog.Seen()[0].text, "No Line(s) selected !   ");
         EXPECT_EQ(dog.Seen()[0].icon, QMessageBox::Critical);
-        EXPECT_EQ(b.Board().Sel.RotatePending, 0);
+        EXPECT_FALSE(b.Board().Sel.RotatePending);
     }
     b.ClickAt(b.Px(5.5, 4));
     EXPECT_EQ(b.Doc().Lines[2].Selected, -1);
@@ -265,7 +265,7 @@ TEST_F(BoardEditing, AnInvalidReplyIsShownInRedAndChangesNothing) {
         b.Type(reply);
         EXPECT_EQ(b.box->text(), "**INVALID REPLY TO COMMAND**") << reply;
         EXPECT_EQ(b.box->palette().color(QPalette::Text), QColor(255, 0, 0));
-        EXPECT_EQ(b.Board().DrawClick, 0);
+        EXPECT_EQ(b.Board().Ui.Prompt, "[Pick Start Point]      -> Input Format: 'X,Y'");
     }
     b.Mode(4);
     b.Type("Q");

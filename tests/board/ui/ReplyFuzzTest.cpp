@@ -122,7 +122,7 @@ TEST(BoardFuzz, RandomRepliesAndPointerEventsKeepTheDocumentValid) {
             case 3: b.ClickAt(p, button, mods); break;
             default: {
                 // The calculation display does not follow the pointer.
-                const bool calc = b.Board().ActiveMode == BoardState::CALCULATION;
+                const bool calc = b.Board().Mode().Index() == BoardState::CALCULATION;
                 const QImage before = calc ? b.s.Image().copy() : QImage();
                 b.MoveTo(p, fz.Choice(3) == 0 ? Qt::LeftButton : Qt::NoButton);
                 if (calc) {
