@@ -4,6 +4,7 @@
 // follow the pointer.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <random>
 
@@ -51,49 +52,35 @@ TEST(BoardFuzz, RandomRepliesAndPointerEventsKeepTheDocumentValid) {
     board.hooks.Show_Message = [&](const BoardMessages::BoardMessage& m) { return m.YesNo && choice(4) == 0; };
     board.hooks.Show_LineData = [&](int16_t row) { LineData::Apply_LineData(doc, row, reply(), reply(), choice(3)); };
     board.Set_Mode(DRAW);
-    void (Board::*const tools[])() = {&Board::MoveButton_Click,     &Board::RotateButton_Click,
-                                      &Board::DeleteButton_Click,   &Board::RefreshButton_Click,
+    void (Board::*const tools[])() = {&Board::MoveButton_Click,       &Board::RotateButton_Click,
+                                      &Board::DeleteButton_Click,     &Board::RefreshButton_Click,
                                       &Board::ZoomExtentButton_Click, &Board::ClearButton_Click,
-                                      &Board::ClearDimButton_Click};
+                                      &Board::ClearDimButton_Click,   &Board::DrawingBoard_DblClick};
     const Button buttons[] = {Button::Left, Button::Left, Button::Right, Button::Middle};
-    const Key keys[] = {Key::Escape, Key::Delete, Key::F8, Key::F9};
     int mostLines = 0, calcMoves = 0;
     for (int i = 0; i < 20000; ++i) {
         const double x = choice(760) / 100.0 - 0.3, y = choice(560) / 100.0 - 0.3;
         const Button button = buttons[choice(4)];
-        const bool shift = choice(4) == 0;
+        const bool shift = choice(4) == 0, calc = !board.Mode().ShowsWorkingDisplay();
         const std::string text = reply();
         const size_t drawn = surface.Ops.size();
-        const bool calc = !board.Mode().ShowsWorkingDisplay();
-        switch (choice(12)) {
-            case 0: case 1: case 2:
-                if (board.Ui.CommandBoxEnabled) board.CommandBox_KeyDown(choice(8) ? Key::Enter : Key::Escape, text);
-                break;
-            case 3: board.DrawingBoard_MouseDown(button, shift, x, y); break;
-            case 4: board.DrawingBoard_MouseUp(button, shift, x, y); break;
-            case 5: board.DrawingBoard_DblClick(); break;
-            case 6:
-                board.DrawingBoard_MouseMove(Button::None, false, x, y);
-                board.DrawingBoard_MouseDown(button, shift, x, y);
-                board.DrawingBoard_MouseUp(button, shift, x, y);
-                board.DrawingBoard_Click();
-                break;
-            case 7:
-                board.DrawingBoard_MouseMove(choice(3) ? Button::None : Button::Left, false, x, y);
-                ASSERT_FALSE(calc && surface.Ops.size() != drawn) << i << ": the calculation display moved";
-                calcMoves += calc;
-                break;
-            case 8:
-                board.Set_Mode(static_cast<int16_t>(2 * (choice(7) + 1)));
-                if (choice(3) == 0) board.Apply_Eccentricity(text);
-                if (choice(3) == 0) board.Apply_Rotation(text);
-                break;
-            case 9: board.SnapButton_Click(choice(6)); break;
-            case 10: board.Form_KeyDown(keys[choice(4)]); break;
-            default:
-                if (choice(3) == 0) board.Zoom_Button(choice(2) ? 1.05f : 0.95f);
-                else if (choice(5) == 0) (board.*tools[choice(7)])();
+        const int what = choice(12);
+        if (what < 3 && board.Ui.CommandBoxEnabled) board.CommandBox_KeyDown(choice(8) ? Key::Enter : Key::Escape, text);
+        if (what == 3 || what == 5) board.DrawingBoard_MouseMove(Button::None, false, x, y);
+        if (what == 3 || what == 4) board.DrawingBoard_MouseDown(button, shift, x, y);
+        if (what == 3 || what == 5) board.DrawingBoard_MouseUp(button, shift, x, y);
+        if (what == 3) board.DrawingBoard_Click();
+        if (what == 6) {
+            board.DrawingBoard_MouseMove(choice(3) ? Button::None : Button::Left, false, x, y);
+            ASSERT_FALSE(calc && surface.Ops.size() != drawn) << i << ": the calculation display moved";
+            calcMoves += calc;
         }
+        if (what == 7) board.Set_Mode(static_cast<int16_t>(2 * (choice(7) + 1)));
+        if (what == 7 && choice(2)) choice(2) ? board.Apply_Eccentricity(text) : board.Apply_Rotation(text);
+        if (what == 8) board.SnapButton_Click(choice(6));
+        if (what == 9) board.Form_KeyDown(std::array{Key::Escape, Key::Delete, Key::F8, Key::F9}[choice(4)]);
+        if (what == 10) board.Zoom_Button(choice(2) ? 1.05f : 0.95f);
+        if (what == 11 && choice(4) == 0) (board.*tools[choice(8)])();
         ASSERT_TRUE(Valid(doc)) << "step " << i << ", reply \"" << text << "\"";
         mostLines = std::max<int>(mostLines, Viewport::Line_Count(doc.Lines));
         if (surface.Ops.size() > 100000) surface.Ops.clear();

@@ -1,9 +1,5 @@
-// Replays the cases of board_modes.script on the board with a recording
-// surface: the window's events in world inches, and checks of what the
-// window would show. Each case starts with "=== name" on a new board in
-// DRAW; a line is an action ("click 1 4", "type 5<90", "mode 4") or, after
-// "? ", a check ("? prompt [Pick Start Point] ..."). A text in double quotes
-// keeps its blanks.
+// Replays the cases of board_modes.script (its format is told there) on the
+// board with a recording surface, each on a new board in DRAW.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -29,16 +25,13 @@ struct ScriptCase {
     std::vector<std::pair<int, std::string>> steps;
 };
 
-void PrintTo(const ScriptCase& c, std::ostream* os) { *os << c.name; }
-
 std::vector<ScriptCase> LoadCases() {
     std::ifstream in(FERROLITH_TEST_DATA "/board_modes.script");
     std::vector<ScriptCase> cases;
     std::string text;
-    for (int n = 1; std::getline(in, text); ++n) {
+    for (int n = 1; std::getline(in, text); ++n)
         if (text.rfind("=== ", 0) == 0) cases.push_back({text.substr(4), n, {}});
         else if (!text.empty() && text[0] != '#' && !cases.empty()) cases.back().steps.emplace_back(n, text);
-    }
     return cases;
 }
 
@@ -75,9 +68,7 @@ public:
         const std::string rest = text.size() > verb.size() ? Unquote(text.substr(verb.size() + 1)) : "";
         if (verb == "?") return Check(rest.substr(0, rest.find(' ')), Unquote(rest.substr(rest.find(' ') + 1)));
         drawn_ = surface_.Ops.size();
-        // Behind the position: the right button, Shift, and "board" for a
-        // position in board units rather than world inches.
-        while (in >> word) words += word + " ";
+        while (in >> word) words += word + " ";  // the right button, Shift, a position in board units
         const Button button = words.find("right") != std::string::npos ? Button::Right : Button::Left;
         const bool shift = words.find("shift") != std::string::npos;
         if (words.find("board") == std::string::npos) {
@@ -137,8 +128,7 @@ public:
         } else if (verb == "answer") {
             yes_ = rest == "yes";
         } else if (verb == "saved") {
-            doc_.LinesSaved = doc_.Lines;
-            doc_.DimsSaved = doc_.Dims;
+            std::tie(doc_.LinesSaved, doc_.DimsSaved) = std::tie(doc_.Lines, doc_.Dims);
         } else if (verb == "ecc" || verb == "rot") {
             if (!(verb == "ecc" ? board_.Apply_Eccentricity(rest) : board_.Apply_Rotation(rest)))
                 messages_.push_back("refused");
@@ -189,6 +179,7 @@ private:
             if (l.Exists == 0) continue;
             if (what == "lines") parts.push_back(World(l.StartPt) + ">" + World(l.EndPt));
             if (what == "names") parts.push_back(l.LineName);
+            if (what == "lengths") parts.push_back(Num(l.Length));
             if (what == "selected" && l.Selected != 0) parts.push_back(std::to_string(i));
         }
         for (const Layout::DimensionRec& d : doc_.Dims)
@@ -240,22 +231,15 @@ private:
     size_t drawn_ = 0;
 };
 
-class BoardScript : public testing::TestWithParam<ScriptCase> {};
-
-TEST_P(BoardScript, Replays) {
-    Script run;
-    for (const auto& [line, text] : GetParam().steps) {
-        SCOPED_TRACE("board_modes.script:" + std::to_string(line) + ": " + text);
-        run.Step(text);
+TEST(BoardScript, ReplaysEveryCase) {
+    for (const ScriptCase& c : LoadCases()) {
+        SCOPED_TRACE("board_modes.script:" + std::to_string(c.line) + ": " + c.name);
+        Script run;
+        for (const auto& [line, text] : c.steps) {
+            SCOPED_TRACE("board_modes.script:" + std::to_string(line) + ": " + text);
+            run.Step(text);
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, BoardScript, testing::ValuesIn(LoadCases()),
-                         [](const testing::TestParamInfo<ScriptCase>& info) {
-                             std::string name = "line_" + std::to_string(info.param.line) + "_" + info.param.name;
-                             for (char& ch : name)
-                                 if (!isalnum(static_cast<unsigned char>(ch))) ch = '_';
-                             return name;
-                         });
 
 }  // namespace

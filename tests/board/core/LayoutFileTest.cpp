@@ -40,11 +40,7 @@ LayoutDocument Rich() {
     d.DimType = 2;
     d.DimSpare = 5;
     doc.Dims.push_back(d);
-    doc.Load.LoadSide = 1;
-    doc.Load.LoadPoint = {6.1f, 2.2f, 0};
-    doc.Load.LoadAngle = 30;
-    doc.Load.LoadEccentricity = 0.75;
-    doc.Load.LoadPlaced = -1;
+    doc.Load = {1, {6.1f, 2.2f, 0}, 30, 0.75, -1};
     return doc;
 }
 
@@ -58,12 +54,6 @@ T At(const std::string& b, size_t off) {
 template <class T>
 void Put(std::string& b, size_t off, T v) {
     std::memcpy(b.data() + off, &v, sizeof v);
-}
-
-fs::path TempDir() {
-    const fs::path dir = fs::temp_directory_path() / ("ferrolith-board-" + std::to_string(::getpid()));
-    fs::create_directories(dir);
-    return dir;
 }
 
 }  // namespace
@@ -89,6 +79,7 @@ TEST(WldFormat, OneLineDocumentLayout) {
     Viewport::Add_Drawn_Line(back, P(0, 0), P(0, 1));
     EXPECT_EQ(back.Lines.back().LineName, "Line Number 12");
     EXPECT_EQ(At<uint16_t>(Layout_Bytes(back), 76 + 44 + nameLen), 14);
+    EXPECT_EQ(File_Title("C:\\work\\a.wld") + File_Title("/home/u/box.wld") + File_Title("dir\\"), "a.wldbox.wld");
 }
 
 TEST(WldFormat, RoundTripsAreByteIdentical) {
@@ -112,16 +103,13 @@ TEST(WldFormat, RoundTripsAreByteIdentical) {
     EXPECT_EQ(Layout_Bytes(back), b);
     ASSERT_TRUE(Layout_FromBytes(Layout_Bytes(Rich()), back));
     EXPECT_EQ(back.Lines[2].LineName, Rich().Lines[2].LineName);
-}
-
-TEST(WldFormat, ReadReplacesOnlyTheSavedParts) {
-    LayoutDocument doc = Rich();
-    doc.LinesSaved = doc.Lines;
-    doc.Intersections = {P(9, 9)};
-    ASSERT_TRUE(Layout_FromBytes(Layout_Bytes(OneLine()), doc));
-    EXPECT_TRUE(doc.Lines.size() == 1 && Dimensions::Dims_Empty(doc.Dims) && doc.ZoomScale == 1.0f);
-    EXPECT_EQ(doc.Intersections[0].X, 9.0f);  // callers rebuild them
-    EXPECT_EQ(doc.LinesSaved.size(), 3u);
+    // A read replaces only what a file holds: the crossings are rebuilt by
+    // the caller, and the saved copies are the caller's.
+    back.LinesSaved = back.Lines;
+    back.Intersections = {P(9, 9)};
+    ASSERT_TRUE(Layout_FromBytes(Layout_Bytes(OneLine()), back));
+    EXPECT_TRUE(back.Lines.size() == 1 && Dimensions::Dims_Empty(back.Dims) && back.ZoomScale == 1.0f);
+    EXPECT_TRUE(back.Intersections[0].X == 9.0f && back.LinesSaved.size() == 3u);
 }
 
 TEST(WldFormat, BadFilesLeaveTheDocumentAlone) {
@@ -187,7 +175,8 @@ TEST(WldFormat, TablesStoredWithoutRowsComeBackBlank) {
 }
 
 TEST(WldFile, LargestLayoutIsReadAndALongerFileIsRefusedFromItsSize) {
-    const fs::path dir = TempDir();
+    const fs::path dir = fs::temp_directory_path() / ("ferrolith-board-" + std::to_string(::getpid()));
+    fs::create_directories(dir);
     const std::string path = (dir / "full.wld").string();
     LayoutDocument doc;
     doc.Lines.assign(Layout::kMaxTableRows, LineRec{});
@@ -197,9 +186,7 @@ TEST(WldFile, LargestLayoutIsReadAndALongerFileIsRefusedFromItsSize) {
     ASSERT_EQ(Write_Layout(doc, path).Number, 0);
     EXPECT_EQ(fs::file_size(path), Layout_MaxFileBytes());
     LayoutDocument back;
-    ASSERT_TRUE(Read_Layout(back, path));
-    EXPECT_EQ(back.Lines.size(), Layout::kMaxTableRows);
-
+    ASSERT_TRUE(Read_Layout(back, path) && back.Lines.size() == Layout::kMaxTableRows);
     // A good layout with bytes after it reads; past the cap it is refused.
     ASSERT_EQ(Write_Layout(OneLine(), path).Number, 0);
     fs::resize_file(path, Layout_MaxFileBytes());
@@ -207,12 +194,6 @@ TEST(WldFile, LargestLayoutIsReadAndALongerFileIsRefusedFromItsSize) {
     fs::resize_file(path, Layout_MaxFileBytes() + 1);
     EXPECT_FALSE(Read_Layout(back, path));
     fs::remove_all(dir);
-}
-
-TEST(WldFile, Titles) {
-    EXPECT_EQ(File_Title("C:\\work\\a.wld"), "a.wld");
-    EXPECT_EQ(File_Title("/home/u/box.wld"), "box.wld");
-    EXPECT_EQ(File_Title("dir\\"), "");
 }
 
 TEST(ChangeTest, OnlyRowCountsAndTheLastRowCount) {

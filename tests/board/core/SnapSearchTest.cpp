@@ -2,6 +2,7 @@
 
 #include "support/BoardTestDoc.h"
 #include "support/CaseTable.h"
+#include "board/core/SelectionCommands.h"
 #include "board/core/SnapSearch.h"
 
 using namespace Viewport;
@@ -11,48 +12,23 @@ namespace {
 
 const std::string kCases = FERROLITH_TEST_DATA "/board_cases.table";
 
-// A horizontal line from (1, 1) to (3, 1): half-length 1, middle (2, 1).
-LayoutDocument OneLine() { return DocWith({L(1, 1, 3, 1)}); }
-
-struct LineSnapCase {
-    int16_t mode;
-    float tolerance;
-    float expectX, expectY;  // where a hit lands for the pointer above the middle
-    bool landsOnPointer;
-};
-
-class LineSnaps : public testing::TestWithParam<LineSnapCase> {};
-
-TEST_P(LineSnaps, HitsWithinTheSlackAndMissesJustBeyond) {
-    const LineSnapCase c = GetParam();
-    const LayoutDocument doc = OneLine();
-    const PointRec base = P(2.5f, -4.0f);
-
-    const float inY = static_cast<float>(1.0 + OffsetForSlack(1.0, c.tolerance * 0.98));
-    PointRec out;
-    ASSERT_TRUE(Snap_Point(doc, 2.0f, inY, c.mode, out, base));
-    if (c.landsOnPointer) {
-        EXPECT_FLOAT_EQ(out.X, 2.0f);
-        EXPECT_FLOAT_EQ(out.Y, inY);
-    } else {
-        EXPECT_FLOAT_EQ(out.X, c.expectX);
-        EXPECT_FLOAT_EQ(out.Y, c.expectY);
-    }
-
-    const float outY = static_cast<float>(1.0 + OffsetForSlack(1.0, c.tolerance * 1.02));
-    EXPECT_FALSE(Snap_Point(doc, 2.0f, outY, c.mode, out, base));
-    EXPECT_FLOAT_EQ(out.X, 2.0f);  // a miss leaves the pointer
-    EXPECT_FLOAT_EQ(out.Y, outY);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Snap, LineSnaps,
-    testing::Values(LineSnapCase{SnapKind::EndPoint, SnapTolerance::EndLine, 3, 1, false},  // a tie takes EndPt
-                    LineSnapCase{SnapKind::MidPoint, SnapTolerance::MidPoint, 2, 1, false},
-                    LineSnapCase{SnapKind::Nearest, SnapTolerance::Nearest, 0, 0, true},
-                    LineSnapCase{SnapKind::Perpendicular, SnapTolerance::Perpendicular, 2.5f, 1, false}));
-
 PointRec At(const std::vector<double>& v) { return P(static_cast<float>(v[0]), static_cast<float>(v[1])); }
+
+// A tie of the two ends takes EndPt; a perpendicular drops from (2.5, -4).
+TEST(Snap, LineSnapsHitWithinTheSlackAndMissJustBeyond) {
+    const LayoutDocument doc = DocWith({L(1, 1, 3, 1)});
+    for (const casetable::Row& c : casetable::Read(kCases, "line snaps")) {
+        const auto mode = static_cast<int16_t>(c.Num(0));
+        const float in = static_cast<float>(1.0 + OffsetForSlack(1.0, c.Num(1) * 0.98));
+        const float out = static_cast<float>(1.0 + OffsetForSlack(1.0, c.Num(1) * 1.02));
+        PointRec at;
+        ASSERT_TRUE(Snap_Point(doc, 2.0f, in, mode, at, P(2.5f, -4.0f))) << mode;
+        const PointRec want = c[2] == "pointer" ? P(2, in) : At(c.Nums(2));
+        EXPECT_TRUE(at.X == want.X && at.Y == want.Y) << mode;
+        EXPECT_FALSE(Snap_Point(doc, 2.0f, out, mode, at, P(2.5f, -4.0f))) << mode;
+        EXPECT_TRUE(at.X == 2.0f && at.Y == out) << "a miss leaves the pointer";
+    }
+}
 
 TEST(Snap, PicksOnOneLayout) {
     const LayoutDocument doc = DocWith({L(1, 1, 3, 1), L(3.03f, 1, 3.03f, 3), L(2, -1, 2, 2), L(5, 0, 9, 4),
@@ -64,10 +40,15 @@ TEST(Snap, PicksOnOneLayout) {
         EXPECT_NEAR(out.X, want.X, 1e-5) << c[0];
         EXPECT_NEAR(out.Y, want.Y, 1e-5) << c[0];
     }
-    for (int16_t mode = 0; mode <= 5; ++mode) {
-        PointRec out;
-        EXPECT_FALSE(Snap_Point(LayoutDocument{}, 0, 0, mode, out, P(0, 0))) << "empty board, mode " << mode;
-    }
+    PointRec out;
+    for (int16_t mode = 0; mode <= 5; ++mode) EXPECT_FALSE(Snap_Point({}, 0, 0, mode, out, {})) << "empty, " << mode;
+}
+
+TEST(Snap, HoverPicksWithTheWiderReachInSelection) {
+    const LayoutDocument doc = DocWith({L(1, 1, 3, 1)});
+    const float y = static_cast<float>(1.0 + OffsetForSlack(1.0, 0.002));
+    EXPECT_TRUE(Selection::Hover_Line(doc, 2, y, true).Found);
+    EXPECT_FALSE(Selection::Hover_Line(doc, 2, y, false).Found);
 }
 
 TEST(Snap, PerpendicularRunsFreeWithoutABase) {
