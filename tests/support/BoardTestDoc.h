@@ -28,8 +28,8 @@ inline LineRec L(float x1, float y1, float x2, float y2) {
 
 // A finished dimension from p1 to p2 with its line through (px, py).
 inline DimensionRec Dim(float x1, float y1, float x2, float y2, float px, float py, bool exists = true) {
-    return {P(x1, y1), P(x2, y2), P((x1 + x2) / 2, (y1 + y2) / 2), P(px, py), 0, -1, 0.0,
-            static_cast<int16_t>(exists ? -1 : 0), 0};
+    return {P(x1, y1), P(x2, y2), P((x1 + x2) / 2, (y1 + y2) / 2),       P(px, py), 0,
+            -1,        0.0,       static_cast<int16_t>(exists ? -1 : 0), 0};
 }
 
 // A document drawn as the board draws, from world-inch lines {x1, y1, x2, y2}
@@ -38,9 +38,8 @@ inline LayoutDocument Drawn(const std::vector<std::vector<double>>& lines) {
     LayoutDocument doc;
     Viewport::Set_Viewport(doc);
     for (const auto& v : lines)
-        Viewport::Add_Drawn_Line(
-            doc, P(Viewport::To_BoardX(doc, v[0]), Viewport::To_BoardY(doc, v[1])),
-            P(Viewport::To_BoardX(doc, v[2]), Viewport::To_BoardY(doc, v[3])));
+        Viewport::Add_Drawn_Line(doc, P(Viewport::To_BoardX(doc, v[0]), Viewport::To_BoardY(doc, v[1])),
+                                 P(Viewport::To_BoardX(doc, v[2]), Viewport::To_BoardY(doc, v[3])));
     return doc;
 }
 

@@ -11,8 +11,8 @@
 #include <QRadioButton>
 #include <QTest>
 
-#include "board/ui/BoardSurface.h"
 #include "board/core/Viewport.h"
+#include "board/ui/BoardSurface.h"
 #include "board/ui/FileDialogs.h"
 #include "board/ui/MainWindow.h"
 
@@ -83,7 +83,9 @@ struct BoardWindow {
         QWidget* f = QApplication::focusWidget();
         QTest::keyClick(f != nullptr ? f : &w, key);
     }
-    void Mode(int index) { QTest::mouseClick(w.findChild<QWidget*>(QStringLiteral("ModeBarButton_%1").arg(index)), Qt::LeftButton); }
+    void Mode(int index) {
+        QTest::mouseClick(w.findChild<QWidget*>(QStringLiteral("ModeBarButton_%1").arg(index)), Qt::LeftButton);
+    }
     void Press(const char* button) { QTest::mouseClick(w.findChild<QPushButton*>(button), Qt::LeftButton); }
     void Snap(int mode) {
         // On the indicator: a click beside a short caption would miss the button.

@@ -36,9 +36,12 @@ Board::Board(LayoutDocument& doc, board::DrawSurface& surface)
     auto calculation = std::make_unique<CalculationMode>(*this);
     selection_ = selection.get();
     calculation_ = calculation.get();
-    modes_ = {std::make_unique<DrawMode>(*this),   std::move(selection),
-              std::make_unique<DimensionMode>(*this), std::make_unique<EditMode>(*this),
-              std::make_unique<PanMode>(*this),    std::make_unique<ZoomMode>(*this),
+    modes_ = {std::make_unique<DrawMode>(*this),
+              std::move(selection),
+              std::make_unique<DimensionMode>(*this),
+              std::make_unique<EditMode>(*this),
+              std::make_unique<PanMode>(*this),
+              std::make_unique<ZoomMode>(*this),
               std::move(calculation)};
     active_ = free_.get();
     Build_Edit_Hooks();
@@ -198,8 +201,10 @@ bool Board::Snap(int mode, const PointRec& base, double& x, double& y) {
 
 void Board::Snap_Feedback(bool found, double x, double y) {
     Ui.FindingStatus = Viewport::Snap_Status(found, static_cast<int16_t>(SnapMode));
-    if (found) Ui.Marks.PickBox = {true, static_cast<float>(x), static_cast<float>(y)};
-    else Ui.Marks.PickBox.Visible = false;
+    if (found)
+        Ui.Marks.PickBox = {true, static_cast<float>(x), static_cast<float>(y)};
+    else
+        Ui.Marks.PickBox.Visible = false;
 }
 
 void Board::Draw_Move_Band() {

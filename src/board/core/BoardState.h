@@ -141,7 +141,7 @@ public:
     bool PolyMode = false;
     int SnapMode = 0;
 
-    PointRec SnapPt;   // the pointer after the last snap search
+    PointRec SnapPt;     // the pointer after the last snap search
     PointRec CurrentPt;  // the moving end of a band or box
     double PointerX = 0.0, PointerY = 0.0;
     bool TypedPoint = false;  // true only while a typed point is handed to a press or click
@@ -171,7 +171,6 @@ public:
     void Press_Typed();  // the left press a typed point stands for
     // The hooks of the selection commands, built once.
     const Selection::EditHooks& Edit_Hooks() const { return editHooks_; }
-    SelectionMode& Selecting() { return *selection_; }
 
 private:
     void Status_Coordinates(double x, double y);

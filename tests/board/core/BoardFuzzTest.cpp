@@ -29,8 +29,9 @@ bool Valid(const Layout::LayoutDocument& doc) {
     for (const auto& d : doc.Dims) ok = ok && Finite(d.DimP1) && Finite(d.DimP2) && Finite(d.DimPos);
     for (const auto& p : doc.Intersections) ok = ok && Finite(p);
     for (const auto& r : doc.Lines)
-        ok = ok && (count == 0 || (Finite(r.StartPt) && Finite(r.EndPt) && std::isfinite(r.Length) &&
-                                   r.MidPt.X == static_cast<float>((static_cast<double>(r.StartPt.X) + r.EndPt.X) / 2)));
+        ok =
+            ok && (count == 0 || (Finite(r.StartPt) && Finite(r.EndPt) && std::isfinite(r.Length) &&
+                                  r.MidPt.X == static_cast<float>((static_cast<double>(r.StartPt.X) + r.EndPt.X) / 2)));
     return ok;
 }
 
@@ -43,9 +44,11 @@ TEST(BoardFuzz, RandomRepliesAndPointerEventsKeepTheDocumentValid) {
     // Half of the replies are well formed, so that lines get drawn, moved and
     // turned; the rest are random pieces.
     auto reply = [&] {
-        static const char* pieces[] = {"0", "1", "5", "12", "-", "'", "\"", "<", ",", " ", "/", ".", "E", "E39",
-                                       "1E38", "9E99", "w", "c", "a", "x", "90", "-45", "0'-6\"", "1/0", "nan"};
-        std::string s = choice(2) ? "" : std::to_string(choice(12) - 4) + ",<"[choice(2)] + std::to_string(choice(720) - 360);
+        static const char* pieces[] = {"0", "1", "5",  "12",  "-",      "'",    "\"",   "<", ",",
+                                       " ", "/", ".",  "E",   "E39",    "1E38", "9E99", "w", "c",
+                                       "a", "x", "90", "-45", "0'-6\"", "1/0",  "nan"};
+        std::string s =
+            choice(2) ? "" : std::to_string(choice(12) - 4) + ",<"[choice(2)] + std::to_string(choice(720) - 360);
         for (int i = s.empty() ? choice(6) : 0; i > 0; --i) s += pieces[choice(static_cast<int>(std::size(pieces)))];
         return s;
     };
@@ -65,7 +68,8 @@ TEST(BoardFuzz, RandomRepliesAndPointerEventsKeepTheDocumentValid) {
         const std::string text = reply();
         const size_t drawn = surface.Ops.size();
         const int what = choice(12);
-        if (what < 3 && board.Ui.CommandBoxEnabled) board.CommandBox_KeyDown(choice(8) ? Key::Enter : Key::Escape, text);
+        if (what < 3 && board.Ui.CommandBoxEnabled)
+            board.CommandBox_KeyDown(choice(8) ? Key::Enter : Key::Escape, text);
         if (what == 3 || what == 5) board.DrawingBoard_MouseMove(Button::None, false, x, y);
         if (what == 3 || what == 4) board.DrawingBoard_MouseDown(button, shift, x, y);
         if (what == 3 || what == 5) board.DrawingBoard_MouseUp(button, shift, x, y);

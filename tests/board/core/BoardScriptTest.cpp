@@ -30,8 +30,10 @@ std::vector<ScriptCase> LoadCases() {
     std::vector<ScriptCase> cases;
     std::string text;
     for (int n = 1; std::getline(in, text); ++n)
-        if (text.rfind("=== ", 0) == 0) cases.push_back({text.substr(4), n, {}});
-        else if (!text.empty() && text[0] != '#' && !cases.empty()) cases.back().steps.emplace_back(n, text);
+        if (text.rfind("=== ", 0) == 0)
+            cases.push_back({text.substr(4), n, {}});
+        else if (!text.empty() && text[0] != '#' && !cases.empty())
+            cases.back().steps.emplace_back(n, text);
     return cases;
 }
 
@@ -76,8 +78,8 @@ public:
             y = Viewport::To_BoardY(doc_, y);
         }
         static const std::map<std::string, void (Board::*)()> kButtons = {
-            {"move", &Board::MoveButton_Click},     {"rotate", &Board::RotateButton_Click},
-            {"delete", &Board::DeleteButton_Click}, {"clear", &Board::ClearButton_Click},
+            {"move", &Board::MoveButton_Click},         {"rotate", &Board::RotateButton_Click},
+            {"delete", &Board::DeleteButton_Click},     {"clear", &Board::ClearButton_Click},
             {"cleardim", &Board::ClearDimButton_Click}, {"refresh", &Board::RefreshButton_Click},
             {"extent", &Board::ZoomExtentButton_Click}};
         static const std::map<std::string, Key> kKeys = {
@@ -167,7 +169,10 @@ private:
             {"origin", [&] { return Num(doc_.OriginX) + "," + Num(doc_.OriginY); }},
             {"pointer", [&] { return std::to_string(static_cast<int>(surface_.LastPointer)); }},
             {"inputs", [&] { return board_.Load_Inputs().EcInput + " " + board_.Load_Inputs().RotInput; }},
-            {"load", [&] { return std::string(doc_.Load.LoadSide ? "right" : "left") + (doc_.Load.LoadPlaced ? " placed" : ""); }},
+            {"load",
+             [&] {
+                 return std::string(doc_.Load.LoadSide ? "right" : "left") + (doc_.Load.LoadPlaced ? " placed" : "");
+             }},
             {"linedata", [&] { return std::to_string(std::exchange(lineData_, -1)); }},
             {"popup", [&] { return std::to_string(static_cast<int>(popup_)); }},
             {"messages", [&] { return Join(std::exchange(messages_, {}), "|"); }},
@@ -203,9 +208,8 @@ private:
         if (what == "quiet") {
             EXPECT_EQ(surface_.Ops.size(), drawn_) << "the last action drew";
         } else if (what == "clean") {
-            // Every inverting figure drawn since the board was last cleared was
-            // drawn an even number of times, so no trace of it is left; a
-            // figure of no length inverts nothing.
+            // Every inverting figure of some length since the board was last
+            // cleared drawn an even number of times: no trace of it is left.
             std::map<std::vector<double>, int> count;
             for (const RecordedOp& o : surface_.Ops) {
                 if (o.Kind == "Cls") count.clear();

@@ -1,14 +1,13 @@
-#include "board/core/CalculationDisplay.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 
+#include "board/core/CalculationDisplay.h"
+#include "board/core/LoadSymbol.h"
 #include "support/BoardTestDoc.h"
 #include "support/CaseTable.h"
 #include "support/RecordingSurface.h"
-#include "board/core/LoadSymbol.h"
 
 using namespace CalculationView;
 using boardtest::DocWith;
@@ -73,7 +72,8 @@ TEST(LoadSymbol, ShowsTheArrowAtItsAngleAndTheEccentricity) {
         const double ecc = c.Num(2);
         const Surface s = Symbol(static_cast<int16_t>(c.Num(0)), c.Num(1), ecc);
         // "ex = ", its caption, "P" and the angle unless it is 0.
-        std::vector<std::string> texts = s.Texts(), want = {ecc == 0 ? "ex = 0\"" : "ex = 6\"", "[Load Eccentricity]", "P"};
+        std::vector<std::string> texts = s.Texts(),
+                                 want = {ecc == 0 ? "ex = 0\"" : "ex = 6\"", "[Load Eccentricity]", "P"};
         if (c[3] != "-") want.push_back(Phi(c[3]));
         std::sort(texts.begin(), texts.end());
         std::sort(want.begin(), want.end());

@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "support/BoardTestDoc.h"
-#include "support/CaseTable.h"
 #include "board/core/CommandLine.h"
 #include "shell/core/MathUtil.h"
+#include "support/BoardTestDoc.h"
+#include "support/CaseTable.h"
 
 using namespace CommandLine;
 using namespace boardtest;
@@ -56,18 +56,6 @@ TEST(CommandLine, RefusedRepliesChangeNothing) {
     EXPECT_EQ(doc.Lines[0].EndPt.X, 3.0f);
     EXPECT_EQ(CommandBox_Color(kInvalidReply), kColorInvalid);
     EXPECT_EQ(CommandBox_Color("1.0,2.0"), kColorNormal);
-}
-
-TEST(CommandLine, RotateTakesABasePointThenTheAngle) {
-    LayoutDocument doc = DocWith({L(1, 1, 3, 1)});
-    SelectionState st;
-    st.RotatePending = true;
-    const ReplyResult r = Reply_Rotate(doc, st, "2,3");
-    ASSERT_EQ(r.Status, ReplyStatus::Point);
-    EXPECT_NEAR(r.TypedY, doc.ScaleHeight - 3, kEps);
-    st.RotateClick = 1;
-    EXPECT_EQ(Reply_Rotate(doc, st, " 90 ").Status, ReplyStatus::Done);
-    EXPECT_FALSE(st.RotatePending);
 }
 
 TEST(CommandLine, EchoAfterTheFirstPointIsDistanceAndDirection) {

@@ -1,7 +1,6 @@
-#include "board/core/LayoutRender.h"
-
 #include <gtest/gtest.h>
 
+#include "board/core/LayoutRender.h"
 #include "board/core/Viewport.h"
 #include "support/BoardTestDoc.h"
 #include "support/RecordingSurface.h"

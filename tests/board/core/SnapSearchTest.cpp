@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "support/BoardTestDoc.h"
-#include "support/CaseTable.h"
 #include "board/core/SelectionCommands.h"
 #include "board/core/SnapSearch.h"
+#include "support/BoardTestDoc.h"
+#include "support/CaseTable.h"
 
 using namespace Viewport;
 using namespace boardtest;
@@ -36,7 +36,8 @@ TEST(Snap, PicksOnOneLayout) {
     for (const casetable::Row& c : casetable::Read(kCases, "snap picks")) {
         const PointRec at = At(c.Nums(1)), want = At(c.Nums(5));
         PointRec out;
-        EXPECT_EQ(Snap_Point(doc, at.X, at.Y, static_cast<int16_t>(c.Num(2)), out, At(c.Nums(3))), c[4] == "yes") << c[0];
+        EXPECT_EQ(Snap_Point(doc, at.X, at.Y, static_cast<int16_t>(c.Num(2)), out, At(c.Nums(3))), c[4] == "yes")
+            << c[0];
         EXPECT_NEAR(out.X, want.X, 1e-5) << c[0];
         EXPECT_NEAR(out.Y, want.Y, 1e-5) << c[0];
     }
@@ -52,9 +53,9 @@ TEST(Snap, HoverPicksWithTheWiderReachInSelection) {
 }
 
 TEST(Snap, PerpendicularRunsFreeWithoutABase) {
-    EXPECT_EQ(Effective_SnapMode(SnapKind::Perpendicular, false), SnapKind::Free);
-    EXPECT_EQ(Effective_SnapMode(SnapKind::Perpendicular, true), SnapKind::Perpendicular);
-    EXPECT_EQ(Effective_SnapMode(SnapKind::EndPoint, false), SnapKind::EndPoint);
+    EXPECT_TRUE(Effective_SnapMode(SnapKind::Perpendicular, false) == SnapKind::Free &&
+                Effective_SnapMode(SnapKind::Perpendicular, true) == SnapKind::Perpendicular &&
+                Effective_SnapMode(SnapKind::EndPoint, false) == SnapKind::EndPoint);
 }
 
 TEST(Ortho, PullsOntoTheNearerAxisAndKeepsTheDiagonal) {

@@ -4,9 +4,9 @@
 
 #include <QTest>
 
-#include "board/ui/BoardSurface.h"
-#include "board/core/Viewport.h"
 #include "board/core/LayoutRender.h"
+#include "board/core/Viewport.h"
+#include "board/ui/BoardSurface.h"
 
 using Layout::LayoutDocument;
 

@@ -23,7 +23,10 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&w));
         QTest::mouseClick(W<QWidget>("ModeBarButton_14"), Qt::LeftButton);
     }
-    template <class T> T* W(const char* name) { return w.findChild<T*>(name); }
+    template <class T>
+    T* W(const char* name) {
+        return w.findChild<T*>(name);
+    }
     void Type(const char* box, const QString& text, bool enter = false) {
         auto* e = W<QLineEdit>(box);
         e->setFocus();

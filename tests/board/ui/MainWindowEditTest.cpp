@@ -27,7 +27,8 @@ TEST(BoardEditing, PopUpMenusTypeTheKindOrOfferTheSnaps) {
     ASSERT_TRUE(pop->isVisible());
     QStringList captions;
     for (QAction* a : pop->actions()) captions << a->text();
-    EXPECT_EQ(captions, QStringList({"Window  ", "Crossing  ", "Select All", "Remove from Selection", "Clear Selection"}));
+    EXPECT_EQ(captions,
+              QStringList({"Window  ", "Crossing  ", "Select All", "Remove from Selection", "Clear Selection"}));
     b.w.action("mnuAllSelect")->trigger();
     pop->close();
     EXPECT_EQ(Viewport::Selected_Count(b.Doc().Lines), 2);
@@ -52,8 +53,7 @@ TEST(BoardEditing, EditHoverDeleteAndTheLineDataDialog) {
     b.Mode(8);
     b.MoveTo(b.Px(4.5, 2));
     EXPECT_EQ(Label(b, "StatusPanel2"), "  Line Found   <Line ID:  Line Number 2>");
-    EXPECT_EQ(b.s.toolTip(), "Line Number 1");
-    EXPECT_TRUE(b.s.Marks().MidBox.Visible);
+    EXPECT_TRUE(b.s.toolTip() == "Line Number 1" && b.s.Marks().MidBox.Visible);
     b.Key(Qt::Key_Delete);
     ASSERT_EQ(Viewport::Line_Count(b.Doc().Lines), 2);
 

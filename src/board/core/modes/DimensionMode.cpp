@@ -37,8 +37,8 @@ void DimensionMode::Press(Button button, bool /*shift*/, double x, double y) {
         d.DimP1 = board_.SnapPt;
     } else if (clicks_ == 2) {
         d.DimP2 = board_.SnapPt;
-        d.DimMid = Pt((static_cast<double>(d.DimP1.X) + d.DimP2.X) / 2.0,
-                      (static_cast<double>(d.DimP1.Y) + d.DimP2.Y) / 2.0);
+        d.DimMid =
+            Pt((static_cast<double>(d.DimP1.X) + d.DimP2.X) / 2.0, (static_cast<double>(d.DimP1.Y) + d.DimP2.Y) / 2.0);
         d.DimDone = -1;
         board_.CurrentPt = d.DimMid;
     } else {

@@ -7,8 +7,7 @@ void DrawMode::Enter(bool /*again*/) { board_.Set_Pointer(board::Pointer::Cross)
 
 PromptLine DrawMode::Prompt() const {
     if (clicks_ == 0) return {"[Pick Start Point]      -> Input Format: 'X,Y'", true};
-    if (clicks_ == 1)
-        return {"[Pick Next Point]       -> Input Format: 'X,Y' or 'Distance<Angle' or 'Distance'", true};
+    if (clicks_ == 1) return {"[Pick Next Point]       -> Input Format: 'X,Y' or 'Distance<Angle' or 'Distance'", true};
     return {"", true};
 }
 
@@ -62,7 +61,8 @@ void DrawMode::Press(Button button, bool /*shift*/, double /*x*/, double /*y*/) 
 // ortho keeps on an axis; the command box echoes it in a form to type.
 void DrawMode::Move(Button /*held*/, double& x, double& y) {
     Board& b = board_;
-    const bool found = b.Snap(Viewport::Effective_SnapMode(static_cast<int16_t>(b.SnapMode), clicks_ == 1), anchor_, x, y);
+    const bool found =
+        b.Snap(Viewport::Effective_SnapMode(static_cast<int16_t>(b.SnapMode), clicks_ == 1), anchor_, x, y);
     b.Snap_Feedback(found, x, y);
     if (clicks_ == 1) {
         const PointRec p = Ortho(anchor_, x, y, b.OrthoMode);
@@ -75,8 +75,8 @@ void DrawMode::Move(Button /*held*/, double& x, double& y) {
     } else {
         b.CurrentPt = Pt(x, y);
     }
-    b.Show_Echo(CommandLine::Echo_Draw(b.Doc(), b.Ui.CommandBoxEnabled, static_cast<int16_t>(clicks_), x, y, anchor_,
-                                       b.Echo));
+    b.Show_Echo(
+        CommandLine::Echo_Draw(b.Doc(), b.Ui.CommandBoxEnabled, static_cast<int16_t>(clicks_), x, y, anchor_, b.Echo));
 }
 
 PopUp DrawMode::Release(Button button, bool shift, double /*x*/, double /*y*/) {

@@ -31,7 +31,8 @@ void SelectionMode::Leave(bool again) {
 }
 
 void SelectionMode::Renew_Pointer() {
-    if (&board_.Mode() == this) board_.Set_Pointer(board_.Sel.SelectKind == Pick ? Pointer::PickBox : Pointer::WindowBox);
+    if (&board_.Mode() == this)
+        board_.Set_Pointer(board_.Sel.SelectKind == Pick ? Pointer::PickBox : Pointer::WindowBox);
 }
 
 PromptLine SelectionMode::Prompt() const {
@@ -97,9 +98,12 @@ void SelectionMode::Move(Button held, double& x, double& y) {
         b.Surface().Refresh();
     }
     const LayoutDocument& doc = b.Doc();
-    if (sel.RotatePending) b.Show_Echo(CommandLine::Echo_RotateBase(doc, sel.RotateClick, x, y));
-    else if (!sel.MovePending) b.Show_Echo(CommandLine::Echo_Corner(doc, sel.SelectKind, x, y));
-    else b.Show_Echo(CommandLine::Echo_Move(doc, b.Ui.CommandBoxEnabled, sel.MoveClick, x, y, sel.MoveBase, b.Echo));
+    if (sel.RotatePending)
+        b.Show_Echo(CommandLine::Echo_RotateBase(doc, sel.RotateClick, x, y));
+    else if (!sel.MovePending)
+        b.Show_Echo(CommandLine::Echo_Corner(doc, sel.SelectKind, x, y));
+    else
+        b.Show_Echo(CommandLine::Echo_Move(doc, b.Ui.CommandBoxEnabled, sel.MoveClick, x, y, sel.MoveBase, b.Echo));
 }
 
 // The left button ends a box; the right one asks for the selection menu, or
