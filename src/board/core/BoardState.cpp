@@ -354,7 +354,7 @@ void Board::RefreshButton_Click() {
 }
 
 void Board::Zoom_Done() {
-    if (!active_->ShowsWorkingDisplay()) Set_Mode(DRAW);
+    active_->Zoomed();
     Cancel_Band();
     Show_Prompt();
     surface_.Refresh();

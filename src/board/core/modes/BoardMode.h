@@ -72,13 +72,16 @@ public:
 
     // The board drawn anew after a Refresh or a change of its size.
     virtual void Redisplay();
+    // The working display was zoomed by a zoom button or the fit.
+    virtual void Zoomed() {}
     // The load's eccentricity or angle was changed in the load panel.
     virtual void Load_Changed() {}
     // The mode picks lines into the selection: it keeps the selection when
     // entered, and the pointer finds lines with a wider reach.
     virtual bool Selects() const { return false; }
     // False while the board shows the calculation display in place of the
-    // working display: a zoom or a Delete All then returns to DRAW.
+    // working display: Delete All then returns to DRAW, Clear Dimensions
+    // repaints nothing.
     virtual bool ShowsWorkingDisplay() const { return true; }
 
 protected:

@@ -134,6 +134,7 @@ public:
     void Click() override;
     PromptLine Prompt() const override;
     void Redisplay() override;
+    void Zoomed() override { board_.Set_Mode(DRAW); }
     void Load_Changed() override;
     bool ShowsWorkingDisplay() const override { return false; }
     CalculationView::CalcState& Display() { return display_; }
