@@ -46,7 +46,7 @@ LineTable Grid() {
 template <bool Pruned>
 void Run(benchmark::State& state, const LineTable& t) {
     PointTable result;
-    int16_t flag = 0;
+    bool flag = false;
     for (auto _ : state) {
         if (Pruned)
             Viewport::Build_Intersections(t, result, flag);
@@ -54,7 +54,7 @@ void Run(benchmark::State& state, const LineTable& t) {
             reference::AllPairsCrossings(t, result, flag);
         benchmark::DoNotOptimize(result.data());
     }
-    state.counters["crossings"] = flag != 0 ? static_cast<double>(result.size()) : 0.0;
+    state.counters["crossings"] = flag ? static_cast<double>(result.size()) : 0.0;
 }
 
 const LineTable& ParallelLines() {

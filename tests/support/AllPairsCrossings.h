@@ -21,7 +21,7 @@ inline bool BoxesMeet(const LineRec& a, const LineRec& b) {
            std::max(b.StartPt.Y, b.EndPt.Y) >= std::min(a.StartPt.Y, a.EndPt.Y);
 }
 
-inline void AllPairsCrossings(const LineTable& t, PointTable& result, int16_t& flag) {
+inline void AllPairsCrossings(const LineTable& t, PointTable& result, bool& flag) {
     PointTable found = Layout::BlankPoints();
     for (size_t i = 0; i < t.size(); ++i) {
         for (size_t j = i + 1; j < t.size(); ++j) {
@@ -30,7 +30,7 @@ inline void AllPairsCrossings(const LineTable& t, PointTable& result, int16_t& f
                 Viewport::Add_Intersection_Slot(found)) {
                 p.Flag = -1;
                 found.back() = p;
-                flag = -1;
+                flag = true;
             }
         }
     }

@@ -15,12 +15,7 @@ using Layout::LayoutDocument;
 using Layout::LineRec;
 using Layout::PointRec;
 
-inline PointRec P(float x, float y) {
-    PointRec p;
-    p.X = x;
-    p.Y = y;
-    return p;
-}
+inline PointRec P(float x, float y) { return {x, y, 0}; }
 
 inline LineRec L(float x1, float y1, float x2, float y2) {
     LineRec l;
@@ -33,14 +28,8 @@ inline LineRec L(float x1, float y1, float x2, float y2) {
 
 // A finished dimension from p1 to p2 with its line through (px, py).
 inline DimensionRec Dim(float x1, float y1, float x2, float y2, float px, float py, bool exists = true) {
-    DimensionRec d;
-    d.DimP1 = P(x1, y1);
-    d.DimP2 = P(x2, y2);
-    d.DimMid = P((x1 + x2) / 2, (y1 + y2) / 2);
-    d.DimPos = P(px, py);
-    d.Exists = exists ? -1 : 0;
-    d.DimDone = -1;
-    return d;
+    return {P(x1, y1), P(x2, y2), P((x1 + x2) / 2, (y1 + y2) / 2),       P(px, py), 0,
+            -1,        0.0,       static_cast<int16_t>(exists ? -1 : 0), 0};
 }
 
 // A document drawn as the board draws, from world-inch lines {x1, y1, x2, y2}
@@ -49,9 +38,8 @@ inline LayoutDocument Drawn(const std::vector<std::vector<double>>& lines) {
     LayoutDocument doc;
     Viewport::Set_Viewport(doc);
     for (const auto& v : lines)
-        Viewport::Add_Drawn_Line(
-            doc, P(Viewport::To_BoardX(doc, v[0]), Viewport::To_BoardY(doc, v[1])),
-            P(Viewport::To_BoardX(doc, v[2]), Viewport::To_BoardY(doc, v[3])));
+        Viewport::Add_Drawn_Line(doc, P(Viewport::To_BoardX(doc, v[0]), Viewport::To_BoardY(doc, v[1])),
+                                 P(Viewport::To_BoardX(doc, v[2]), Viewport::To_BoardY(doc, v[3])));
     return doc;
 }
 
@@ -59,12 +47,9 @@ inline LayoutDocument Drawn(const std::vector<std::vector<double>>& lines) {
 // with its crossings built.
 inline LayoutDocument DocWith(std::initializer_list<LineRec> lines) {
     LayoutDocument doc;
-    if (lines.size() > 0) doc.Lines.clear();
-    for (LineRec l : lines) {
-        l.LineName = "Line Number " + std::to_string(doc.Lines.size() + 1);
-        doc.Lines.push_back(l);
-    }
-    doc.LineCounter = static_cast<int16_t>(lines.size());
+    if (lines.size() > 0) doc.Lines = lines;
+    for (LineRec& l : doc.Lines)
+        if (l.Exists != 0) l.LineName = "Line Number " + std::to_string(++doc.LineCounter);
     Viewport::Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound);
     return doc;
 }

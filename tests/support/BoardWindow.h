@@ -1,7 +1,5 @@
-// The main window driven as a user drives its board: typed replies in the
-// real command box, pointer events on the real board, mode and tool buttons,
-// with the board held at 8 by 5 inches so that whole world inches fall on
-// whole pixels.
+// The main window driven as a user drives its board, the board held at 8 by
+// 5 inches so that whole world inches fall on whole pixels.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,8 +11,8 @@
 #include <QRadioButton>
 #include <QTest>
 
-#include "board/ui/BoardSurface.h"
 #include "board/core/Viewport.h"
+#include "board/ui/BoardSurface.h"
 #include "board/ui/FileDialogs.h"
 #include "board/ui/MainWindow.h"
 
@@ -76,18 +74,18 @@ struct BoardWindow {
         MoveTo(to, Qt::LeftButton);
         QTest::mouseRelease(&s, Qt::LeftButton, {}, to);
     }
-    // Press, release, double-click, release: what the board gets of a double-click.
-    void DoubleClickAt(const QPoint& p) {
+    void DoubleClickAt(const QPoint& p) {  // press, release, double-click, release
         ClickAt(p);
         QTest::mouseDClick(&s, Qt::LeftButton, {}, p);
         QTest::mouseRelease(&s, Qt::LeftButton, {}, p);
     }
-    // A key as the user presses it: to the control that has the focus.
-    void Key(Qt::Key key) {
+    void Key(Qt::Key key) {  // to the control that has the focus
         QWidget* f = QApplication::focusWidget();
         QTest::keyClick(f != nullptr ? f : &w, key);
     }
-    void Mode(int index) { QTest::mouseClick(w.findChild<QWidget*>(QStringLiteral("ModeBarButton_%1").arg(index)), Qt::LeftButton); }
+    void Mode(int index) {
+        QTest::mouseClick(w.findChild<QWidget*>(QStringLiteral("ModeBarButton_%1").arg(index)), Qt::LeftButton);
+    }
     void Press(const char* button) { QTest::mouseClick(w.findChild<QPushButton*>(button), Qt::LeftButton); }
     void Snap(int mode) {
         // On the indicator: a click beside a short caption would miss the button.

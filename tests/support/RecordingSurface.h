@@ -22,29 +22,26 @@ public:
     double W = 9975.0 / 1440.0, H = 7305.0 / 1440.0;
     std::vector<RecordedOp> Ops;
     board::Pointer LastPointer = board::Pointer::Default;
+    std::string ToolTip;
 
     double ScaleWidth() const override { return W; }
     double ScaleHeight() const override { return H; }
-    void Cls() override {
-        RecordedOp o;
-        o.Kind = "Cls";
-        Ops.push_back(o);
-    }
-    void Line(double x1, double y1, double x2, double y2, uint32_t c) override {
-        Ops.push_back({"Line", x1, y1, x2, y2, c, DrawMode, DrawStyle, DrawWidth, {}});
-    }
-    void Circle(double x, double y, double r, uint32_t c) override {
-        Ops.push_back({"Circle", x, y, r, 0, c, DrawMode, DrawStyle, DrawWidth, {}});
-    }
-    void Print(const std::string& t) override {
-        Ops.push_back({"Print", CurrentX, CurrentY, 0, 0, ForeColor, DrawMode, DrawStyle, DrawWidth, t});
-    }
+    void Cls() override { Add("Cls", 0, 0, 0, 0, 0); }
+    void Line(double x1, double y1, double x2, double y2, uint32_t c) override { Add("Line", x1, y1, x2, y2, c); }
+    void Circle(double x, double y, double r, uint32_t c) override { Add("Circle", x, y, r, 0, c); }
+    void Print(const std::string& t) override { Add("Print", CurrentX, CurrentY, 0, 0, ForeColor, t); }
     void SetMousePointer(board::Pointer p) override { LastPointer = p; }
+    void SetToolTipText(const std::string& t) override { ToolTip = t; }
 
     std::vector<RecordedOp> OfKind(const std::string& k) const {
         std::vector<RecordedOp> out;
         for (const auto& o : Ops)
             if (o.Kind == k) out.push_back(o);
         return out;
+    }
+
+private:
+    void Add(const char* kind, double x1, double y1, double x2, double y2, uint32_t c, const std::string& t = {}) {
+        Ops.push_back({kind, x1, y1, x2, y2, c, DrawMode, DrawStyle, DrawWidth, t});
     }
 };

@@ -1,116 +1,85 @@
-// The drawing board's editor: its modes, click counters and pointer state,
-// and the procedures the window's events lead to. It owns no widget: it
-// paints on a DrawSurface and leaves in `Ui` what the window shows (prompt,
-// command box, mode caption, pointer, status panels, marks, check marks),
-// which the form copies to its controls after each call.
+// The drawing board's editor: the active mode with the pointer state the
+// modes share, and the procedures the window's events lead to. It owns no
+// widget: it paints on a DrawSurface and leaves in `Ui` what the window
+// shows (prompt, command box, mode caption, pointer, status panels, marks,
+// check marks), which the window copies to its controls after each call.
+//
+// Every pointer event, key and typed reply goes to the active mode (see
+// modes/BoardMode.h). A typed point is set as TypedX, TypedY with
+// TypedPoint true and then handed to the same press or click a pick makes.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "board/core/BoardMessages.h"
 #include "board/core/CommandLine.h"
 #include "board/core/DrawSurface.h"
-#include "board/core/LayoutRender.h"
 #include "board/core/LayoutDocument.h"
+#include "board/core/LayoutRender.h"
 #include "board/core/SelectionCommands.h"
+#include "board/core/modes/BoardMode.h"
+
+namespace CalculationView {
+struct CalcState;
+}
 
 namespace BoardState {
 
 using Layout::LayoutDocument;
 using Layout::PointRec;
 
-// Modes by the index of their button on the mode bar.
-enum Mode : int16_t {
-    NONE = 0,
-    DRAW = 2,
-    SELECTION = 4,
-    DIMENSION = 6,
-    EDIT = 8,
-    PAN = 10,
-    ZOOM = 12,
-    CALCULATION = 14,
-};
-
-enum class Button { None, Left, Right, Middle };
-
-// Keys the form passes on from its key preview and from the command box.
-enum Key : int { KeyEnter = 13, KeyEscape = 27, KeyDelete = 46, KeyF8 = 119, KeyF9 = 120 };
+class SelectionMode;
+class CalculationMode;
 
 constexpr const char* kDisabledText = " <CommandLine response disabled>";
 
 // What the window shows of the board's state.
 struct BoardUi {
-    std::string CommandName;
+    std::string Prompt;  // the command request
     bool CommandBoxEnabled = true;
     std::string CommandText;
     int CommandTextSerial = 0;      // grows each time CommandText is set anew
     bool CommandFocus = false;      // the box asks for the focus (cleared by the window)
     bool CommandSelectAll = false;  // ... with its whole text selected
-    std::string DumLabel = "   Active Mode:  Free Mode";
+    std::string ModeCaption = "   Active Mode:  Free Mode";
     board::Pointer MousePointer = board::Pointer::Default;
     int16_t CheckedMode = NONE;  // the mnuMode entry with the check mark
     bool LoadParamBoxVisible = false;
     board::BoardMarks Marks;
-    std::string StatusPanel1;
-    std::string StatusPanel2;
+    std::string CoordinateStatus;  // the pointer's world position
+    std::string FindingStatus;     // the snap point or the line the pointer found
     bool OrthoBox = false;
     bool PolyBox = false;
 };
 
-// What a pointer release asks the window to do besides repainting.
-enum class PopUp { None, Osnap, Selection };
-
 class Board {
 public:
     Board(LayoutDocument& doc, board::DrawSurface& surface);
+    ~Board();
+    Board(const Board&) = delete;
+    Board& operator=(const Board&) = delete;
 
     // What the board asks of its window; an empty hook does nothing.
     struct Hooks {
-        std::function<void()> Enter_Calculation;  // builds the calculation display
-        std::function<void()> Calculation_Click;  // left click in CALCULATION: places the load
         // A message box; for a question, true means Yes. Empty: no message, answer No.
         std::function<bool(const BoardMessages::BoardMessage&)> Show_Message;
         // The line data dialog, modal, on the row with this index.
         std::function<void(int16_t index)> Show_LineData;
     } hooks;
 
-    // ---- State (the window's fields) ---------------------------------------------
-    int16_t ActiveMode = NONE;
-    int DrawClick = 0;
-    int DimClick = 0;
-    // SelectKind, CornerPicked, the pending rotate and move with their points.
-    Selection::SelectionState Sel;
-    bool OrthoMode = false;
-    bool PolyMode = false;
-    int SnapMode = 0;
-
-    PointRec SnapPt, AnchorPt, CurrentPt;
-    PointRec PanFrom, ZoomCorner;
-    double PointerX = 0.0, PointerY = 0.0;
-    bool TypedPoint = false;
-    double TypedX = 0.0, TypedY = 0.0;
-    CommandLine::EchoState Echo;  // LastPt and the echoed direction
-    Layout::HoverRec HoverLine, PrevHover;
-    int16_t HoverDrawn = 0;
-    Layout::DimensionRec DimRec;  // the dimension under construction
-    Button LastButton = Button::None;
-    LayoutRender::PanGhost Ghost;
-    bool ZoomBoxShown = false;
-    bool SelectBoxShown = false;  // a selection box stands on the picture
-    bool MoveBandShown = false;   // the band of a pending move stands on the picture
-
-    BoardUi Ui;
-
     // ---- Modes and keys -------------------------------------------------------------
+    const BoardMode& Mode() const { return *active_; }
     void Set_Mode(int16_t index);
     void Show_Prompt();
     void Cancel_Band();
     void Hide_Rotate_Marks();
     void Hide_Marks();
     // True when the key was handled.
-    bool Form_KeyDown(int key);
+    bool Form_KeyDown(Key key);
     void OrthoBox_Click(bool checked);
     void PolyBox_Click(bool checked);
     void SnapButton_Click(int index);
@@ -122,9 +91,8 @@ public:
     void DrawingBoard_Click();
     void DrawingBoard_DblClick();
 
-    // ---- Command line ---------------------------------------------------------------
     // Enter and Esc in the command box, which holds `text`.
-    void CommandBox_KeyDown(int key, const std::string& text);
+    void CommandBox_KeyDown(Key key, const std::string& text);
 
     // ---- Edit commands ----------------------------------------------------------------
     void MoveButton_Click();
@@ -133,16 +101,30 @@ public:
     void ClearButton_Click();
     void ClearDimButton_Click();
 
+    // ---- The view ---------------------------------------------------------------------
     // The repaint of the working display (lines, crossings, dimensions).
     void Repaint(bool showSelection = true);
     void RefreshButton_Click();
     // Zoom buttons and the fit: cancel the band, zoom, leave CALCULATION.
     void Zoom_Button(float factor);
     void ZoomExtentButton_Click();
+    // The surface took a new size: the document follows it, an empty board
+    // keeps world zero on its lower edge, and the board is drawn anew.
+    void Surface_Resized();
+    // A document was read into the board: DRAW and the working display.
+    void Show_Document();
     // Returns to the first state after a document was replaced or emptied.
     void Reset_View();
     // The grips on the ends and the middle of a line (the line data dialog's).
     void Show_Grips(const Layout::LineRec& line);
+
+    // ---- The load panel of CALCULATION --------------------------------------------------
+    // The texts the panel's boxes show.
+    const CalculationView::CalcState& Load_Inputs() const;
+    // A typed eccentricity or angle applied to the load, the symbol drawn
+    // anew in CALCULATION. False, with nothing changed, when it is no value.
+    bool Apply_Eccentricity(const std::string& text);
+    bool Apply_Rotation(const std::string& text);
 
     LayoutDocument& Doc() { return doc_; }
     board::DrawSurface& Surface() { return surface_; }
@@ -151,31 +133,59 @@ public:
     // drawing that comes in starts a search of its own and ends that one.
     shell::YieldFn Yield;
 
-private:
-    void Zoom_Done();
+    // ---- State the modes share ---------------------------------------------------------
+    // The selection commands: box kind, corner, the pending rotate and move
+    // with their points. A pending command lives on across modes.
+    Selection::SelectionState Sel;
+    bool OrthoMode = false;
+    bool PolyMode = false;
+    int SnapMode = 0;
+
+    PointRec SnapPt;     // the pointer after the last snap search
+    PointRec CurrentPt;  // the moving end of a band or box
+    double PointerX = 0.0, PointerY = 0.0;
+    bool TypedPoint = false;  // true only while a typed point is handed to a press or click
+    double TypedX = 0.0, TypedY = 0.0;
+    CommandLine::EchoState Echo;  // LastPt and the echoed direction
+    Layout::HoverRec HoverLine, PrevHover;
+    bool HoverShown = false;  // the hovered line is painted lit
+    Button LastButton = Button::None;
+    bool SelectBoxShown = false;  // a selection box stands on the picture
+    bool MoveBandShown = false;   // the band of a pending move stands on the picture
+
+    BoardUi Ui;
+
+    // ---- What the modes use -------------------------------------------------------------
     void Set_Pointer(board::Pointer p);
-    void Renew_Pointer();
-    void Status_Coordinates(double x, double y);
-    void Add_Dimension(double x, double y);
-    void Selection_Click();
     void Set_CommandText(const std::string& text);
     void Show_Echo(const CommandLine::EchoResult& e);
+    // One snap search at the pointer; on a hit (x, y) move to the snapped point.
     bool Snap(int mode, const PointRec& base, double& x, double& y);
     void Snap_Feedback(bool found, double x, double y);
-    void Hover_Feedback();
-    void Drop_Pointer_Feedback();
     void Draw_Move_Band();
     void Erase_Move_Band();
     void Erase_Select_Box();
-    // Hands a typed point to a click procedure; shows the outcome of a reply.
-    void Apply_Reply(const CommandLine::ReplyResult& r, const std::function<void()>& click);
-    void Reply_Draw(const std::string& text);
-    void Reply_Move(const std::string& text);
-    void Reply_Rotate(const std::string& text);
-    void Reply_Select(const std::string& text);
-    Selection::EditHooks Edit_Hooks();
+    // Shows the outcome of a reply; a typed point is set and handed to
+    // `pick`, the press or click a pointer pick makes.
+    void Apply_Reply(const CommandLine::ReplyResult& r, void (Board::*pick)());
+    void Press_Typed();  // the left press a typed point stands for
+    // The hooks of the selection commands, built once.
+    const Selection::EditHooks& Edit_Hooks() const { return editHooks_; }
+
+private:
+    void Status_Coordinates(double x, double y);
+    void Drop_Pointer_Feedback();
+    void Build_Edit_Hooks();
+    void Zoom_Done();
+
     LayoutDocument& doc_;
     board::DrawSurface& surface_;
+    Selection::EditHooks editHooks_;
+    std::unique_ptr<BoardMode> free_;  // before the first mode is set
+    std::array<std::unique_ptr<BoardMode>, 7> modes_;
+    SelectionMode* selection_ = nullptr;
+    CalculationMode* calculation_ = nullptr;
+    BoardMode* active_ = nullptr;
 };
 
 }  // namespace BoardState

@@ -44,13 +44,12 @@ bool Zoom_Fit_Load(BoardState::Board& b, CalcState& s, float k) {
     DrawSurface& board = b.Surface();
     // Dimensions alone make no weld group: there is nothing to show.
     if (Lines_Empty(doc.Lines)) return false;
+    // Dimensions stay off this display.
     Viewport::RepaintHooks h;
     h.Draw_Lines = [&] {
         LayoutRender::Draw_Lines(board, doc.Lines, LayoutRender::kLineColor, LayoutRender::kSelectedColor, true,
                                  b.Yield);
     };
-    // Set_Mode enters CALCULATION before the fit, so dimensions stay off this display.
-    if (b.ActiveMode != BoardState::CALCULATION) h.Draw_Dims = [&] { LayoutRender::Draw_Dims(board, doc.Dims); };
     h.Yield = b.Yield;
     if (!Viewport::Zoom_Fit(doc, k, h)) return false;
 
@@ -184,11 +183,6 @@ void Calculation_Click(BoardState::Board& b, CalcState& s) {
     if (Lines_Empty(b.Doc().Lines)) return;
     Write_Inputs(b.Doc().Load, s);
     Refresh_Load(b, s, 1);
-}
-
-void Install(BoardState::Board& b, CalcState& s) {
-    b.hooks.Enter_Calculation = [&b, &s] { Enter_Calculation(b, s); };
-    b.hooks.Calculation_Click = [&b, &s] { Calculation_Click(b, s); };
 }
 
 }  // namespace CalculationView

@@ -62,7 +62,5 @@ bool Apply_Rotation(const std::string& text, LoadRec& load, CalcState& s);
 // click on the board in CALCULATION.
 void Enter_Calculation(BoardState::Board& b, CalcState& s);
 void Calculation_Click(BoardState::Board& b, CalcState& s);
-// Hands both to the board's hooks.
-void Install(BoardState::Board& b, CalcState& s);
 
 }  // namespace CalculationView

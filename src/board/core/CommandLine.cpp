@@ -14,9 +14,6 @@ using Selection::SelectionState;
 
 namespace {
 
-constexpr int16_t kKeyEnter = 13;
-constexpr int16_t kKeyEsc = 27;
-
 ReplyResult Invalid() { return {ReplyStatus::Invalid, 0.0, 0.0, kInvalidReply}; }
 ReplyResult Failed() { return {ReplyStatus::Failed, 0.0, 0.0, ""}; }
 ReplyResult Done() { return {ReplyStatus::Done, 0.0, 0.0, ""}; }
@@ -118,16 +115,6 @@ double DirectionDeg(double dx, double dy) {
 }  // namespace
 
 int32_t CommandBox_Color(std::string_view text) { return text == kInvalidReply ? kColorInvalid : kColorNormal; }
-
-CommandRoute CommandBox_Route(bool drawMode, bool selectionMode, int16_t key, const SelectionState& st) {
-    if (drawMode && key == kKeyEnter) return CommandRoute::ReplyDraw;
-    if (!selectionMode) return CommandRoute::None;
-    if (key == kKeyEsc) return CommandRoute::CancelSelection;
-    if (key != kKeyEnter) return CommandRoute::None;
-    if (st.RotatePending != 0) return CommandRoute::ReplyRotate;
-    if (st.MovePending == 0) return CommandRoute::ReplySelect;
-    return CommandRoute::ReplyMove;
-}
 
 ReplyResult Reply_Draw(const LayoutDocument& doc, std::string_view text, const PointReplyState& st) {
     return ReadPoint(doc, text, st);

@@ -2,8 +2,8 @@
 // angles and selection kinds, the invalid-reply rule, and the echoes that
 // show the pointer in the form that could be typed.
 //
-// A typed point is handed back in board units; the window then sets
-// TypedPoint and calls the same click procedure a pointer pick does, so one
+// A typed point is handed back in board units; the board then sets
+// TypedPoint and calls the same press or click a pointer pick makes, so one
 // code path serves both.
 #pragma once
 
@@ -25,12 +25,6 @@ constexpr int32_t kColorNormal = 0;     // black
 
 // CommandBox_Change: red while the box holds the invalid-reply text.
 int32_t CommandBox_Color(std::string_view text);
-
-// ---- Routing of keys in the box --------------------------------------------------
-enum class CommandRoute { None, ReplyDraw, CancelSelection, ReplyRotate, ReplySelect, ReplyMove };
-// Enter in DRAW, and Enter or Esc in SELECTION, by the pending command.
-CommandRoute CommandBox_Route(bool drawMode, bool selectionMode, int16_t key,
-                              const Selection::SelectionState& st);
 
 // ---- Point replies (DRAW and the steps of a move) -------------------------------
 struct PointReplyState {

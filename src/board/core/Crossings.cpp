@@ -126,7 +126,7 @@ constexpr uint32_t kWorkPerYield = 1024;
 
 }  // namespace
 
-void Build_Intersections(const LineTable& t, PointTable& result, int16_t& flag, const YieldFn& yield) {
+void Build_Intersections(const LineTable& t, PointTable& result, bool& flag, const YieldFn& yield) {
     const uint64_t search = ++searchesStarted;
     // The ends of each row, copied: a change of the table while events run
     // cannot reach this search.
@@ -146,7 +146,7 @@ void Build_Intersections(const LineTable& t, PointTable& result, int16_t& flag, 
     const int other = alongX ? 1 : 0;
 
     PointTable found = Layout::BlankPoints();
-    int16_t foundFlag = flag;
+    bool foundFlag = flag;
     uint32_t work = 0;
     auto pause = [&](uint32_t units) {
         work += units;
@@ -179,7 +179,7 @@ void Build_Intersections(const LineTable& t, PointTable& result, int16_t& flag, 
                 }
                 p.Flag = -1;
                 found.back() = p;
-                foundFlag = -1;
+                foundFlag = true;
             }
             if (!pause(1)) return;
         }

@@ -60,7 +60,7 @@ struct LoadRec {
 struct HoverRec {
     LineRec Line;
     int16_t Index = 0;
-    int16_t Found = 0;
+    bool Found = false;
 };
 
 using LineTable = std::vector<LineRec>;
@@ -103,7 +103,7 @@ struct LayoutDocument {
 
     // Derived from Lines by Build_Intersections; never saved.
     PointTable Intersections = BlankPoints();
-    int16_t IntersectionsFound = 0;
+    bool IntersectionsFound = false;
 
     // Size of the drawing surface in board units, held as singles as the
     // surface reports them. The window keeps these in step with its surface;

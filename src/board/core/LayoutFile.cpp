@@ -284,11 +284,6 @@ std::string File_Title(const std::string& path) {
     return p == std::string::npos ? path : path.substr(p + 1);
 }
 
-std::string Command_File(const std::string& commandLine) {
-    if (commandLine.size() < 2) return "";
-    return prim::Mid(commandLine, 2, commandLine.size() - 2);
-}
-
 // ---- Change test -------------------------------------------------------------------
 
 namespace {

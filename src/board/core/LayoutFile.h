@@ -60,9 +60,6 @@ bool Read_Layout(LayoutDocument& doc, const std::string& path);
 // The text behind the last path separator of path (the whole text when there
 // is none). Both "/" and "\" separate.
 std::string File_Title(const std::string& path);
-// The command line without its first and last character (the quotes around a
-// path); "" when it is shorter than two characters.
-std::string Command_File(const std::string& commandLine);
 
 // Whether the document differs from what was last loaded or saved. Only the
 // last row of each table is compared (after the row counts), and the Y of

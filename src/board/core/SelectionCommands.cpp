@@ -121,11 +121,11 @@ void Clear_Selection(LineTable& t) {
 void Selection_Escape(LayoutDocument& doc, SelectionState& st, const EditHooks& hooks) {
     Call(hooks.Paint_Selection, kColorUnselected, kColorUnselected);
     Clear_Selection(doc.Lines);
-    if (st.RotatePending != 0) {
+    if (st.RotatePending) {
         st.RotateClick = 0;
         Call(hooks.Hide_Rotate_Marks);
     }
-    if (st.MovePending != 0) {
+    if (st.MovePending) {
         Call(hooks.Erase_Move_Band);
         st.MoveClick = 0;
         Call(hooks.Hide_Rotate_Marks);
@@ -137,12 +137,12 @@ HoverRec Hover_Line(const LayoutDocument& doc, float x, float y, bool selectionM
 }
 
 std::string Hover_Status(const HoverRec& hover) {
-    return hover.Found != 0 ? "  Line Found   <Line ID:  " + hover.Line.LineName + ">" : "";
+    return hover.Found ? "  Line Found   <Line ID:  " + hover.Line.LineName + ">" : "";
 }
 
 std::string Hover_ToolTip(const HoverRec& hover) {
     // The row's index from 0, so it usually reads one less than the line's ID.
-    return hover.Found != 0 ? "Line Number " + std::to_string(hover.Index) : "";
+    return hover.Found ? "Line Number " + std::to_string(hover.Index) : "";
 }
 
 // ---- Move and rotate ---------------------------------------------------------
@@ -175,11 +175,11 @@ void Rotate_Selected(const PointRec& base, LineTable& t, double angle) {
 bool MoveButton_Click(const LayoutDocument& doc, SelectionState& st, const EditHooks& hooks) {
     Call(hooks.Hide_Rotate_Marks);
     st.RotateClick = 0;
-    st.RotatePending = 0;
+    st.RotatePending = false;
     if (!StartCommand(doc, hooks)) return false;
     st.MoveClick = 0;
     Call(hooks.Cross_Pointer);
-    st.MovePending = -1;
+    st.MovePending = true;
     Call(hooks.Show_Prompt);
     Call(hooks.Focus_CommandBox);
     return true;
@@ -188,17 +188,17 @@ bool MoveButton_Click(const LayoutDocument& doc, SelectionState& st, const EditH
 bool RotateButton_Click(const LayoutDocument& doc, SelectionState& st, const EditHooks& hooks) {
     Call(hooks.Hide_Rotate_Marks);
     st.MoveClick = 0;
-    st.MovePending = 0;
+    st.MovePending = false;
     if (!StartCommand(doc, hooks)) return false;
     st.RotateClick = 0;
-    st.RotatePending = -1;
+    st.RotatePending = true;
     Call(hooks.Show_Prompt);
     Call(hooks.Focus_CommandBox);
     return true;
 }
 
 void Move_Click(LayoutDocument& doc, SelectionState& st, const PointRec& point, const EditHooks& hooks) {
-    if (st.MovePending == 0) return;
+    if (!st.MovePending) return;
     if (st.MoveClick == 0) {
         st.MoveBase = point;
         st.MoveClick = 1;
@@ -212,12 +212,12 @@ void Move_Click(LayoutDocument& doc, SelectionState& st, const PointRec& point, 
     Repaint(doc, hooks);
     Call(hooks.Renew_Pointer);
     st.MoveClick = 0;
-    st.MovePending = 0;
+    st.MovePending = false;
     Call(hooks.Show_Prompt);
 }
 
 void Rotate_Click(SelectionState& st, const PointRec& point, const EditHooks& hooks) {
-    if (st.RotatePending == 0 || st.RotateClick != 0) return;
+    if (!st.RotatePending || st.RotateClick != 0) return;
     st.RotateBase = point;
     Call(hooks.Show_Rotate_Marks, st.RotateBase);
     st.RotateClick = 1;
@@ -229,7 +229,7 @@ void Finish_Rotate(LayoutDocument& doc, SelectionState& st, double angle, const 
     Repaint(doc, hooks);
     Call(hooks.Hide_Rotate_Marks);
     st.RotateClick = 0;
-    st.RotatePending = 0;
+    st.RotatePending = false;
     Call(hooks.Show_Prompt);
 }
 
@@ -285,20 +285,20 @@ void ClearDimButton_Click(LayoutDocument& doc, bool inCalculation, const EditHoo
     Call(hooks.Repaint.Draw_Dims);
 }
 
-bool Delete_Hover(LayoutDocument& doc, HoverRec& hover, HoverRec& prevHover, int16_t& hoverDrawn,
+bool Delete_Hover(LayoutDocument& doc, HoverRec& hover, HoverRec& prevHover, bool& hoverShown,
                   const EditHooks& hooks) {
-    if (hover.Found == 0) return false;
-    hover.Found = 0;
-    prevHover.Found = 0;
+    if (!hover.Found) return false;
+    hover.Found = false;
+    prevHover.Found = false;
     Viewport::Delete_Line(doc.Lines, hover.Index);
     Repaint(doc, hooks);
-    hoverDrawn = 0;
+    hoverShown = false;
     return true;
 }
 
-void Edit_DeleteKey(LayoutDocument& doc, HoverRec& hover, HoverRec& prevHover, int16_t& hoverDrawn,
+void Edit_DeleteKey(LayoutDocument& doc, HoverRec& hover, HoverRec& prevHover, bool& hoverShown,
                     const EditHooks& hooks) {
-    Delete_Hover(doc, hover, prevHover, hoverDrawn, hooks);
+    Delete_Hover(doc, hover, prevHover, hoverShown, hooks);
     if (Viewport::Lines_Empty(doc.Lines)) doc.LineCounter = 0;
 }
 

@@ -4,7 +4,7 @@
 //
 // The procedures change the document and the small command state below; what
 // they show (painting, prompt, pointer, marks, message boxes) goes through
-// EditHooks, which the window fills. A hook left empty does nothing, and an
+// EditHooks, which the board fills. A hook left empty does nothing, and an
 // empty question hook answers No.
 #pragma once
 
@@ -44,10 +44,10 @@ constexpr float kHoverTolerance = 0.001f;
 // The command state of SELECTION. The board's state holds one of these.
 struct SelectionState {
     int16_t SelectKind = Kind::Pick;
-    int16_t CornerPicked = 0;
-    int16_t RotatePending = 0;
+    bool CornerPicked = false;  // the first corner of a box is down
+    bool RotatePending = false;
     int16_t RotateClick = 0;  // 0 waiting for the base point, 1 for the angle
-    int16_t MovePending = 0;
+    bool MovePending = false;
     int16_t MoveClick = 0;  // 0 waiting for the base point, 1 for the destination
     PointRec RotateBase;
     PointRec MoveBase;
@@ -122,11 +122,11 @@ bool ClearButton_Click(LayoutDocument& doc, bool inCalculation, const EditHooks&
 void ClearDimButton_Click(LayoutDocument& doc, bool inCalculation, const EditHooks& hooks = {});
 // Deletes the hovered line in EDIT; the found flags of both hover records are
 // cleared. False when no line is under the pointer.
-bool Delete_Hover(LayoutDocument& doc, HoverRec& hover, HoverRec& prevHover, int16_t& hoverDrawn,
+bool Delete_Hover(LayoutDocument& doc, HoverRec& hover, HoverRec& prevHover, bool& hoverShown,
                   const EditHooks& hooks = {});
 // The Delete key in EDIT: Delete_Hover, and the numbering starts again once
 // the table is empty. The caller hides the grip boxes.
-void Edit_DeleteKey(LayoutDocument& doc, HoverRec& hover, HoverRec& prevHover, int16_t& hoverDrawn,
+void Edit_DeleteKey(LayoutDocument& doc, HoverRec& hover, HoverRec& prevHover, bool& hoverShown,
                     const EditHooks& hooks = {});
 
 }  // namespace Selection

@@ -44,7 +44,7 @@ bool Snap_Point(const LayoutDocument& doc, float x, float y, int16_t mode, Point
     switch (mode) {
         case SnapKind::EndPoint: {
             const HoverRec h = Find_Line(doc.Lines, x, y, SnapTolerance::EndLine);
-            if (h.Found == 0) return NearEnd(doc.Lines, x, y, out);
+            if (!h.Found) return NearEnd(doc.Lines, x, y, out);
             const double ds = DistanceTo(x, y, h.Line.StartPt);
             const double de = DistanceTo(x, y, h.Line.EndPt);
             out = ds < de ? h.Line.StartPt : h.Line.EndPt;  // a tie takes the end
@@ -52,18 +52,18 @@ bool Snap_Point(const LayoutDocument& doc, float x, float y, int16_t mode, Point
         }
         case SnapKind::MidPoint: {
             const HoverRec h = Find_Line(doc.Lines, x, y, SnapTolerance::MidPoint);
-            if (h.Found == 0) return false;
+            if (!h.Found) return false;
             out = h.Line.MidPt;
             return true;
         }
         case SnapKind::Nearest:
             // The pointer stays where it is: only the hit is reported.
-            return Find_Line(doc.Lines, x, y, SnapTolerance::Nearest).Found != 0;
+            return Find_Line(doc.Lines, x, y, SnapTolerance::Nearest).Found;
         case SnapKind::Intersection:
             return Find_Intersection(doc, x, y, SnapTolerance::Intersection, out);
         case SnapKind::Perpendicular: {
             const HoverRec h = Find_Line(doc.Lines, x, y, SnapTolerance::Perpendicular);
-            if (h.Found == 0) return false;
+            if (!h.Found) return false;
             PointRec foot = out;
             Perpendicular_Foot(h.Line, base, foot);
             if (!std::isfinite(foot.X) || !std::isfinite(foot.Y)) return false;

@@ -324,7 +324,7 @@ HoverRec Find_Line(const LineTable& t, float x, float y, float tol) {
         if (slack <= tol) {
             h.Line = r;
             h.Index = static_cast<int16_t>(i);
-            h.Found = -1;
+            h.Found = true;
             return h;
         }
     }

@@ -104,7 +104,7 @@ bool Lines_Cross(const LineRec& a, const LineRec& b, PointRec& out);
 // clears it. Only pairs whose bounding boxes meet are tested. A long search
 // calls yield now and then; when a newer search starts inside it (a change of
 // the drawing that came in), it stops and leaves result and flag to that one.
-void Build_Intersections(const LineTable& t, PointTable& result, int16_t& flag,
+void Build_Intersections(const LineTable& t, PointTable& result, bool& flag,
                          const YieldFn& yield = {});
 
 // ---- Viewport, zoom and pan -------------------------------------------------------

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -273,6 +274,7 @@ void BoardSurface::SetToolTipText(const std::string& text) { setToolTip(Q(text))
 
 void BoardSurface::mousePressEvent(QMouseEvent* e) {
     const QPointF b = ToBoard(e->position());
+    pressPos_ = b;
     emit MouseDown(ButtonCode(e->button()), e->modifiers() & Qt::ShiftModifier, b.x(), b.y());
 }
 
@@ -283,8 +285,15 @@ void BoardSurface::mouseMoveEvent(QMouseEvent* e) {
 
 void BoardSurface::mouseReleaseEvent(QMouseEvent* e) {
     const QPointF b = ToBoard(e->position());
-    emit MouseUp(ButtonCode(e->button()), e->modifiers() & Qt::ShiftModifier, b.x(), b.y());
+    const double slack = QApplication::startDragDistance() / static_cast<double>(logicalDpiX());
+    const bool click = !doubleClicked_ && std::abs(b.x() - pressPos_.x()) <= slack &&
+                       std::abs(b.y() - pressPos_.y()) <= slack;
+    doubleClicked_ = false;
+    emit MouseUp(ButtonCode(e->button()), e->modifiers() & Qt::ShiftModifier, b.x(), b.y(), click);
 }
 
 // The second press of a double-click is the double-click itself, not another press.
-void BoardSurface::mouseDoubleClickEvent(QMouseEvent*) { emit DoubleClick(); }
+void BoardSurface::mouseDoubleClickEvent(QMouseEvent*) {
+    doubleClicked_ = true;
+    emit DoubleClick();
+}

@@ -42,7 +42,9 @@ public:
 signals:
     void MouseDown(int button, bool shift, double x, double y);
     void MouseMove(int buttons, bool shift, double x, double y);
-    void MouseUp(int button, bool shift, double x, double y);
+    // `click`: the release came where the press was, and not after a
+    // double-click, which is an event of its own; a drag makes no click.
+    void MouseUp(int button, bool shift, double x, double y, bool click);
     void DoubleClick();
     // The size in board units changed; the picture was cleared.
     void Resized();
@@ -67,4 +69,6 @@ private:
     mutable std::unique_ptr<QPainter> painter_;
     board::Pointer pointer_ = board::Pointer::Default;
     board::BoardMarks marks_;
+    QPointF pressPos_;  // board units
+    bool doubleClicked_ = false;
 };

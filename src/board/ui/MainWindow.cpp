@@ -22,7 +22,6 @@
 
 #include "board/ui/BoardSurface.h"
 #include "board/core/Viewport.h"
-#include "board/core/Dimensions.h"
 #include "board/core/SnapSearch.h"
 #include "bolt/ui/BoltCoefficientWindow.h"
 #include "calc/ui/CalculatorWindow.h"
@@ -170,7 +169,7 @@ void MainWindow::BuildMenus() {
         SyncUi();
     });
     route("mnuClearSelect", [this] {
-        board_->Form_KeyDown(BoardState::KeyEscape);
+        board_->Form_KeyDown(BoardState::Key::Escape);
         SyncUi();
     });
 
@@ -309,10 +308,10 @@ void MainWindow::BuildBoardArea() {
 
     auto* hotKeyHint = new QLabel(QStringLiteral("F8 = Toggle OrthoMode,   F9 = Toggle PolyMode"), central);
     hotKeyHint->setObjectName(QStringLiteral("Label3"));
-    DumLabel = new QLabel(QStringLiteral("   Active Mode:  Free Mode"), central);
-    DumLabel->setObjectName(QStringLiteral("DumLabel"));
+    ModeCaption = new QLabel(QStringLiteral("   Active Mode:  Free Mode"), central);
+    ModeCaption->setObjectName(QStringLiteral("DumLabel"));
     auto* labels = new QHBoxLayout;
-    labels->addWidget(DumLabel, 1);
+    labels->addWidget(ModeCaption, 1);
     labels->addWidget(hotKeyHint);
     outer->addLayout(labels);
 
@@ -329,13 +328,13 @@ void MainWindow::BuildBoardArea() {
     outer->addLayout(cmd);
     setCentralWidget(central);
 
-    StatusPanel1 = new QLabel(this);
-    StatusPanel1->setObjectName(QStringLiteral("StatusPanel1"));
-    StatusPanel1->setMinimumWidth(280);
-    StatusPanel2 = new QLabel(this);
-    StatusPanel2->setObjectName(QStringLiteral("StatusPanel2"));
-    statusBar()->addWidget(StatusPanel1);
-    statusBar()->addWidget(StatusPanel2, 1);
+    CoordinatePanel = new QLabel(this);
+    CoordinatePanel->setObjectName(QStringLiteral("StatusPanel1"));
+    CoordinatePanel->setMinimumWidth(280);
+    FindingPanel = new QLabel(this);
+    FindingPanel->setObjectName(QStringLiteral("StatusPanel2"));
+    statusBar()->addWidget(CoordinatePanel);
+    statusBar()->addWidget(FindingPanel, 1);
 
     // The board's events go to the board's procedures.
     connect(DrawingBoard, &BoardSurface::MouseDown, this, &MainWindow::Board_MouseDown);
@@ -347,12 +346,7 @@ void MainWindow::BuildBoardArea() {
     // stays anchored at the top left); an empty board takes the new lower edge
     // as world Y = 0.
     connect(DrawingBoard, &BoardSurface::Resized, this, [this] {
-        doc_.ScaleWidth = static_cast<float>(DrawingBoard->ScaleWidth());
-        doc_.ScaleHeight = static_cast<float>(DrawingBoard->ScaleHeight());
-        if (Viewport::Lines_Empty(doc_.Lines) && Dimensions::Dims_Empty(doc_.Dims))
-            Viewport::Set_Viewport(doc_);
-        if (board_->ActiveMode == BoardState::CALCULATION) board_->Set_Mode(BoardState::CALCULATION);
-        else RepaintBoard();
+        board_->Surface_Resized();
         SyncUi();
     });
 }
@@ -382,7 +376,7 @@ void MainWindow::FocusCommandBox() {
 
 void MainWindow::SyncUi() {
     BoardState::BoardUi& ui = board_->Ui;
-    CommandName->setText(Q(ui.CommandName));
+    CommandName->setText(Q(ui.Prompt));
     CommandBox->setEnabled(ui.CommandBoxEnabled);
     if (ui.CommandTextSerial != syncedSerial_) {
         CommandBox->setText(Q(ui.CommandText));
@@ -392,9 +386,9 @@ void MainWindow::SyncUi() {
     if (ui.CommandFocus) FocusCommandBox();
     if (ui.CommandSelectAll && CommandBox->isEnabled()) CommandBox->selectAll();
     ui.CommandFocus = ui.CommandSelectAll = false;
-    DumLabel->setText(Q(ui.DumLabel));
-    StatusPanel1->setText(Q(ui.StatusPanel1));
-    StatusPanel2->setText(Q(ui.StatusPanel2));
+    ModeCaption->setText(Q(ui.ModeCaption));
+    CoordinatePanel->setText(Q(ui.CoordinateStatus));
+    FindingPanel->setText(Q(ui.FindingStatus));
     LoadParamBox->setVisible(ui.LoadParamBoxVisible);
     SyncLoadPanel();
     DrawingBoard->SetMarks(ui.Marks);

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QList>
-#include <QPointF>
 #include <QMainWindow>
 #include <functional>
 #include <memory>
@@ -76,11 +75,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    // The board's pointer events, with the click and double-click the
-    // board's procedures know.
+    // The board's pointer events; a release may make a click as well.
     void Board_MouseDown(int button, bool shift, double x, double y);
     void Board_MouseMove(int buttons, bool shift, double x, double y);
-    void Board_MouseUp(int button, bool shift, double x, double y);
+    void Board_MouseUp(int button, bool shift, double x, double y, bool click);
     void Board_DoubleClick();
     bool Show_Message(const BoardMessages::BoardMessage& m);
     void Show_LineData(int16_t index);
@@ -119,7 +117,7 @@ private:
     void Warn(const QString& text, bool stopIcon = true);
     void Warn_Unread(const QString& path, const LayoutFile::LayoutRead& read);
 
-    // ---- The load panel of CALCULATION (MainFrmCalc.cpp) -------------------------
+    // ---- The load panel of CALCULATION (MainWindowCalc.cpp) ----------------------
     void BuildLoadParamBox();
     // Copies the texts the calculation display wrote for the two boxes.
     void SyncLoadPanel();
@@ -129,7 +127,6 @@ private:
     bool RotButton_Click();
     void CalcWeldCapButton_Click();
     void Refuse_LoadInput(QLineEdit* box, const QString& text);
-    void Redraw_Load();
 
     Layout::LayoutDocument doc_;
     BoardSurface* DrawingBoard = nullptr;
@@ -138,17 +135,14 @@ private:
     shell::ThrottledPump boardPump_;
     QString FileName_ = QStringLiteral("UnNamed.wld");
     int syncedSerial_ = -1;
-    // A release ends a click when it comes where the press was, and not
-    // after a double-click, which is an event of its own.
-    QPointF pressPos_;
-    bool doubleClicked_ = false;
 
     QToolBar* ModeBar = nullptr;
     QLabel* CommandName = nullptr;
     QLineEdit* CommandBox = nullptr;
-    QLabel* DumLabel = nullptr;
-    QLabel* StatusPanel1 = nullptr;
-    QLabel* StatusPanel2 = nullptr;
+    QLabel* ModeCaption = nullptr;
+    QLabel* CoordinatePanel = nullptr;  // the status bar's pointer position
+    QLabel* FindingPanel = nullptr;     // ... and what the pointer found
+
     QCheckBox* OrthoBox = nullptr;
     QCheckBox* PolyBox = nullptr;
     QGroupBox* LoadParamBox = nullptr;
@@ -158,7 +152,6 @@ private:
     QPushButton* EcButton = nullptr;
     QPushButton* RotButton = nullptr;
     QPushButton* CalcWeldCapButton = nullptr;
-    CalculationView::CalcState Calc;
     int syncedEcSerial_ = -1;
     int syncedRotSerial_ = -1;
 

@@ -1,6 +1,6 @@
-// The main window's side of the drawing board: pointer events with the
-// click and double-click, the command box's keys and colour, the pop-up
-// menus, the board's message boxes and the line data dialog.
+// The main window's side of the drawing board: pointer events, the command
+// box's keys and colour, the pop-up menus, the board's message boxes and the
+// line data dialog, each handed to the board and its outcome shown.
 #include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
@@ -54,7 +54,6 @@ std::function<void()> MainWindow::Board_Command(void (BoardState::Board::*comman
 }
 
 void MainWindow::Board_MouseDown(int button, bool shift, double x, double y) {
-    pressPos_ = QPointF(x, y);
     board_->DrawingBoard_MouseDown(ToButton(button), shift, x, y);
     SyncUi();
 }
@@ -64,13 +63,8 @@ void MainWindow::Board_MouseMove(int buttons, bool shift, double x, double y) {
     SyncUi();
 }
 
-void MainWindow::Board_MouseUp(int button, bool shift, double x, double y) {
+void MainWindow::Board_MouseUp(int button, bool shift, double x, double y, bool click) {
     const BoardState::PopUp pop = board_->DrawingBoard_MouseUp(ToButton(button), shift, x, y);
-    // A release where the press was makes a click; a drag (a selection box,
-    // a pan) does not, nor the release that ends a double-click.
-    const double slack = QApplication::startDragDistance() / static_cast<double>(DrawingBoard->logicalDpiX());
-    const bool click = !doubleClicked_ && std::abs(x - pressPos_.x()) <= slack && std::abs(y - pressPos_.y()) <= slack;
-    doubleClicked_ = false;
     if (click) board_->DrawingBoard_Click();
     SyncUi();
     if (pop == BoardState::PopUp::Osnap) PopUp_Menu(QStringLiteral("mnuOsnap"), x, y);
@@ -78,7 +72,6 @@ void MainWindow::Board_MouseUp(int button, bool shift, double x, double y) {
 }
 
 void MainWindow::Board_DoubleClick() {
-    doubleClicked_ = true;
     board_->DrawingBoard_DblClick();
     SyncUi();
 }
@@ -121,7 +114,7 @@ void MainWindow::CommandBox_Change() {
 
 void MainWindow::Type_Reply(const QString& text) {
     CommandBox->setText(text);
-    board_->CommandBox_KeyDown(BoardState::KeyEnter, S(text));
+    board_->CommandBox_KeyDown(BoardState::Key::Enter, S(text));
     SyncUi();
 }
 
@@ -134,35 +127,35 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     const bool inBox = watched == CommandBox;
     const bool mine = inBox || (w != nullptr && w->window() == this && (w == focus || (focus == nullptr && w == this)));
     if (!mine) return QMainWindow::eventFilter(watched, event);
-    int code = 0;
+    using BoardState::Key;
+    Key key;
     switch (static_cast<QKeyEvent*>(event)->key()) {
         case Qt::Key_Escape:
-            code = BoardState::KeyEscape;
+            key = Key::Escape;
             break;
         case Qt::Key_Delete:
-            code = BoardState::KeyDelete;
+            key = Key::Delete;
             break;
         case Qt::Key_F8:
-            code = BoardState::KeyF8;
+            key = Key::F8;
             break;
         case Qt::Key_F9:
-            code = BoardState::KeyF9;
+            key = Key::F9;
             break;
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            code = BoardState::KeyEnter;
+            key = Key::Enter;
             break;
         default:
-            break;
+            return QMainWindow::eventFilter(watched, event);
     }
-    if (code == 0) return QMainWindow::eventFilter(watched, event);
-    board_->Form_KeyDown(code);
+    board_->Form_KeyDown(key);
     SyncUi();
     // Then the command box's own handler: the replies.
-    if (inBox && (code == BoardState::KeyEnter || code == BoardState::KeyEscape)) {
-        board_->CommandBox_KeyDown(code, S(CommandBox->text()));
+    if (inBox && (key == Key::Enter || key == Key::Escape)) {
+        board_->CommandBox_KeyDown(key, S(CommandBox->text()));
         SyncUi();
         return true;
     }
-    return code == BoardState::KeyF8 || code == BoardState::KeyF9;
+    return key == Key::F8 || key == Key::F9;
 }

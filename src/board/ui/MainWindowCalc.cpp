@@ -9,7 +9,6 @@
 #include <QPushButton>
 #include <functional>
 
-#include "board/core/Viewport.h"
 #include "board/ui/MainWindow.h"
 #include "shell/ui/GridEditor.h"
 #include "shell/ui/QtText.h"
@@ -52,7 +51,6 @@ private:
 }  // namespace
 
 void MainWindow::BuildLoadParamBox() {
-    CalculationView::Install(*board_, Calc);
     auto* grid = new QGridLayout(LoadParamBox);
     auto add = [&](auto* w, const char* name, int row, int col, int span = 1) {
         w->setObjectName(QString::fromLatin1(name));
@@ -78,13 +76,14 @@ void MainWindow::BuildLoadParamBox() {
 }
 
 void MainWindow::SyncLoadPanel() {
-    if (Calc.EcSerial != syncedEcSerial_) {
-        EcInput->setText(Q(Calc.EcInput));
-        syncedEcSerial_ = Calc.EcSerial;
+    const CalculationView::CalcState& inputs = board_->Load_Inputs();
+    if (inputs.EcSerial != syncedEcSerial_) {
+        EcInput->setText(Q(inputs.EcInput));
+        syncedEcSerial_ = inputs.EcSerial;
     }
-    if (Calc.RotSerial != syncedRotSerial_) {
-        RotInput->setText(Q(Calc.RotInput));
-        syncedRotSerial_ = Calc.RotSerial;
+    if (inputs.RotSerial != syncedRotSerial_) {
+        RotInput->setText(Q(inputs.RotInput));
+        syncedRotSerial_ = inputs.RotSerial;
     }
 }
 
@@ -94,30 +93,21 @@ void MainWindow::Refuse_LoadInput(QLineEdit* box, const QString& text) {
     QMessageBox::critical(this, QStringLiteral("Warning:"), text);
 }
 
-// The symbol shows the load's values, so it is drawn anew when one changes.
-// The layout's change test looks at lines and dimensions only: a new load
-// alone asks for no save.
-void MainWindow::Redraw_Load() {
-    if (board_->ActiveMode == BoardState::CALCULATION && !Viewport::Lines_Empty(doc_.Lines))
-        CalculationView::Refresh_Load(*board_, Calc, 0);
-    SyncUi();
-}
-
 bool MainWindow::EcButton_Click() {
-    if (!CalculationView::Apply_Eccentricity(S(EcInput->text()), doc_.Load, Calc)) {
+    if (!board_->Apply_Eccentricity(S(EcInput->text()))) {
         Refuse_LoadInput(EcInput, QStringLiteral("Invalid Length Input !  "));
         return false;
     }
-    Redraw_Load();
+    SyncUi();
     return true;
 }
 
 bool MainWindow::RotButton_Click() {
-    if (!CalculationView::Apply_Rotation(S(RotInput->text()), doc_.Load, Calc)) {
+    if (!board_->Apply_Rotation(S(RotInput->text()))) {
         Refuse_LoadInput(RotInput, QStringLiteral("Invalid Angle Input !  "));
         return false;
     }
-    Redraw_Load();
+    SyncUi();
     return true;
 }
 

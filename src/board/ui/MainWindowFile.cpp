@@ -108,9 +108,7 @@ bool MainWindow::Open_Path(const QString& path) {
     FileName_ = path;
     Set_Caption_From_File();
     recent::SaveAsRecent(FileName_);
-    board_->Set_Mode(BoardState::DRAW);
-    board_->Show_Prompt();
-    board_->Repaint(true);
+    board_->Show_Document();
     SyncUi();
     return true;
 }
