@@ -83,7 +83,7 @@ void Commit_Fraction(CalculatorState& s) {
         }
     }
     s.FractionText.clear();
-    s.FractionMode = 0;
+    s.FractionMode = false;
 }
 
 namespace {
@@ -94,7 +94,7 @@ void Fraction_Finish(CalculatorState& s, std::string text, bool neg) {
     if (neg) text = "-" + text;
     if (CharLen(text) > 15) return;
     Show_Fraction(s, text);
-    s.FractionStep = static_cast<int16_t>(s.FractionStep + 1);
+    ++s.FractionStep;
     if (s.FractionStep > 2) s.FractionStep = 1;
     if (s.FractionStep == 2) {
         Fraction_Value(s, text);
@@ -127,7 +127,7 @@ void Fraction_Toggle(CalculatorState& s) {
             double g = CalcFunctions::Greatest_Divisor(n[0], n[1]);
             if (g == 0) return;
             std::string t = WholeText(n[0] / g) + "/" + WholeText(n[1] / g);
-            s.FractionStep = std::min<int16_t>(s.FractionStep, 2);
+            s.FractionStep = std::min(s.FractionStep, 2);
             Fraction_Finish(s, t, neg);
         } else if (parts.size() == 3) {
             if (n[1] == n[2]) {
@@ -137,7 +137,7 @@ void Fraction_Toggle(CalculatorState& s) {
             double g = CalcFunctions::Greatest_Divisor(n[1], n[2]);
             if (g == 0) return;
             std::string t = WholeText(n[0]) + "/" + WholeText(n[1] / g) + "/" + WholeText(n[2] / g);
-            s.FractionStep = std::min<int16_t>(s.FractionStep, 2);
+            s.FractionStep = std::min(s.FractionStep, 2);
             Fraction_Finish(s, t, neg);
         }
         return;

@@ -149,15 +149,15 @@ FunctionResult Evaluate_Function(const CalculatorState& s, const std::string& t,
 
 double To_Unit(const CalculatorState& s, double deg) {
     double f = deg - 360 * Fix(deg / 360);
-    if (s.IsRadian) return f * kPi / 180;
-    if (s.IsGradian) return f * 200 / 180;
+    if (s.Angle == AngleMode::Radian) return f * kPi / 180;
+    if (s.Angle == AngleMode::Gradian) return f * 200 / 180;
     return deg;
 }
 
 double To_Degrees(const CalculatorState& s, double x) {
     double f = x - 360 * Fix(x / 360);
-    if (s.IsRadian) return f * 180 / kPi;
-    if (s.IsGradian) return f * 180 / 200;
+    if (s.Angle == AngleMode::Radian) return f * 180 / kPi;
+    if (s.Angle == AngleMode::Gradian) return f * 180 / 200;
     return x;
 }
 

@@ -24,7 +24,7 @@ void Operator_Step(CalculatorState& s) {
         if (s.ErrorLock) return;
         Press_Equal(s);
     } else {
-        s.ConversionArmed = 0;
+        s.ConversionArmed = false;
         return;
     }
     if (!s.PolarPending && !s.RectPending) s.SecondValue = s.RunningTotal;
@@ -32,9 +32,9 @@ void Operator_Step(CalculatorState& s) {
     // conversion starts from its own radius or x.
     if (s.PolarPending) s.PolarRadius = Variant();
     if (s.RectPending) s.RectX = Variant();
-    s.PolarPending = 0;
-    s.RectPending = 0;
-    s.ConversionArmed = 0;
+    s.PolarPending = false;
+    s.RectPending = false;
+    s.ConversionArmed = false;
 }
 
 void Press_Operator(CalculatorState& s) {

@@ -37,7 +37,7 @@ void detail::Swap_Key(CalculatorState& s, const std::string&) {
     s.SecondValue = Variant(former);
     s.EntryText.clear();
     ClearEntryModes(s);
-    s.FractionMode = 0;
+    s.FractionMode = false;
 }
 
 void detail::Finish_Polar(CalculatorState& s) {
@@ -63,7 +63,7 @@ void detail::Finish_Rect(CalculatorState& s) {
         if (x == 0) {
             s.ErrorWord = Variant("Divide by Zero");
             s.EntryText.clear();
-            s.RectPending = 0;
+            s.RectPending = false;
             Show_Error(s);
             return;
         }
@@ -78,8 +78,8 @@ void detail::Polar_Key(CalculatorState& s, const std::string&) {
     Finish_Polar(s);
     if (Empty(s.PolarRadius)) s.PolarRadius = s.EntryText.empty() ? Variant(X(s)) : Variant(Val(s.EntryText));
     if (s.PolarPending) Show_Value(s, Variant(), s.EntryText);
-    s.PolarPending = -1;
-    s.ConversionArmed = -1;
+    s.PolarPending = true;
+    s.ConversionArmed = true;
     s.EntryText.clear();
 }
 
@@ -89,8 +89,8 @@ void detail::Rect_Key(CalculatorState& s, const std::string&) {
     if (s.ErrorLock) return;
     if (Empty(s.RectX)) s.RectX = s.EntryText.empty() ? Variant(X(s)) : Variant(Val(s.EntryText));
     if (s.RectPending) Show_Value(s, Variant(), s.EntryText);
-    s.RectPending = -1;
-    s.ConversionArmed = -1;
+    s.RectPending = true;
+    s.ConversionArmed = true;
     s.EntryText.clear();
 }
 
@@ -112,18 +112,18 @@ double SystemNow() {
 }  // namespace
 
 void detail::Random_Key(CalculatorState& s, const std::string&) {
-    s.RandomShown = -1;
+    s.RandomShown = true;
     double now = s.Now ? s.Now() : SystemNow();
     std::string t = Format(now, "0.0" + kHashes100);
     Show_Result(s, Val(Right(t, 3)) / 1000);
     s.EntryText.clear();
     ClearEntryModes(s);
-    s.FractionMode = 0;
+    s.FractionMode = false;
 }
 
 void detail::Paste_Key(CalculatorState& s, const std::string&) {
     ClearEntryModes(s);
-    s.FractionMode = 0;
+    s.FractionMode = false;
     std::string clip = s.ClipboardText ? s.ClipboardText() : std::string();
     if (Trim(clip).empty()) {
         const std::string msg = "Nothing to paste. Clipboard is EMPTY !";

@@ -55,8 +55,8 @@ inline int TextExponent(double v) {
 }
 
 inline void ClearEntryModes(CalculatorState& s) {
-    s.ExpMode = 0;
-    s.SignPressed = 0;
+    s.ExpMode = false;
+    s.SignPressed = false;
     s.SexaCount = prim::Variant();
 }
 

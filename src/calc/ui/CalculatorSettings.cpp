@@ -44,10 +44,10 @@ void SaveReadOutLoud(bool on) {
 }
 
 bool mnuReadOut_Click(CalculatorState& s, Voice* voice) {
-    s.ReadOutOn = s.ReadOutOn ? 0 : -1;
-    SaveReadOutLoud(s.ReadOutOn != 0);
+    s.ReadOutOn = !s.ReadOutOn;
+    SaveReadOutLoud(s.ReadOutOn);
     if (voice != nullptr) voice->Speak(QString());
-    return s.ReadOutOn != 0;
+    return s.ReadOutOn;
 }
 
 double MemoryIn() { return prim::Val(S(settings::GetSetting(ProgramFolder(), "Setting", "MemoryIn", "0"))); }
@@ -65,12 +65,12 @@ void Load_CalcFiles(CalculatorState& s, QWidget* parent) {
     const CalculatorFiles::FileStatus st = CalculatorFiles::Load_Registers(S(RegisterFilePath()).c_str(), registers);
     // A file that cannot be opened leaves the registers of this run as they are.
     if (st.outcome != Outcome::Unreadable) s.Registers = registers;
-    s.RegisterFileUnread = st.outcome == Outcome::Unreadable ? -1 : 0;
+    s.RegisterFileUnread = st.outcome == Outcome::Unreadable;
     Warn(st, parent);
     CalculatorFiles::DataList data;
     const CalculatorFiles::FileStatus sd = CalculatorFiles::Load_Data(S(DataFilePath()).c_str(), data);
     if (sd.outcome != Outcome::Unreadable) s.DataValues = data;
-    s.DataFileUnread = sd.outcome == Outcome::Unreadable ? -1 : 0;
+    s.DataFileUnread = sd.outcome == Outcome::Unreadable;
     Warn(sd, parent);
     s.MemoryValue = MemoryIn();
     s.Mem_Indicator = s.MemoryValue != 0 ? "MEM" : "";

@@ -129,7 +129,7 @@ CalculatorWindow::CalculatorWindow(CalculatorState& state, QWidget* parent)
     s_.ShowRegisterWindow = [this](CalculatorState& st) { Show_Register_Window(st); };
     s_.ShowConstantWindow = [this](CalculatorState& st) { Show_Constant_Window(st); };
 
-    s_.ReadOutOn = CalculatorSettings::ReadOutLoud() ? -1 : 0;
+    s_.ReadOutOn = CalculatorSettings::ReadOutLoud();
     // The files are read at the first opening in a run; later openings find
     // the state as the last close left it.
     if (!s_.FilesLoaded) {
@@ -142,7 +142,7 @@ CalculatorWindow::CalculatorWindow(CalculatorState& state, QWidget* parent)
 }
 
 CalculatorWindow::~CalculatorWindow() {
-    s_.TimeShown = 0;
+    s_.TimeShown = false;
     s_.Speak = nullptr;
     s_.ClipboardText = nullptr;
     s_.ShowMessage = nullptr;
@@ -235,9 +235,10 @@ QWidget* CalculatorWindow::Build_Angle_Page() {
     DegButton_ = angle[0];
     RadButton_ = angle[1];
     GradButton_ = angle[2];
-    const std::pair<QRadioButton*, char> options[] = {{DegButton_, 'D'}, {RadButton_, 'R'}, {GradButton_, 'G'}};
+    const std::pair<QRadioButton*, AngleMode> options[] = {
+        {DegButton_, AngleMode::Degree}, {RadButton_, AngleMode::Radian}, {GradButton_, AngleMode::Gradian}};
     for (const auto& [b, mode] : options) {
-        const char m = mode;
+        const AngleMode m = mode;
         connect(b, &QRadioButton::clicked, this, [this, m] { Angle_Click(m); });
     }
     g->addWidget(box, 0, 4, 4, 1);
@@ -258,9 +259,12 @@ QWidget* CalculatorWindow::Build_Display_Page() {
     StdButton_ = display[0];
     FxnButton_ = display[1];
     ScnButton_ = display[2];
-    connect(StdButton_, &QRadioButton::clicked, this, [this] { Calculator::StdButton_Click(s_), Refresh(); });
-    connect(FxnButton_, &QRadioButton::clicked, this, [this] { Calculator::FxnButton_Click(s_), Refresh(); });
-    connect(ScnButton_, &QRadioButton::clicked, this, [this] { Calculator::ScnButton_Click(s_), Refresh(); });
+    const std::pair<QRadioButton*, DisplayMode> modes[] = {
+        {StdButton_, DisplayMode::Normal}, {FxnButton_, DisplayMode::Fixed}, {ScnButton_, DisplayMode::Scientific}};
+    for (const auto& [b, mode] : modes) {
+        const DisplayMode m = mode;
+        connect(b, &QRadioButton::clicked, this, [this, m] { Calculator::Set_Display_Mode(s_, m), Refresh(); });
+    }
     g->addWidget(box, 0, 0, 2, 1);
 
     PrecLab_ = new QLabel(QStringLiteral("Places:"), page);
@@ -271,7 +275,7 @@ QWidget* CalculatorWindow::Build_Display_Page() {
     PrecBox_->setMinimumContentsLength(3);
     for (int i = 0; i <= 14; ++i) PrecBox_->addItem(QString::number(i));
     connect(PrecBox_, &QComboBox::activated, this, [this](int index) {
-        Calculator::PrecBox_Click(s_, index);
+        Calculator::Set_Places(s_, index);
         Refresh();
         Frame1_->setFocus();
     });
@@ -343,7 +347,7 @@ void CalculatorWindow::Build_Menus() {
         add(edit, "mnuCopyDigits", QStringLiteral("Copy &Display as Digits"), [this] { mnuCopyDigits_Click(); });
     add(edit, "mnuPaste", QStringLiteral("&Paste"), [this] {
         // The clock gives way to the paste, except on the angle page.
-        if (s_.TimeShown && SelectTab_->currentIndex() != 1) Calculator::key_Time_Click(s_);
+        if (s_.TimeShown && SelectTab_->currentIndex() != 1) Calculator::Toggle_Clock(s_);
         Press("xtract");
     });
     connect(edit, &QMenu::aboutToShow, this, [this] {
@@ -472,7 +476,7 @@ void CalculatorWindow::keyPressEvent(QKeyEvent* event) {
 // =====================================================================================
 
 void CalculatorWindow::key_Time_Click() {
-    if (!Calculator::key_Time_Click(s_)) return;  // off again, or an error shows
+    if (!Calculator::Toggle_Clock(s_)) return;  // off again, or an error shows
     auto scope = guard_.Enter();
     shell::ThrottledPump pump;
     int shownSecond = -1;
@@ -491,7 +495,7 @@ void CalculatorWindow::key_Time_Click() {
         pump();
         QThread::msleep(5);
     }
-    if (s_.TimeShown && !guard_.ClosePending()) Calculator::key_Time_Click(s_);  // hidden: the clock goes off
+    if (s_.TimeShown && !guard_.ClosePending()) Calculator::Toggle_Clock(s_);  // hidden: the clock goes off
 }
 
 // =====================================================================================
@@ -509,15 +513,16 @@ void CalculatorWindow::Refresh() {
     DispMode_Indicator_->setText(Q(s_.DispMode_Indicator));
 
     const QSignalBlocker block(PrecBox_);
-    DegButton_->setChecked(!s_.IsRadian && !s_.IsGradian);
-    RadButton_->setChecked(s_.IsRadian != 0);
-    GradButton_->setChecked(s_.IsGradian != 0);
-    StdButton_->setChecked(s_.StdButton != 0);
-    FxnButton_->setChecked(s_.FxnButton != 0);
-    ScnButton_->setChecked(s_.ScnButton != 0);
-    PrecBox_->setCurrentIndex(s_.PrecBoxIndex);
-    PrecBox_->setEnabled(s_.PrecBoxEnabled != 0);
-    PrecLab_->setEnabled(s_.PrecBoxEnabled != 0);
+    DegButton_->setChecked(s_.Angle == AngleMode::Degree);
+    RadButton_->setChecked(s_.Angle == AngleMode::Radian);
+    GradButton_->setChecked(s_.Angle == AngleMode::Gradian);
+    StdButton_->setChecked(s_.Mode == DisplayMode::Normal);
+    FxnButton_->setChecked(s_.Mode == DisplayMode::Fixed);
+    ScnButton_->setChecked(s_.Mode == DisplayMode::Scientific);
+    PrecBox_->setCurrentIndex(s_.Places);
+    // The places are chosen for fixed and scientific only.
+    PrecBox_->setEnabled(s_.Mode != DisplayMode::Normal);
+    PrecLab_->setEnabled(s_.Mode != DisplayMode::Normal);
 }
 
 // =====================================================================================
@@ -541,16 +546,16 @@ void CalculatorWindow::mnuCopyDigits_Click() {
 }
 
 void CalculatorWindow::mnuReadOut_Click() {
-    s_.ReadOutOn = s_.ReadOutOn ? 0 : -1;
-    mnuReadOut_->setChecked(s_.ReadOutOn != 0);
+    s_.ReadOutOn = !s_.ReadOutOn;
+    mnuReadOut_->setChecked(s_.ReadOutOn);
     settings::SaveSetting(settings::ProgramTitle(), kSection, kReadOutKey,
                           s_.ReadOutOn ? QStringLiteral("1") : QStringLiteral("0"));
     Say("");
 }
 
 void CalculatorWindow::mnuFile_Click() {
-    s_.ReadOutOn = settings::GetSettingInt(settings::ProgramTitle(), kSection, kReadOutKey, 0) != 0 ? -1 : 0;
-    mnuReadOut_->setChecked(s_.ReadOutOn != 0);
+    s_.ReadOutOn = settings::GetSettingInt(settings::ProgramTitle(), kSection, kReadOutKey, 0) != 0;
+    mnuReadOut_->setChecked(s_.ReadOutOn);
     const std::string name = "mnuFunct" + std::to_string(SelectTab_->currentIndex() + 1);
     if (QAction* a = findChild<QAction*>(QString::fromStdString(name))) a->setChecked(true);
 }
@@ -567,7 +572,7 @@ void CalculatorWindow::mnuMode_Click() {
     check("mnuSci", ScnButton_->isChecked());
 }
 
-void CalculatorWindow::Angle_Click(char mode) {
+void CalculatorWindow::Angle_Click(AngleMode mode) {
     Calculator::Set_Angle_Mode(s_, mode);
     Refresh();
     Frame1_->setFocus();
@@ -580,7 +585,7 @@ void CalculatorWindow::Stay_On_Top(bool on) {
 }
 
 void CalculatorWindow::closeEvent(QCloseEvent* event) {
-    s_.TimeShown = 0;  // a running clock ends with the window
+    s_.TimeShown = false;  // a running clock ends with the window
     if (guard_.DeferClose(event)) return;
     if (voice_) voice_->Speak(QString());
     CalculatorSettings::Save_CalcFiles(s_, this);

@@ -63,7 +63,7 @@ private:
     void mnuReadOut_Click();
     void mnuFile_Click();
     void mnuMode_Click();
-    void Angle_Click(char mode);
+    void Angle_Click(AngleMode mode);
     void Stay_On_Top(bool on);
 
     // ---- Windows of the other calculator forms -------------------------------

@@ -124,7 +124,7 @@ void RegistersWindow::ItemBox_ItemClick(QTreeWidgetItem* item) {
     if (row < 0) return;
     OKButton->setEnabled(true);
     previous_ = current_;
-    current_ = int16_t(row + 1);
+    current_ = row + 1;
 
     filling_ = true;
     if (action_ != RegisterAction::Recall && action_ != RegisterAction::Delete)
@@ -165,7 +165,7 @@ void RegistersWindow::OKButton_Click() {
     s_.RegisterText.clear();
     if (action_ == RegisterAction::Recall) {
         if (i < 0) return;
-        s_.RegisterChoice = int16_t(i);
+        s_.RegisterChoice = i;
         accept();
         return;
     }
@@ -187,7 +187,7 @@ void RegistersWindow::OKButton_Click() {
         return;
     }
     s_.RegisterText = prim::Trim(S(DescBox->text()));
-    s_.RegisterChoice = int16_t(i);
+    s_.RegisterChoice = i;
     accept();
 }
 

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QDialog>
-#include <cstdint>
 
 #include "calc/core/CalculatorState.h"
 
@@ -42,8 +41,8 @@ private:
 
     CalculatorState& s_;
     RegisterAction action_ = RegisterAction::In;
-    int16_t current_ = 0;   // list row (from 1) last clicked, 0 for none
-    int16_t previous_ = 0;  // the one clicked before it
+    int current_ = 0;       // list row (from 1) last clicked, 0 for none
+    int previous_ = 0;      // the one clicked before it
     bool filling_ = false;
 
     QLabel* Lab1 = nullptr;

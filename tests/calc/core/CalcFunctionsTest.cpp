@@ -55,13 +55,11 @@ TEST(CalcHelpers, SafePower) {
 TEST(CalcHelpers, AngleUnitsReduceBy360) {
     CalculatorState s;
     EXPECT_EQ(To_Unit(s, 400), 400);  // degrees are not reduced
-    s.IsDegree = 0;
-    s.IsRadian = -1;
+    s.Angle = AngleMode::Radian;
     EXPECT_NEAR(To_Unit(s, 540), kPi, 1e-15);
     EXPECT_NEAR(To_Degrees(s, kPi), 180, 1e-12);
     EXPECT_NEAR(To_Degrees(s, 360 + kPi), 180, 1e-12);  // 360 radians taken off, not 2 pi
-    s.IsRadian = 0;
-    s.IsGradian = -1;
+    s.Angle = AngleMode::Gradian;
     EXPECT_NEAR(To_Unit(s, 90), 100, 1e-12);
     EXPECT_NEAR(To_Degrees(s, 460), 90, 1e-12);
 }

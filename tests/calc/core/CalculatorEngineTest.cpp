@@ -228,12 +228,12 @@ TEST(CalcFunctionsKeys, WorkedExamples) {
 
 TEST(CalcFunctionsKeys, AngleModes) {
     RunCases({{"PI sin", "0.|"}, {"PI cos", "-1.|"}, {"3 6 0 sin", "0.|"}, {"1 iSin", "1.5707963267949|"}},
-             [](CalculatorState& s) { Calculator::Set_Angle_Mode(s, 'R'); });
+             [](CalculatorState& s) { Calculator::Set_Angle_Mode(s, AngleMode::Radian); });
     RunCases({{"1 0 0 tan", "*Out of Range*|"}, {"2 0 0 sin", "0.|"}, {"1 iSin", "100.|"}},
-             [](CalculatorState& s) { Calculator::Set_Angle_Mode(s, 'G'); });
+             [](CalculatorState& s) { Calculator::Set_Angle_Mode(s, AngleMode::Gradian); });
     CalculatorState s = Fresh();
     EXPECT_EQ(s.Mode_Indicator, "DEGREE");
-    Calculator::Set_Angle_Mode(s, 'G');
+    Calculator::Set_Angle_Mode(s, AngleMode::Gradian);
     EXPECT_EQ(s.Mode_Indicator, "GRADIAN");
     Press(s, "AC");
     EXPECT_EQ(s.Mode_Indicator, "GRADIAN");  // AC keeps the angle mode
@@ -292,8 +292,8 @@ TEST(CalculationView, ModesAndFormatting) {
     });
     auto fix = [](int n) {
         return [n](CalculatorState& s) {
-            Calculator::FxnButton_Click(s);
-            Calculator::PrecBox_Click(s, n);
+            Calculator::Set_Display_Mode(s, DisplayMode::Fixed);
+            Calculator::Set_Places(s, n);
         };
     };
     CalculatorState s = Fresh();
@@ -302,10 +302,10 @@ TEST(CalculationView, ModesAndFormatting) {
     EXPECT_EQ(Shown(s), "3.14|");
     EXPECT_EQ(s.DisplayValue.number, 3.14159);  // X keeps its value
     EXPECT_EQ(s.DispMode_Indicator, "FIX");
-    Calculator::StdButton_Click(s);
+    Calculator::Set_Display_Mode(s, DisplayMode::Normal);
     EXPECT_EQ(Shown(s), "3.14159|");
     EXPECT_EQ(s.DispMode_Indicator, "NORM");
-    Calculator::FxnButton_Click(s);  // FIX comes back with its last precision
+    Calculator::Set_Display_Mode(s, DisplayMode::Fixed);  // FIX comes back with its last precision
     EXPECT_EQ(Shown(s), "3.14|");
 
     CalculatorState f = Fresh();
@@ -323,8 +323,8 @@ TEST(CalculationView, ModesAndFormatting) {
 
     CalculatorState c = Fresh();
     Press(c, "1 2 3 4");
-    Calculator::ScnButton_Click(c);
-    Calculator::PrecBox_Click(c, 3);
+    Calculator::Set_Display_Mode(c, DisplayMode::Scientific);
+    Calculator::Set_Places(c, 3);
     EXPECT_EQ(Shown(c), "1.234| 03");
     EXPECT_EQ(c.DispMode_Indicator, "SCI");
     Press(c, "+ 1 =");
@@ -370,7 +370,7 @@ TEST(CalculationView, PasteAndMemory) {
 TEST(CalculationView, ClockSwallowsTheNextKey) {
     CalculatorState s = Fresh();
     Press(s, "4 2");
-    EXPECT_TRUE(Calculator::key_Time_Click(s));
+    EXPECT_TRUE(Calculator::Toggle_Clock(s));
     Calculator::Show_Clock(s, 2026, 11, 23, 1, 21, 5, 7);
     EXPECT_EQ(s.DateBox, "MONDAY NOV 23, 2026");
     EXPECT_EQ(s.DisplayBox, "09:05:07 PM");
@@ -525,7 +525,7 @@ TEST(CalcSpeech, WordsResultsAndSilence) {
     s.Speak = [&](const std::string& w) { said.push_back(w); };
     Press(s, "5 sqrt");
     EXPECT_TRUE(said.empty());  // speech off
-    s.ReadOutOn = -1;
+    s.ReadOutOn = true;
     Press(s, "AC 2 * 3 =");
     EXPECT_EQ(said, (std::vector<std::string>{"", "2", "times", "3", "= 6"}));
     said.clear();
@@ -580,7 +580,7 @@ TEST(CalcState, ReopenKeepsTheNumberAndOperatorMarks) {
     Press(s, "5 + + 1 / 0 =");
     Calculator::Initial_Routine(s);  // a locked calculator comes back cleared
     EXPECT_EQ(Shown(s), "0.|");
-    EXPECT_EQ(s.ErrorLock, 0);
+    EXPECT_FALSE(s.ErrorLock);
     EXPECT_FALSE(Calculator::Press_Key(s, "bogus"));
 }
 
@@ -608,7 +608,7 @@ TEST(CalcEngine, RandomKeySequencesKeepADisplay) {
             ASSERT_TRUE(Calculator::Press_Key(s, key));
             ASSERT_FALSE(s.DisplayBox.empty()) << trail;
             bool error = s.DisplayBox.front() == '*';
-            EXPECT_EQ(error, s.ErrorLock != 0) << trail;
+            EXPECT_EQ(error, s.ErrorLock) << trail;
             if (!error) {
                 EXPECT_EQ(s.DisplayBox.find("Inf"), std::string::npos) << trail;
                 EXPECT_EQ(s.DisplayBox.find("NaN"), std::string::npos) << trail;

@@ -21,7 +21,7 @@ TEST(CalcSilent, NoEngineMeansNoSpeechAndNoMarking) {
 
     CalculatorState s;
     Calculator::Initial_Routine(s);
-    s.ReadOutOn = -1;
+    s.ReadOutOn = true;
     Voice voice;
     QSignalSpy words(&voice, &Voice::Word);
     int said = 0;

@@ -54,11 +54,11 @@ TEST_F(CalcSettingsTest, ReadOutMenuTogglesStoresAndCutsOff) {
     Voice voice;
     CalculatorState s;
     EXPECT_TRUE(CalculatorSettings::mnuReadOut_Click(s, &voice));
-    EXPECT_EQ(s.ReadOutOn, -1);
+    EXPECT_TRUE(s.ReadOutOn);
     EXPECT_EQ(settings::GetSetting(settings::ProgramTitle(), "SciCalcSetting", "CalcReadOutLoud"), "1");
     EXPECT_TRUE(CalculatorSettings::ReadOutLoud());
     EXPECT_FALSE(CalculatorSettings::mnuReadOut_Click(s, &voice));
-    EXPECT_EQ(s.ReadOutOn, 0);
+    EXPECT_FALSE(s.ReadOutOn);
     EXPECT_EQ(settings::GetSetting(settings::ProgramTitle(), "SciCalcSetting", "CalcReadOutLoud"), "0");
     EXPECT_EQ(voice.Speaking(), "");
 }

@@ -223,7 +223,7 @@ TEST_F(CalcWindow, ClosingDuringTheClockEndsItCleanly) {
     QPointer<CalculatorWindow> w(frm_.get());
     QTimer::singleShot(100, [&] { w->close(); });
     Click({"time"});
-    EXPECT_EQ(state_.TimeShown, 0);
+    EXPECT_FALSE(state_.TimeShown);
     ASSERT_FALSE(w.isNull());
     EXPECT_FALSE(w->isVisible());
 }
@@ -232,7 +232,7 @@ TEST_F(CalcWindow, HidingTheWindowEndsTheClock) {
     Click({"4"});
     QTimer::singleShot(100, [&] { frm_->hide(); });
     frm_->Press("time");
-    EXPECT_EQ(state_.TimeShown, 0);
+    EXPECT_FALSE(state_.TimeShown);
     EXPECT_EQ(Shown(), "4.|");
 }
 
@@ -282,13 +282,13 @@ TEST_F(CalcWindow, RegisterKeysTakeTheWindowOffTheTop) {
 
 TEST_F(CalcWindow, ReadOutSettingIsKeptWhenToggled) {
     Menu("mnuReadOut")->trigger();
-    EXPECT_EQ(state_.ReadOutOn, -1);
+    EXPECT_TRUE(state_.ReadOutOn);
     frm_.reset();
-    state_.ReadOutOn = 0;
+    state_.ReadOutOn = false;
     Open();
-    EXPECT_EQ(state_.ReadOutOn, -1);
+    EXPECT_TRUE(state_.ReadOutOn);
     Menu("mnuReadOut")->trigger();
-    EXPECT_EQ(state_.ReadOutOn, 0);
+    EXPECT_FALSE(state_.ReadOutOn);
 }
 
 TEST(CalcProgram, HelpNamesTheCalculatorOptionWhichStartsTheCalculatorAlone) {

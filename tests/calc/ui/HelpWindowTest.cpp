@@ -46,7 +46,7 @@ TEST(CalcVoice, KeySequenceIsSpokenWordByWord) {
     Voice voice;
     CalculatorState s;
     Calculator::Initial_Routine(s);
-    s.ReadOutOn = -1;
+    s.ReadOutOn = true;
     std::vector<Heard> heard;
     QObject::connect(&voice, &Voice::Word,
                      [&](int pos, int len) { heard.back().words << voice.Speaking().mid(pos, len); });
@@ -143,7 +143,7 @@ TEST_F(HelpWindowTest, ListsTheTopicsAndShowsTheChosenText) {
 
 TEST_F(HelpWindowTest, SpokenWordsAreMarkedInThePane) {
     if (!MemoryVoice()) GTEST_SKIP() << "no speech engine";
-    s_.ReadOutOn = -1;
+    s_.ReadOutOn = true;
     Voice* voice = frm_->HelpVoice();
     std::string title, text;
     CalcHelp::Fill_Help(6, title, text);
@@ -179,7 +179,7 @@ TEST_F(HelpWindowTest, SpokenWordsAreMarkedInThePane) {
 
 TEST_F(HelpWindowTest, AnotherTopicStartsAtOnceOverTheLast) {
     if (!MemoryVoice()) GTEST_SKIP() << "no speech engine";
-    s_.ReadOutOn = -1;
+    s_.ReadOutOn = true;
     Voice* voice = frm_->HelpVoice();
     QSignalSpy finished(voice, &Voice::Finished);
     QSignalSpy words(voice, &Voice::Word);
@@ -204,7 +204,7 @@ TEST_F(HelpWindowTest, ReadOutOffSaysNothing) {
 
 TEST_F(HelpWindowTest, ClosingCutsTheVoiceOff) {
     if (!MemoryVoice()) GTEST_SKIP() << "no speech engine";
-    s_.ReadOutOn = -1;
+    s_.ReadOutOn = true;
     ClickTopic(2);
     EXPECT_FALSE(frm_->HelpVoice()->Speaking().isEmpty());
     frm_->close();
