@@ -4,17 +4,16 @@
 // its spoken word). All state is in the CalculatorState passed in.
 //
 // This header declares the whole engine; the code is split by concern:
-// CalcKeys (key table, Press_Key, keyboard, speech), CalcEntry (dispatch and
-// operand entry), CalcOperators (priority evaluation), CalculationView (display,
-// modes, clock), CalcFractions (fractions, sexagesimal), CalcValueKeys
-// (functions, conversions, pi, random, paste), CalcMemory (memory, registers,
-// statistics data).
+// KeyTable (the keys, Press_Key, keyboard, speech), OperandEntry (dispatch and
+// operand entry), Operators (priority evaluation), DisplayFormat (display,
+// modes, clock), Fractions (fractions, sexagesimal), ValueKeys (functions,
+// conversions, pi, random, paste), Memory (memory, registers, statistics data).
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "calc/core/CalcKeys.h"
+#include "calc/core/KeyTable.h"
 #include "calc/core/CalculatorState.h"
 #include "shell/core/Variant.h"
 

@@ -85,18 +85,18 @@ void HelpWindow::Form_Load() {
     voice_ = new Voice(this);
     connect(voice_, &Voice::Word, this, &HelpWindow::Voice_Word);
     MenuBox->clear();
-    for (int i = 1; i <= CalcHelp::kHelpIndexCount; ++i) {
+    for (int i = 1; i <= HelpTopics::kHelpIndexCount; ++i) {
         std::string title, text;
-        CalcHelp::Fill_Help(i, title, text);
+        HelpTopics::Fill_Help(i, title, text);
         if (!prim::Trim(title).empty()) MenuBox->addItem(Q(title));
     }
-    MenuBox->addItem(CalcHelp::kAuthorItem);
+    MenuBox->addItem(HelpTopics::kAuthorItem);
 }
 
 void HelpWindow::MenuBox_Click(int row) {
     if (row < 0) return;
     std::string title, text;
-    CalcHelp::Fill_Help(row + 1, title, text);
+    HelpTopics::Fill_Help(row + 1, title, text);
     // One character a line break, as the pane counts them.
     HBox->setPlainText(Q(prim::Replace(text, "\r\n", "\n")));
     QTextCursor c = HBox->textCursor();
@@ -104,7 +104,7 @@ void HelpWindow::MenuBox_Click(int row) {
     HBox->setTextCursor(c);
 
     titleLength_ = Q(title).size();
-    if (s_.ReadOutOn) voice_->Speak(Q(CalcHelp::Spoken_Topic(title, text)));
+    if (s_.ReadOutOn) voice_->Speak(Q(HelpTopics::Spoken_Topic(title, text)));
 
     const bool author = row == MenuBox->count() - 1;
     HBox->setVisible(!author);
@@ -112,7 +112,7 @@ void HelpWindow::MenuBox_Click(int row) {
 }
 
 void HelpWindow::Voice_Word(int characterPosition, int length) {
-    const auto mark = CalcHelp::Word_Mark(characterPosition, length, titleLength_);
+    const auto mark = HelpTopics::Word_Mark(characterPosition, length, titleLength_);
     if (!mark) return;
     const int end = HBox->document()->characterCount() - 1;
     const int start = std::min(mark->Start, end);

@@ -4,7 +4,7 @@
 
 #include "calc/core/HelpTopics.h"
 
-using namespace CalcHelp;
+using namespace HelpTopics;
 
 namespace {
 

@@ -146,8 +146,8 @@ TEST_F(HelpWindowTest, SpokenWordsAreMarkedInThePane) {
     s_.ReadOutOn = true;
     Voice* voice = frm_->HelpVoice();
     std::string title, text;
-    CalcHelp::Fill_Help(6, title, text);
-    const QString spoken = Q(CalcHelp::Spoken_Topic(title, text));
+    HelpTopics::Fill_Help(6, title, text);
+    const QString spoken = Q(HelpTopics::Spoken_Topic(title, text));
     // Up to the first sign the voice is given in words, pane and voice agree.
     const QString shown = Q(text);
     const QString words = spoken.mid(int(title.size()) + 6);
@@ -187,8 +187,8 @@ TEST_F(HelpWindowTest, AnotherTopicStartsAtOnceOverTheLast) {
     ASSERT_TRUE(words.wait(10000));
     ClickTopic(4);
     std::string title, text;
-    CalcHelp::Fill_Help(5, title, text);
-    EXPECT_EQ(voice->Speaking(), Q(CalcHelp::Spoken_Topic(title, text)));
+    HelpTopics::Fill_Help(5, title, text);
+    EXPECT_EQ(voice->Speaking(), Q(HelpTopics::Spoken_Topic(title, text)));
     ASSERT_TRUE(WaitFinished(finished, 1));
     QTest::qWait(100);
     EXPECT_EQ(finished.count(), 1);  // the first topic was cut off

@@ -6,7 +6,7 @@
 
 #include "calc/core/CalculatorState.h"
 
-namespace CalcFunctions {
+namespace Calculator::Functions {
 
 // The value of pi used all through the program.
 constexpr double kPi = 3.14159265358979;
@@ -50,4 +50,4 @@ double Greatest_Divisor(double a, double b);
 // first place.
 void Find_Repeat(double x, int& k, std::string& pattern);
 
-}  // namespace CalcFunctions
+}  // namespace Calculator::Functions

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <cmath>
 
-#include "calc/core/CalcFunctions.h"
+#include "calc/core/Functions.h"
 #include "calc/core/EngineInternal.h"
 
 namespace Calculator {
@@ -14,16 +14,16 @@ using namespace prim;
 void detail::Function_Key(CalculatorState& s, const std::string& token) {
     Prepare(s);
     if (s.ErrorLock) return;  // a fraction that failed to commit already shows its error
-    auto r = CalcFunctions::Evaluate_Function(s, token, X(s));
+    auto r = Functions::Evaluate_Function(s, token, X(s));
     switch (r.kind) {
-        case CalcFunctions::FunctionResult::Kind::Value:
+        case Functions::FunctionResult::Kind::Value:
             Show_Result(s, r.value);
             break;
-        case CalcFunctions::FunctionResult::Kind::Error:
+        case Functions::FunctionResult::Kind::Error:
             s.KeyToken = "Error";
             s.ErrorWord = r.word.empty() ? Variant() : Variant(r.word);
             break;
-        case CalcFunctions::FunctionResult::Kind::NoChange:
+        case Functions::FunctionResult::Kind::NoChange:
             return;
     }
     s.EntryText.clear();
@@ -42,7 +42,7 @@ void detail::Swap_Key(CalculatorState& s, const std::string&) {
 
 void detail::Finish_Polar(CalculatorState& s) {
     if (!s.PolarPending) return;
-    double a = CalcFunctions::To_Degrees(s, X(s)) / (180 / CalcFunctions::kPi);
+    double a = Functions::To_Degrees(s, X(s)) / (180 / Functions::kPi);
     double r = Num(s.PolarRadius);
     if (!Empty(s.RunningTotal))
         s.SecondValue = Variant(0.0);
@@ -67,7 +67,7 @@ void detail::Finish_Rect(CalculatorState& s) {
             Show_Error(s);
             return;
         }
-        s.SecondValue = Variant(CalcFunctions::To_Unit(s, std::atan(y / x) * 180 / CalcFunctions::kPi));
+        s.SecondValue = Variant(Functions::To_Unit(s, std::atan(y / x) * 180 / Functions::kPi));
     }
     s.RectX = Variant(std::pow(x * x + y * y, 0.5));
     s.EntryText = Text(s.RectX);
@@ -96,7 +96,7 @@ void detail::Rect_Key(CalculatorState& s, const std::string&) {
 
 void detail::Pi_Key(CalculatorState& s, const std::string&) {
     if (s.ExpMode) return;
-    Show_Result(s, CalcFunctions::kPi);
+    Show_Result(s, Functions::kPi);
     s.EntryText.clear();
 }
 

@@ -1,11 +1,11 @@
-#include "calc/core/CalcFunctions.h"
+#include "calc/core/Functions.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "shell/core/Primitives.h"
 
-namespace CalcFunctions {
+namespace Calculator::Functions {
 
 using prim::Fix;
 using prim::Format;
@@ -268,4 +268,4 @@ void Find_Repeat(double x, int& k, std::string& pattern) {
     }
 }
 
-}  // namespace CalcFunctions
+}  // namespace Calculator::Functions

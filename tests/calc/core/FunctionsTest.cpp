@@ -3,12 +3,12 @@
 
 #include <cmath>
 
-#include "calc/core/CalcFunctions.h"
+#include "calc/core/Functions.h"
 #include "calc/core/CalculatorState.h"
 
 namespace {
 
-using namespace CalcFunctions;
+using namespace Calculator::Functions;
 
 TEST(CalcHelpers, NearWholeSnapsOnlyNinesFractions) {
     EXPECT_EQ(Near_Whole(2.99999999999999), 3);

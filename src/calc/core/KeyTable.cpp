@@ -1,6 +1,6 @@
 // The key table and the window-level key procedures that read it: Press_Key
 // (operator mark, dispatch, spoken word), the keyboard and the key speech.
-#include "calc/core/CalcKeys.h"
+#include "calc/core/KeyTable.h"
 
 #include <array>
 
