@@ -25,12 +25,6 @@ namespace Calculator {
 bool Press_Key(CalculatorState& s, const std::string& token);
 bool Is_Key_Token(const std::string& token);
 
-// Keyboard: a key code (the classic virtual-key numbering: 48-57 digits, 96-105
-// keypad digits, 112-115 F1-F4, ...) and the modifier state (0 none, 1 Shift)
-// to the token of the key it acts as (the bindings of Key_Table); "tab0" to
-// "tab3" for the key pad pages; "" when the key does nothing.
-std::string Keyboard_Token(int keyCode, int shift);
-
 // The first load of the window (settings and files are the window's part):
 // K indicator, redisplay or AC, angle and display mode indicators, M indicator.
 void Initial_Routine(CalculatorState& s);

@@ -420,55 +420,53 @@ void CalculatorWindow::Key_Click(const Calculator::KeyDef& key) {
     Frame1_->setFocus();
 }
 
-CalculatorWindow::ClassicKey CalculatorWindow::Classic_Key(int qtKey, Qt::KeyboardModifiers modifiers) {
+CalculatorWindow::KeyStroke CalculatorWindow::Keyboard_Of(int qtKey, Qt::KeyboardModifiers modifiers) {
+    using Calculator::Keyboard;
     const bool keypad = modifiers.testFlag(Qt::KeypadModifier);
     const Qt::KeyboardModifiers rest = modifiers & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-    int shift = rest != Qt::NoModifier ? 2 : modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0;
-    if (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9) return {(keypad ? 96 : 48) + (qtKey - Qt::Key_0), shift};
+    const Calculator::Modifiers held = rest != Qt::NoModifier                  ? Calculator::Modifiers::Other
+                                       : modifiers.testFlag(Qt::ShiftModifier) ? Calculator::Modifiers::Shift
+                                                                               : Calculator::Modifiers::None;
+    if (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9) {
+        const int d = qtKey - Qt::Key_0;
+        return {keypad ? Calculator::Keypad_Digit(d) : Calculator::Row_Digit(d), held};
+    }
     // Characters that share a key with a digit arrive as their own Qt keys;
     // they are the digit key with Shift.
-    struct Shifted {
-        int qt;
-        int code;
-    };
-    static const Shifted kShifted[] = {{Qt::Key_ParenRight, 48}, {Qt::Key_Exclam, 49},    {Qt::Key_At, 50},
-                                       {Qt::Key_NumberSign, 51}, {Qt::Key_Dollar, 52},    {Qt::Key_Percent, 53},
-                                       {Qt::Key_AsciiCircum, 54}, {Qt::Key_Ampersand, 55}, {Qt::Key_ParenLeft, 57},
-                                       {Qt::Key_Underscore, 189}};
-    for (const Shifted& k : kShifted)
-        if (qtKey == k.qt) return {k.code, rest != Qt::NoModifier ? 2 : 1};
-    switch (qtKey) {
-        case Qt::Key_Asterisk: return keypad ? ClassicKey{106, shift} : ClassicKey{56, 1};
-        case Qt::Key_Plus: return {keypad ? 107 : 43, shift};
-        case Qt::Key_Minus: return {keypad ? 109 : 189, shift};
-        case Qt::Key_Slash: return {keypad ? 111 : 191, shift};
-        case Qt::Key_Period: return {keypad ? 110 : 190, shift};
-        case Qt::Key_Equal: return {187, shift};
-        case Qt::Key_Return: return {13, shift};
-        case Qt::Key_Enter: return {108, shift};
-        case Qt::Key_Delete: return {46, shift};
-        case Qt::Key_Backspace: return {8, shift};
-        case Qt::Key_Escape: return {27, shift};
-        case Qt::Key_Up: return {38, shift};
-        default: break;
-    }
-    if (qtKey >= Qt::Key_F1 && qtKey <= Qt::Key_F12) return {112 + (qtKey - Qt::Key_F1), shift};
+    static const std::pair<int, int> kShifted[] = {
+        {Qt::Key_ParenRight, 0},  {Qt::Key_Exclam, 1},    {Qt::Key_At, 2},
+        {Qt::Key_NumberSign, 3},  {Qt::Key_Dollar, 4},    {Qt::Key_Percent, 5},
+        {Qt::Key_AsciiCircum, 6}, {Qt::Key_Ampersand, 7}, {Qt::Key_ParenLeft, 9}};
+    for (const auto& [qt, digit] : kShifted)
+        if (qtKey == qt)
+            return {Calculator::Row_Digit(digit),
+                    held == Calculator::Modifiers::Other ? held : Calculator::Modifiers::Shift};
+    // clang-format off
+    static const std::pair<int, Keyboard> kKeys[] = {
+        {Qt::Key_Asterisk, Keyboard::Asterisk}, {Qt::Key_Plus, Keyboard::Plus},     {Qt::Key_Slash, Keyboard::Slash},
+        {Qt::Key_Period, Keyboard::Point},      {Qt::Key_Equal, Keyboard::Equal},   {Qt::Key_Return, Keyboard::Enter},
+        {Qt::Key_Enter, Keyboard::Enter},       {Qt::Key_Delete, Keyboard::Delete}, {Qt::Key_Backspace, Keyboard::Backspace},
+        {Qt::Key_Escape, Keyboard::Escape},     {Qt::Key_Up, Keyboard::Up},         {Qt::Key_F1, Keyboard::F1},
+        {Qt::Key_F2, Keyboard::F2},             {Qt::Key_F3, Keyboard::F3},         {Qt::Key_F4, Keyboard::F4},
+        {Qt::Key_F8, Keyboard::F8},             {Qt::Key_F9, Keyboard::F9}};
+    // clang-format on
+    if (qtKey == Qt::Key_Minus) return {keypad ? Keyboard::KeypadMinus : Keyboard::Minus, held};
+    for (const auto& [qt, key] : kKeys)
+        if (qtKey == qt) return {key, held};
     return {};
 }
 
 void CalculatorWindow::keyPressEvent(QKeyEvent* event) {
-    ClassicKey k = Classic_Key(event->key(), event->modifiers());
-    std::string token = Calculator::Keyboard_Token(k.code, k.shift);
-    if (token.empty()) {
+    const KeyStroke k = Keyboard_Of(event->key(), event->modifiers());
+    if (const int page = Calculator::Keyboard_Page(k.key); page >= 0) {
+        event->accept();
+        SelectTab_->setCurrentIndex(page);
+    } else if (const Calculator::KeyDef* key = Calculator::Keyboard_Key(k.key, k.modifiers)) {
+        event->accept();
+        Key_Click(*key);
+    } else {
         QMainWindow::keyPressEvent(event);
-        return;
     }
-    event->accept();
-    if (token.rfind("tab", 0) == 0) {
-        SelectTab_->setCurrentIndex(token[3] - '0');
-        return;
-    }
-    Press(token);
 }
 
 // =====================================================================================

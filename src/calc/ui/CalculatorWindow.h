@@ -8,6 +8,7 @@
 #include <string>
 
 #include "calc/core/CalculatorState.h"
+#include "calc/core/KeyTable.h"
 #include "shell/ui/RunPump.h"
 
 class QAction;
@@ -18,10 +19,6 @@ class QLineEdit;
 class QRadioButton;
 class QTabWidget;
 
-namespace Calculator {
-struct KeyDef;
-}
-
 class Voice;
 
 class CalculatorWindow : public QMainWindow {
@@ -30,13 +27,12 @@ public:
     explicit CalculatorWindow(CalculatorState& state, QWidget* parent = nullptr);
     ~CalculatorWindow() override;
 
-    // The classic key code and modifier state (0 none, 1 Shift, 2 other) of a
-    // Qt key press, as the key table's keyboard bindings number them.
-    struct ClassicKey {
-        int code = 0;
-        int shift = 0;
+    // A Qt key press as the calculator's keyboard key and modifiers.
+    struct KeyStroke {
+        Calculator::Keyboard key = Calculator::Keyboard::None;
+        Calculator::Modifiers modifiers = Calculator::Modifiers::None;
     };
-    static ClassicKey Classic_Key(int qtKey, Qt::KeyboardModifiers modifiers);
+    static KeyStroke Keyboard_Of(int qtKey, Qt::KeyboardModifiers modifiers);
 
     // Presses the key with this token as its button would.
     void Press(const std::string& token);

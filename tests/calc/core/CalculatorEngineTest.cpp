@@ -547,19 +547,55 @@ TEST(CalcSpeech, WordsResultsAndSilence) {
     EXPECT_EQ(said.back(), "Error :::: ");
 }
 
-TEST(CalcKeyboard, KeyCodesToTokens) {
+TEST(CalcKeyboard, KeysToTokens) {
+    using B = Calculator::Keyboard;
+    using M = Calculator::Modifiers;
     struct K {
-        int code, shift;
+        B key;
+        M held;
         const char* token;
     };
     const K table[] = {
-        {48, 0, "0"},  {49, 0, "1"},  {49, 1, ""},   {51, 1, "3"},    {52, 2, "4"},   {54, 1, "exp"}, {54, 0, "6"},
-        {56, 1, "*"},  {56, 0, "8"},  {57, 1, ""},   {96, 0, "0"},    {105, 1, "9"},  {110, 0, "dot"}, {190, 0, "dot"},
-        {46, 0, "AC"}, {8, 0, "ers"}, {27, 0, "C"},  {13, 0, "="},    {108, 0, "="},  {187, 0, "="},  {187, 1, "+"},
-        {43, 0, "+"},  {107, 0, "+"}, {191, 0, "/"}, {111, 0, "/"},   {106, 0, "*"},  {109, 0, "-"},  {189, 0, "-"},
-        {189, 1, ""},  {119, 0, "exp"}, {120, 0, "PI"}, {112, 0, "tab0"}, {115, 0, "tab3"}, {38, 0, "xy"}, {65, 0, ""},
+        {B::Digit0, M::None, "0"},
+        {B::Digit1, M::None, "1"},
+        {B::Digit1, M::Shift, ""},
+        {B::Digit3, M::Shift, "3"},
+        {B::Digit4, M::Other, "4"},
+        {B::Digit6, M::Shift, "exp"},
+        {B::Digit6, M::None, "6"},
+        {B::Digit6, M::Other, "6"},
+        {B::Digit8, M::Shift, "*"},
+        {B::Digit8, M::None, "8"},
+        {B::Digit9, M::Shift, ""},
+        {B::Keypad0, M::None, "0"},
+        {B::Keypad9, M::Shift, "9"},
+        {B::Point, M::None, "dot"},
+        {B::Delete, M::None, "AC"},
+        {B::Backspace, M::None, "ers"},
+        {B::Escape, M::None, "C"},
+        {B::Enter, M::Other, "="},
+        {B::Equal, M::None, "="},
+        {B::Equal, M::Other, "="},
+        {B::Equal, M::Shift, "+"},
+        {B::Plus, M::Shift, "+"},
+        {B::Slash, M::None, "/"},
+        {B::Asterisk, M::Other, "*"},
+        {B::KeypadMinus, M::Other, "-"},
+        {B::Minus, M::None, "-"},
+        {B::Minus, M::Shift, ""},
+        {B::F8, M::None, "exp"},
+        {B::F9, M::None, "PI"},
+        {B::Up, M::None, "xy"},
+        {B::F1, M::None, ""},
+        {B::None, M::None, ""},
     };
-    for (const auto& k : table) EXPECT_EQ(Calculator::Keyboard_Token(k.code, k.shift), k.token) << k.code;
+    for (const auto& k : table) {
+        const Calculator::KeyDef* key = Calculator::Keyboard_Key(k.key, k.held);
+        EXPECT_EQ(key ? key->token : "", std::string(k.token)) << int(k.key) << " " << int(k.held);
+    }
+    EXPECT_EQ(Calculator::Keyboard_Page(B::F1), 0);
+    EXPECT_EQ(Calculator::Keyboard_Page(B::F4), 3);
+    EXPECT_EQ(Calculator::Keyboard_Page(B::F8), -1);
     CalculatorState s = Fresh();
     EXPECT_FALSE(Calculator::Press_Key(s, "tab0"));  // pages are the window's business
 }
