@@ -111,9 +111,9 @@ int RunCalc(const cli::Parsed& p) {
             return cli::UsageError("unknown calculator key " + cli::Quote(arg) + " (see ferrolith-cli calc --keys)");
     }
     if (p.format != cli::Format::Text)
-        cli::WriteRows(p, {{{"display", cli::Txt(s.DisplayBox)}, {"exponent", cli::Txt(s.ExpoBox)}}});
+        cli::WriteRows(p, {{{"display", cli::Txt(s.Shown.Number)}, {"exponent", cli::Txt(s.Shown.Exponent)}}});
     else
-        std::cout << s.DisplayBox << "|" << s.ExpoBox << "\n";
+        std::cout << s.Shown.Number << "|" << s.Shown.Exponent << "\n";
     return 0;
 }
 

@@ -63,7 +63,7 @@ struct CalculatorState {
     // ---- Display modes ------------------------------------------------------
     Variant FixDigits, SciDigits, SavedFixDigits, SavedSciDigits;
     DisplayMode Mode = DisplayMode::Normal;
-    int Places = -1;                // places chosen for Fixed or Scientific, 0 to 14; -1: none
+    int Places = -1;                // places chosen for fixed or scientific, 0 to 14; -1: none
 
     // ---- Memory, data, angle mode ----------------------------------------------
     double MemoryValue = 0.0;
@@ -84,15 +84,23 @@ struct CalculatorState {
     bool TimeShown = false;         // the clock is on the display
     bool ReadOutOn = false;         // keys and results are spoken
 
-    // ---- Form-level values of the main window ------------------------------------
+    // ---- Sexagesimal and fraction keys ---------------------------------------------
     double SexaAccumulator = 0.0;   // running value of the "sexa" key
     int FractionStep = 0;           // step of the decimal/fraction key (1 mixed, 2 improper)
     std::string ImproperText;       // improper form left by Fraction_Value
 
-    // ---- What the window's labels show ------------------------------------------
-    std::string DisplayBox, ExpoBox, DateBox, OperatorIndicator, CCalc_Indicator, Mem_Indicator;
-    std::string Mode_Indicator = "DEGREE";
-    std::string DispMode_Indicator = "NORM";
+    // ---- What the window's labels show (their objectNames behind) ------------------
+    struct Readout {
+        std::string Number;                // DisplayBox: the number with its point, an error or the time
+        std::string Exponent;              // ExpoBox: " 03", "-20", or blank
+        std::string Date;                  // DateBox: the date line of the clock
+        std::string OperatorMark;          // OperatorIndicator: "+", "-", "x", "÷", "^" or blank
+        std::string ConstantMark;          // CCalc_Indicator: "K" while a constant calculation is armed
+        std::string MemoryMark;            // Mem_Indicator: "MEM" while M holds a number
+        std::string AngleName = "DEGREE";  // Mode_Indicator: "DEGREE", "RADIAN", "GRADIAN"
+        std::string ModeName = "NORM";     // DispMode_Indicator: "NORM", "FIX", "SCI"
+    };
+    Readout Shown;
 
     // ---- Hooks to the platform (all optional) ---------------------------------------
     // Speech: receives the words to say; an empty text cuts off what is being said.

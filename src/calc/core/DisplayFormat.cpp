@@ -48,14 +48,14 @@ void Show_Split(CalculatorState& s, const std::string& t, bool removeBlanks) {
     std::string mark = Has(t, '+') ? " " : "-";
     std::string d = Right(t, 2);
     if (!Has(m, '.')) m += ".";
-    s.DisplayBox = m;
-    s.ExpoBox = mark + d;
+    s.Shown.Number = m;
+    s.Shown.Exponent = mark + d;
 }
 
 }  // namespace
 
 void Show_Value(CalculatorState& s, const Variant& valueArg, const std::string& textArg) {
-    s.DateBox.clear();
+    s.Shown.Date.clear();
     s.TimeShown = false;
     std::string t;
     if (!textArg.empty()) {
@@ -72,7 +72,7 @@ void Show_Value(CalculatorState& s, const Variant& valueArg, const std::string& 
             t = Limit_Digits(PlainText(v));
     }
     t = Check_Length(t);
-    s.ExpoBox.clear();
+    s.Shown.Exponent.clear();
     s.DisplayValue = Variant(!Empty(valueArg) ? Num(valueArg) : Val(textArg));
     s.DisplayText = !textArg.empty() ? Variant(textArg) : valueArg;
     if (EPos(t) != std::string::npos) {
@@ -80,11 +80,11 @@ void Show_Value(CalculatorState& s, const Variant& valueArg, const std::string& 
         return;
     }
     if (!Has(t, '.')) t += ".";
-    s.DisplayBox = t;
+    s.Shown.Number = t;
 }
 
 void Show_Exponent(CalculatorState& s, const std::string& text, const Variant& valueArg) {
-    s.ExpoBox.clear();
+    s.Shown.Exponent.clear();
     s.DisplayValue = Variant(!Empty(valueArg) ? Num(valueArg) : Val(text));
     s.DisplayText = !text.empty() ? Variant(text) : valueArg;
     if (EPos(text) != std::string::npos) Show_Split(s, text, true);
@@ -96,8 +96,8 @@ void Show_Error(CalculatorState& s) {
     Speak_Text(s, "Error :::: " + word);
     s.ErrorLock = true;
     s.ErrorWord = Variant();
-    s.ExpoBox.clear();
-    s.DisplayBox = t;
+    s.Shown.Exponent.clear();
+    s.Shown.Number = t;
 }
 
 std::string Limit_Digits(const std::string& s) {
@@ -220,10 +220,10 @@ std::string Copy_Text(const CalculatorState& s) { return PlainText(X(s)); }
 
 std::string Display_Digits(const CalculatorState& s) {
     if (s.ErrorLock || s.TimeShown) return "";
-    std::string m = Trim(s.DisplayBox);
+    std::string m = Trim(s.Shown.Number);
     if (!IsNumeric(m)) return Copy_Text(s);
     if (!m.empty() && m.back() == '.') m.pop_back();
-    std::string e = Trim(s.ExpoBox);
+    std::string e = Trim(s.Shown.Exponent);
     if (e.empty()) return m;
     return m + "E" + (e[0] == '-' ? e : "+" + e);
 }
@@ -235,16 +235,16 @@ std::string Display_Digits(const CalculatorState& s) {
 void detail::Clock_Off(CalculatorState& s) {
     if (!s.TimeShown) return;
     s.TimeShown = false;
-    s.ExpoBox.clear();
-    s.DateBox.clear();
+    s.Shown.Exponent.clear();
+    s.Shown.Date.clear();
     Show_Value(s, s.DisplayValue, "");
 }
 
 bool Toggle_Clock(CalculatorState& s) {
     if (s.ErrorLock) return false;
     s.TimeShown = !s.TimeShown;
-    s.ExpoBox.clear();
-    s.DateBox.clear();
+    s.Shown.Exponent.clear();
+    s.Shown.Date.clear();
     if (!s.TimeShown) Show_Value(s, s.DisplayValue, "");
     return s.TimeShown;
 }
@@ -253,11 +253,11 @@ void Show_Clock(CalculatorState& s, int year, int month, int day, int weekday, i
     static const char* const kDays[] = {"SUNDAY", "MONDAY", "TUESDAY", "WEDNESDAY", "THURSDAY", "FRIDAY", "SATURDAY"};
     static const char* const kMonths[] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
                                           "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
-    s.DateBox = std::string(kDays[std::clamp(weekday, 0, 6)]) + " " + kMonths[std::clamp(month, 1, 12) - 1] + " " +
-                std::to_string(day) + ", " + std::to_string(year);
+    s.Shown.Date = std::string(kDays[std::clamp(weekday, 0, 6)]) + " " + kMonths[std::clamp(month, 1, 12) - 1] + " " +
+                   std::to_string(day) + ", " + std::to_string(year);
     int h12 = hour % 12 == 0 ? 12 : hour % 12;
     auto two = [](int v) { return Format(v, "00"); };
-    s.DisplayBox = two(h12) + ":" + two(minute) + ":" + two(second) + (hour < 12 ? " AM" : " PM");
+    s.Shown.Number = two(h12) + ":" + two(minute) + ":" + two(second) + (hour < 12 ? " AM" : " PM");
 }
 
 // =====================================================================================
@@ -266,7 +266,7 @@ void Show_Clock(CalculatorState& s, int year, int month, int day, int weekday, i
 
 void Set_Angle_Mode(CalculatorState& s, AngleMode mode) {
     s.Angle = mode;
-    s.Mode_Indicator = mode == AngleMode::Radian ? "RADIAN" : mode == AngleMode::Gradian ? "GRADIAN" : "DEGREE";
+    s.Shown.AngleName = mode == AngleMode::Radian ? "RADIAN" : mode == AngleMode::Gradian ? "GRADIAN" : "DEGREE";
 }
 
 namespace {
@@ -321,12 +321,12 @@ void Set_Display_Mode(CalculatorState& s, DisplayMode mode) {
         case DisplayMode::Scientific: s.Places = Empty(s.SavedSciDigits) ? 0 : PlacesOf(s.SavedSciDigits); break;
         case DisplayMode::Normal: s.Places = -1; break;
     }
-    s.DispMode_Indicator = ModeWord(mode);
+    s.Shown.ModeName = ModeWord(mode);
     Apply_Places(s);
 }
 
 void Initial_Routine(CalculatorState& s) {
-    s.CCalc_Indicator = (!s.RepeatOps.empty() && s.RepeatOps.size() % 2 == 0) ? "K" : "";
+    s.Shown.ConstantMark = (!s.RepeatOps.empty() && s.RepeatOps.size() % 2 == 0) ? "K" : "";
     if (!Empty(s.DisplayValue) && !Empty(s.DisplayText) && !s.ErrorLock) {
         if (s.ExpMode)
             Show_Exponent(s, s.MantissaText + "E" + s.ExponentText, Variant());
@@ -337,7 +337,7 @@ void Initial_Routine(CalculatorState& s) {
         Dispatch_Key(s, t);
     }
     Set_Angle_Mode(s, s.Angle);
-    s.Mem_Indicator = s.MemoryValue != 0 ? "MEM" : "";
+    s.Shown.MemoryMark = s.MemoryValue != 0 ? "MEM" : "";
     // The option buttons follow the digits in use; the places list keeps its
     // item when the mode is normal.
     if (!Empty(s.FixDigits)) {
@@ -349,7 +349,7 @@ void Initial_Routine(CalculatorState& s) {
     } else {
         s.Mode = DisplayMode::Normal;
     }
-    s.DispMode_Indicator = ModeWord(s.Mode);
+    s.Shown.ModeName = ModeWord(s.Mode);
 }
 
 }  // namespace Calculator

@@ -36,10 +36,10 @@ std::string WholeText(double v) { return PlainText(v); }
 void Show_Fraction(CalculatorState& s, const std::string& t) {
     auto parts = SplitSlash(t);
     if (parts.size() == 3)
-        s.DisplayBox = Trim(parts[0]) + " " + Trim(parts[1]) + "/" + Trim(parts[2]) + ".";
+        s.Shown.Number = Trim(parts[0]) + " " + Trim(parts[1]) + "/" + Trim(parts[2]) + ".";
     else
-        s.DisplayBox = t + ".";
-    s.ExpoBox.clear();
+        s.Shown.Number = t + ".";
+    s.Shown.Exponent.clear();
 }
 
 Variant Fraction_Value(CalculatorState& s, const std::string& t) {

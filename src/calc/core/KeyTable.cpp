@@ -148,17 +148,17 @@ bool Accepts(ShiftRule rule, Modifiers held) {
 
 // The operator mark beside the display, written only while it holds a number.
 void Set_Operator_Mark(CalculatorState& s, const std::string& mark) {
-    if (IsNumeric(Trim(s.DisplayBox))) s.OperatorIndicator = mark;
+    if (IsNumeric(Trim(s.Shown.Number))) s.Shown.OperatorMark = mark;
 }
 
 // The result at "=": the number as the voice reads it.
 void Speak_Result(CalculatorState& s) {
-    if (!s.ReadOutOn || !IsNumeric(Trim(s.DisplayBox))) return;
+    if (!s.ReadOutOn || !IsNumeric(Trim(s.Shown.Number))) return;
     std::string t;
-    if (Val(s.ExpoBox) == 0) {
-        t = prim::PlainText(Val(s.DisplayBox));
+    if (Val(s.Shown.Exponent) == 0) {
+        t = prim::PlainText(Val(s.Shown.Number));
     } else {
-        t = prim::PlainText(Val(s.DisplayBox)) + "E" + prim::PlainText(Val(s.ExpoBox));
+        t = prim::PlainText(Val(s.Shown.Number)) + "E" + prim::PlainText(Val(s.Shown.Exponent));
         t = prim::Replace(t, "E-", "times 10 to the power negative");
         t = prim::Replace(t, "E+", "times 10 to the power");
         t = prim::Replace(t, "E", "times 10 to the power");
@@ -174,7 +174,7 @@ void Speak_Key(CalculatorState& s, const KeyDef& key) {
         case KeySpeech::Word: Speak_Text(s, key.word); break;
         case KeySpeech::Result: Speak_Result(s); break;
         case KeySpeech::Sign:
-            if (LTrim(s.DisplayBox).rfind('-', 0) == 0) Speak_Text(s, "negative");
+            if (LTrim(s.Shown.Number).rfind('-', 0) == 0) Speak_Text(s, "negative");
             break;
     }
 }
@@ -211,7 +211,7 @@ bool Press_Key(CalculatorState& s, const std::string& token) {
         if (*key->mark)
             Set_Operator_Mark(s, key->mark);
         else
-            s.OperatorIndicator.clear();
+            s.Shown.OperatorMark.clear();
     }
     detail::Dispatch(s, key);
     Speak_Key(s, *key);
@@ -239,7 +239,7 @@ int Keyboard_Page(Keyboard key) {
 
 void Speak_Text(CalculatorState& s, const std::string& word) {
     if (!s.ReadOutOn) return;
-    if (!IsNumeric(Trim(s.DisplayBox))) return;
+    if (!IsNumeric(Trim(s.Shown.Number))) return;
     Say(s, word);
 }
 

@@ -139,7 +139,7 @@ void detail::Memory_In_Key(CalculatorState& s, const std::string&) {
     Commit_Fraction(s);
     s.MemoryValue = X(s);
     s.CarryText = PlainText(X(s));
-    s.Mem_Indicator = s.MemoryValue != 0 ? "MEM" : "";
+    s.Shown.MemoryMark = s.MemoryValue != 0 ? "MEM" : "";
     Speak_Text(s, "memory in");
 }
 

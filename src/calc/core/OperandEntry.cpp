@@ -321,7 +321,7 @@ void Clear_All(CalculatorState& s) {
     s.SecondValue = Variant();
     s.RepeatOps.clear();
     s.ConversionArmed = false;
-    s.CCalc_Indicator.clear();
+    s.Shown.ConstantMark.clear();
     Show_Result(s, 0);
     s.EntryText.clear();
 }

@@ -52,11 +52,11 @@ void Press_Operator(CalculatorState& s) {
     if (s.RepeatOps.size() % 2 == 0) {
         s.KValue = Variant(X(s));
         s.KOperator = s.RepeatOps.front();
-        s.CCalc_Indicator.assign(1, 'K');
+        s.Shown.ConstantMark.assign(1, 'K');
     } else {
         s.KValue = Variant();
         s.KOperator.clear();
-        s.CCalc_Indicator.clear();
+        s.Shown.ConstantMark.clear();
     }
     Evaluate_Pending(s);
     if (!s.PriorOp.empty()) s.OldestOp = s.PriorOp;

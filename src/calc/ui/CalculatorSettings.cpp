@@ -43,7 +43,7 @@ void SaveReadOutLoud(bool on) {
     settings::SaveSetting(settings::ProgramTitle(), "SciCalcSetting", "CalcReadOutLoud", on ? "1" : "0");
 }
 
-bool mnuReadOut_Click(CalculatorState& s, Voice* voice) {
+bool Toggle_Read_Out(CalculatorState& s, Voice* voice) {
     s.ReadOutOn = !s.ReadOutOn;
     SaveReadOutLoud(s.ReadOutOn);
     if (voice != nullptr) voice->Speak(QString());
@@ -59,7 +59,7 @@ void SaveMemoryIn(double value) {
 QString RegisterFilePath() { return settings::DataFolder() + "/" + CalculatorFiles::kRegisterFileName; }
 QString DataFilePath() { return settings::DataFolder() + "/" + CalculatorFiles::kDataFileName; }
 
-void Load_CalcFiles(CalculatorState& s, QWidget* parent) {
+void Load_Files(CalculatorState& s, QWidget* parent) {
     using Outcome = CalculatorFiles::FileStatus::Outcome;
     CalculatorFiles::RegisterArray registers;
     const CalculatorFiles::FileStatus st = CalculatorFiles::Load_Registers(S(RegisterFilePath()).c_str(), registers);
@@ -73,10 +73,10 @@ void Load_CalcFiles(CalculatorState& s, QWidget* parent) {
     s.DataFileUnread = sd.outcome == Outcome::Unreadable;
     Warn(sd, parent);
     s.MemoryValue = MemoryIn();
-    s.Mem_Indicator = s.MemoryValue != 0 ? "MEM" : "";
+    s.Shown.MemoryMark = s.MemoryValue != 0 ? "MEM" : "";
 }
 
-void Save_CalcFiles(CalculatorState& s, QWidget* parent) {
+void Save_Files(CalculatorState& s, QWidget* parent) {
     if (s.RegisterFileUnread)
         WarnUnread(RegisterFilePath(), parent);
     else

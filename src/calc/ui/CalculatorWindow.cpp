@@ -94,28 +94,28 @@ CalculatorWindow::CalculatorWindow(CalculatorState& state, QWidget* parent)
     v->setContentsMargins(8, 8, 8, 8);
     v->setSpacing(6);
     Build_Display();
-    v->addWidget(Frame1_);
+    v->addWidget(display_);
 
-    SelectTab_ = new QTabWidget(central);
-    SelectTab_->setObjectName(QStringLiteral("SelectTab"));
-    SelectTab_->tabBar()->setFocusPolicy(Qt::NoFocus);
-    SelectTab_->addTab(Build_Page({"sqr", "sqrt", "cube", "cubt", "rcp", "log", "alog", "ln", "aln", "fact", "PI",
-                                   "rand", "x-y", "frc", "dc", "engl", "engr"},
-                                  5),
-                       QString::fromLatin1(kPageNames[0]));
-    SelectTab_->addTab(Build_Angle_Page(), QString::fromLatin1(kPageNames[1]));
-    SelectTab_->addTab(Build_Page({"min", "mo", "mplus", "mminus", "kin", "ko", "xk", "kac", "cnst", "data", "del",
-                                   "dtn", "dts", "ave", "sqr1", "sqr2", "strd0", "strd1"},
-                                  5),
-                       QString::fromLatin1(kPageNames[2]));
-    SelectTab_->addTab(Build_Display_Page(), QString::fromLatin1(kPageNames[3]));
-    v->addWidget(SelectTab_);
+    pages_ = new QTabWidget(central);
+    pages_->setObjectName(QStringLiteral("SelectTab"));
+    pages_->tabBar()->setFocusPolicy(Qt::NoFocus);
+    pages_->addTab(Build_Page({"sqr", "sqrt", "cube", "cubt", "rcp", "log", "alog", "ln", "aln", "fact", "PI", "rand",
+                               "x-y", "frc", "dc", "engl", "engr"},
+                              5),
+                   QString::fromLatin1(kPageNames[0]));
+    pages_->addTab(Build_Angle_Page(), QString::fromLatin1(kPageNames[1]));
+    pages_->addTab(Build_Page({"min", "mo", "mplus", "mminus", "kin", "ko", "xk", "kac", "cnst", "data", "del", "dtn",
+                               "dts", "ave", "sqr1", "sqr2", "strd0", "strd1"},
+                              5),
+                   QString::fromLatin1(kPageNames[2]));
+    pages_->addTab(Build_Display_Page(), QString::fromLatin1(kPageNames[3]));
+    v->addWidget(pages_);
     v->addWidget(Build_KeyPad(), 1);
 
     // Hidden box that hands the copied text to the clipboard.
-    DummyBox_ = new QLineEdit(central);
-    DummyBox_->setObjectName(QStringLiteral("DummyBox"));
-    DummyBox_->hide();
+    copyBox_ = new QLineEdit(central);
+    copyBox_->setObjectName(QStringLiteral("DummyBox"));
+    copyBox_->hide();
     setCentralWidget(central);
     Build_Menus();
 
@@ -134,11 +134,11 @@ CalculatorWindow::CalculatorWindow(CalculatorState& state, QWidget* parent)
     // the state as the last close left it.
     if (!s_.FilesLoaded) {
         s_.FilesLoaded = true;
-        CalculatorSettings::Load_CalcFiles(s_, this);
+        CalculatorSettings::Load_Files(s_, this);
     }
     Calculator::Initial_Routine(s_);
     Refresh();
-    Frame1_->setFocus();
+    display_->setFocus();
 }
 
 CalculatorWindow::~CalculatorWindow() {
@@ -155,42 +155,42 @@ CalculatorWindow::~CalculatorWindow() {
 // =====================================================================================
 
 void CalculatorWindow::Build_Display() {
-    Frame1_ = new QFrame(this);
-    Frame1_->setObjectName(QStringLiteral("Frame1"));
-    Frame1_->setFrameShape(QFrame::Panel);
-    Frame1_->setFrameShadow(QFrame::Sunken);
-    Frame1_->setFocusPolicy(Qt::StrongFocus);
-    Frame1_->setAutoFillBackground(true);
-    QPalette pal = Frame1_->palette();
+    display_ = new QFrame(this);
+    display_->setObjectName(QStringLiteral("Frame1"));
+    display_->setFrameShape(QFrame::Panel);
+    display_->setFrameShadow(QFrame::Sunken);
+    display_->setFocusPolicy(Qt::StrongFocus);
+    display_->setAutoFillBackground(true);
+    QPalette pal = display_->palette();
     pal.setColor(QPalette::Window, QColor(0xdf, 0xe8, 0xd2));
     pal.setColor(QPalette::WindowText, QColor(0x1a, 0x1f, 0x16));
-    Frame1_->setPalette(pal);
+    display_->setPalette(pal);
 
-    auto* g = new QGridLayout(Frame1_);
+    auto* g = new QGridLayout(display_);
     g->setContentsMargins(10, 6, 10, 6);
     g->setHorizontalSpacing(10);
     g->setVerticalSpacing(2);
-    Mode_Indicator_ = MakeLabel(Frame1_, "Mode_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1);
-    DispMode_Indicator_ = MakeLabel(Frame1_, "DispMode_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1);
-    CCalc_Indicator_ = MakeLabel(Frame1_, "CCalc_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1, true);
-    Mem_Indicator_ = MakeLabel(Frame1_, "Mem_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1, true);
+    angleName_ = MakeLabel(display_, "Mode_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1);
+    modeName_ = MakeLabel(display_, "DispMode_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1);
+    constantMark_ = MakeLabel(display_, "CCalc_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1, true);
+    memoryMark_ = MakeLabel(display_, "Mem_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1, true);
     auto* indicators = new QHBoxLayout;
     indicators->setSpacing(14);
-    for (QLabel* l : {Mode_Indicator_, DispMode_Indicator_, CCalc_Indicator_, Mem_Indicator_}) indicators->addWidget(l);
+    for (QLabel* l : {angleName_, modeName_, constantMark_, memoryMark_}) indicators->addWidget(l);
     indicators->addStretch(1);
     g->addLayout(indicators, 0, 0, 1, 3);
 
-    OperatorIndicator_ = MakeLabel(Frame1_, "OperatorIndicator", Qt::AlignLeft | Qt::AlignVCenter, 6, true);
-    OperatorIndicator_->setMinimumWidth(OperatorIndicator_->fontMetrics().horizontalAdvance(QStringLiteral("÷ ")));
-    DisplayBox_ = MakeLabel(Frame1_, "DisplayBox", Qt::AlignRight | Qt::AlignVCenter, 12, true);
-    DisplayBox_->setMinimumWidth(DisplayBox_->fontMetrics().horizontalAdvance(QStringLiteral("-8.88888888888888.")));
-    ExpoBox_ = MakeLabel(Frame1_, "ExpoBox", Qt::AlignLeft | Qt::AlignTop, 2, true);
-    ExpoBox_->setMinimumWidth(ExpoBox_->fontMetrics().horizontalAdvance(QStringLiteral("-88 ")));
-    g->addWidget(OperatorIndicator_, 1, 0);
-    g->addWidget(DisplayBox_, 1, 1);
-    g->addWidget(ExpoBox_, 1, 2);
-    DateBox_ = MakeLabel(Frame1_, "DateBox", Qt::AlignRight | Qt::AlignVCenter, 0);
-    g->addWidget(DateBox_, 2, 0, 1, 3);
+    operatorMark_ = MakeLabel(display_, "OperatorIndicator", Qt::AlignLeft | Qt::AlignVCenter, 6, true);
+    operatorMark_->setMinimumWidth(operatorMark_->fontMetrics().horizontalAdvance(QStringLiteral("÷ ")));
+    number_ = MakeLabel(display_, "DisplayBox", Qt::AlignRight | Qt::AlignVCenter, 12, true);
+    number_->setMinimumWidth(number_->fontMetrics().horizontalAdvance(QStringLiteral("-8.88888888888888.")));
+    exponent_ = MakeLabel(display_, "ExpoBox", Qt::AlignLeft | Qt::AlignTop, 2, true);
+    exponent_->setMinimumWidth(exponent_->fontMetrics().horizontalAdvance(QStringLiteral("-88 ")));
+    g->addWidget(operatorMark_, 1, 0);
+    g->addWidget(number_, 1, 1);
+    g->addWidget(exponent_, 1, 2);
+    date_ = MakeLabel(display_, "DateBox", Qt::AlignRight | Qt::AlignVCenter, 0);
+    g->addWidget(date_, 2, 0, 1, 3);
     g->setColumnStretch(1, 1);
 }
 
@@ -232,14 +232,14 @@ QWidget* CalculatorWindow::Build_Angle_Page() {
                                       {"RadButton", QStringLiteral("Radian")},
                                       {"GradButton", QStringLiteral("Gradian")}},
                                      box);
-    DegButton_ = angle[0];
-    RadButton_ = angle[1];
-    GradButton_ = angle[2];
+    degree_ = angle[0];
+    radian_ = angle[1];
+    gradian_ = angle[2];
     const std::pair<QRadioButton*, AngleMode> options[] = {
-        {DegButton_, AngleMode::Degree}, {RadButton_, AngleMode::Radian}, {GradButton_, AngleMode::Gradian}};
+        {degree_, AngleMode::Degree}, {radian_, AngleMode::Radian}, {gradian_, AngleMode::Gradian}};
     for (const auto& [b, mode] : options) {
         const AngleMode m = mode;
-        connect(b, &QRadioButton::clicked, this, [this, m] { Angle_Click(m); });
+        connect(b, &QRadioButton::clicked, this, [this, m] { Choose_Angle(m); });
     }
     g->addWidget(box, 0, 4, 4, 1);
     return page;
@@ -256,33 +256,33 @@ QWidget* CalculatorWindow::Build_Display_Page() {
                                         {"FxnButton", QStringLiteral("Fixed")},
                                         {"ScnButton", QStringLiteral("Scientific")}},
                                        box);
-    StdButton_ = display[0];
-    FxnButton_ = display[1];
-    ScnButton_ = display[2];
+    normal_ = display[0];
+    fixed_ = display[1];
+    scientific_ = display[2];
     const std::pair<QRadioButton*, DisplayMode> modes[] = {
-        {StdButton_, DisplayMode::Normal}, {FxnButton_, DisplayMode::Fixed}, {ScnButton_, DisplayMode::Scientific}};
+        {normal_, DisplayMode::Normal}, {fixed_, DisplayMode::Fixed}, {scientific_, DisplayMode::Scientific}};
     for (const auto& [b, mode] : modes) {
         const DisplayMode m = mode;
         connect(b, &QRadioButton::clicked, this, [this, m] { Calculator::Set_Display_Mode(s_, m), Refresh(); });
     }
     g->addWidget(box, 0, 0, 2, 1);
 
-    PrecLab_ = new QLabel(QStringLiteral("Places:"), page);
-    PrecLab_->setObjectName(QStringLiteral("PrecLab"));
-    PrecBox_ = new QComboBox(page);
-    PrecBox_->setObjectName(QStringLiteral("PrecBox"));
-    PrecBox_->setFocusPolicy(Qt::ClickFocus);
-    PrecBox_->setMinimumContentsLength(3);
-    for (int i = 0; i <= 14; ++i) PrecBox_->addItem(QString::number(i));
-    connect(PrecBox_, &QComboBox::activated, this, [this](int index) {
+    placesLabel_ = new QLabel(QStringLiteral("Places:"), page);
+    placesLabel_->setObjectName(QStringLiteral("PrecLab"));
+    places_ = new QComboBox(page);
+    places_->setObjectName(QStringLiteral("PrecBox"));
+    places_->setFocusPolicy(Qt::ClickFocus);
+    places_->setMinimumContentsLength(3);
+    for (int i = 0; i <= 14; ++i) places_->addItem(QString::number(i));
+    connect(places_, &QComboBox::activated, this, [this](int index) {
         Calculator::Set_Places(s_, index);
         Refresh();
-        Frame1_->setFocus();
+        display_->setFocus();
     });
-    PrecLab_->setBuddy(PrecBox_);
+    placesLabel_->setBuddy(places_);
     auto* prec = new QHBoxLayout;
-    prec->addWidget(PrecLab_);
-    prec->addWidget(PrecBox_);
+    prec->addWidget(placesLabel_);
+    prec->addWidget(places_);
     prec->addStretch(1);
     g->addLayout(prec, 0, 1);
     QWidget* time = Key_Button(*Calculator::Find_Key("time"));
@@ -325,68 +325,68 @@ void CalculatorWindow::Build_Menus() {
     };
     QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
     file->setObjectName(QStringLiteral("mnuFile"));
-    mnuReadOut_ = add(file, "mnuReadOut", QStringLiteral("&Read Out Loud"), [this] { mnuReadOut_Click(); });
-    mnuReadOut_->setCheckable(true);
+    readOutAction_ = add(file, "mnuReadOut", QStringLiteral("&Read Out Loud"), [this] { Toggle_Read_Out(); });
+    readOutAction_->setCheckable(true);
     file->addSeparator();
     auto* pages = new QActionGroup(this);
     for (int i = 0; i < kPageCount; ++i) {
         const std::string name = "mnuFunct" + std::to_string(i + 1);
         QString caption = QStringLiteral("%1\tF%2").arg(QString::fromLatin1(kPageNames[i])).arg(i + 1);
-        QAction* a = add(file, name.c_str(), caption, [this, i] { SelectTab_->setCurrentIndex(i); });
+        QAction* a = add(file, name.c_str(), caption, [this, i] { pages_->setCurrentIndex(i); });
         a->setCheckable(true);
         pages->addAction(a);
     }
     file->addSeparator();
     add(file, "mnuExit", QStringLiteral("E&xit"), [this] { close(); });
-    connect(file, &QMenu::aboutToShow, this, [this] { mnuFile_Click(); });
+    connect(file, &QMenu::aboutToShow, this, [this] { Check_File_Menu(); });
 
     QMenu* edit = menuBar()->addMenu(QStringLiteral("&Edit"));
     edit->setObjectName(QStringLiteral("mnuEdit"));
-    mnuCopy_ = add(edit, "mnuCopy", QStringLiteral("&Copy"), [this] { mnuCopy_Click(); });
-    mnuCopyDigits_ =
-        add(edit, "mnuCopyDigits", QStringLiteral("Copy &Display as Digits"), [this] { mnuCopyDigits_Click(); });
+    copyAction_ = add(edit, "mnuCopy", QStringLiteral("&Copy"), [this] { Copy_Value(); });
+    copyDigitsAction_ =
+        add(edit, "mnuCopyDigits", QStringLiteral("Copy &Display as Digits"), [this] { Copy_Digits(); });
     add(edit, "mnuPaste", QStringLiteral("&Paste"), [this] {
         // The clock gives way to the paste, except on the angle page.
-        if (s_.TimeShown && SelectTab_->currentIndex() != 1) Calculator::Toggle_Clock(s_);
+        if (s_.TimeShown && pages_->currentIndex() != 1) Calculator::Toggle_Clock(s_);
         Press("xtract");
     });
     connect(edit, &QMenu::aboutToShow, this, [this] {
-        mnuCopy_->setEnabled(!s_.TimeShown);
-        mnuCopyDigits_->setEnabled(!s_.TimeShown);
+        copyAction_->setEnabled(!s_.TimeShown);
+        copyDigitsAction_->setEnabled(!s_.TimeShown);
     });
 
     QMenu* mode = menuBar()->addMenu(QStringLiteral("&Mode"));
     mode->setObjectName(QStringLiteral("mnuMode"));
     QMenu* angular = mode->addMenu(QStringLiteral("&Angle"));
     angular->setObjectName(QStringLiteral("mnuAngular"));
-    add(angular, "mnuDegree", QStringLiteral("&Degree"), [this] { DegButton_->click(); })->setCheckable(true);
-    add(angular, "mnuRadian", QStringLiteral("&Radian"), [this] { RadButton_->click(); })->setCheckable(true);
-    add(angular, "mnuGradian", QStringLiteral("&Gradian"), [this] { GradButton_->click(); })->setCheckable(true);
+    add(angular, "mnuDegree", QStringLiteral("&Degree"), [this] { degree_->click(); })->setCheckable(true);
+    add(angular, "mnuRadian", QStringLiteral("&Radian"), [this] { radian_->click(); })->setCheckable(true);
+    add(angular, "mnuGradian", QStringLiteral("&Gradian"), [this] { gradian_->click(); })->setCheckable(true);
     QMenu* display = mode->addMenu(QStringLiteral("&Display"));
     display->setObjectName(QStringLiteral("mnuDisplayMode"));
-    add(display, "mnuNormal", QStringLiteral("&Normal"), [this] { StdButton_->click(); })->setCheckable(true);
+    add(display, "mnuNormal", QStringLiteral("&Normal"), [this] { normal_->click(); })->setCheckable(true);
     add(display, "mnuFixed", QStringLiteral("&Fixed"), [this] {
-        SelectTab_->setCurrentIndex(3);
-        FxnButton_->click();
+        pages_->setCurrentIndex(3);
+        fixed_->click();
     })->setCheckable(true);
     add(display, "mnuSci", QStringLiteral("&Scientific"), [this] {
-        SelectTab_->setCurrentIndex(3);
-        ScnButton_->click();
+        pages_->setCurrentIndex(3);
+        scientific_->click();
     })->setCheckable(true);
     mode->addSeparator();
     // The entry exists and does nothing: the register keys alone take the window off the top.
     add(mode, "mnuOnTop", QStringLiteral("Always on &Top"), [] {});
-    connect(mode, &QMenu::aboutToShow, this, [this] { mnuMode_Click(); });
+    connect(mode, &QMenu::aboutToShow, this, [this] { Check_Mode_Menu(); });
 
     QMenu* windows = menuBar()->addMenu(QStringLiteral("&Windows"));
     windows->setObjectName(QStringLiteral("mnuWindows"));
-    add(windows, "mnuRegisters", QStringLiteral("&Registers..."), [this] { mnuRegisters_Click(); });
-    add(windows, "mnuData", QStringLiteral("Statistics &Data..."), [this] { mnuData_Click(); });
-    add(windows, "mnuConstants", QStringLiteral("&Constants..."), [this] { mnuConstants_Click(); });
+    add(windows, "mnuRegisters", QStringLiteral("&Registers..."), [this] { Open_Registers(); });
+    add(windows, "mnuData", QStringLiteral("Statistics &Data..."), [this] { Open_Data(); });
+    add(windows, "mnuConstants", QStringLiteral("&Constants..."), [this] { Open_Constants(); });
 
     QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
     help->setObjectName(QStringLiteral("mnuHelp"));
-    add(help, "mnuHelpTopics", QStringLiteral("Help &Topics"), [this] { mnuHelpTopics_Click(); });
+    add(help, "mnuHelpTopics", QStringLiteral("Help &Topics"), [this] { Open_Help(); });
     add(help, "mnuAbout", QStringLiteral("&About Calculator"), [this] {
         AboutBox box(AboutBox::Kind::Calculator, this);
         box.exec();
@@ -404,9 +404,9 @@ void CalculatorWindow::Press(const std::string& token) {
 void CalculatorWindow::Key_Click(const Calculator::KeyDef& key) {
     if (key.kind == Calculator::KeyKind::Window) {
         if (std::string(key.token) == "time")
-            key_Time_Click();
+            Run_Clock();
         else
-            mnuData_Click();
+            Open_Data();
     } else {
         // The register keys take the calculator off the top so that the
         // register window can stand above it.
@@ -417,7 +417,7 @@ void CalculatorWindow::Key_Click(const Calculator::KeyDef& key) {
     }
     if (guard_.ClosePending()) return;
     Refresh();
-    Frame1_->setFocus();
+    display_->setFocus();
 }
 
 CalculatorWindow::KeyStroke CalculatorWindow::Keyboard_Of(int qtKey, Qt::KeyboardModifiers modifiers) {
@@ -460,7 +460,7 @@ void CalculatorWindow::keyPressEvent(QKeyEvent* event) {
     const KeyStroke k = Keyboard_Of(event->key(), event->modifiers());
     if (const int page = Calculator::Keyboard_Page(k.key); page >= 0) {
         event->accept();
-        SelectTab_->setCurrentIndex(page);
+        pages_->setCurrentIndex(page);
     } else if (const Calculator::KeyDef* key = Calculator::Keyboard_Key(k.key, k.modifiers)) {
         event->accept();
         Key_Click(*key);
@@ -473,7 +473,7 @@ void CalculatorWindow::keyPressEvent(QKeyEvent* event) {
 // Clock
 // =====================================================================================
 
-void CalculatorWindow::key_Time_Click() {
+void CalculatorWindow::Run_Clock() {
     if (!Calculator::Toggle_Clock(s_)) return;  // off again, or an error shows
     auto scope = guard_.Enter();
     shell::ThrottledPump pump;
@@ -501,41 +501,41 @@ void CalculatorWindow::key_Time_Click() {
 // =====================================================================================
 
 void CalculatorWindow::Refresh() {
-    DisplayBox_->setText(Q(s_.DisplayBox));
-    ExpoBox_->setText(Q(s_.ExpoBox));
-    DateBox_->setText(Q(s_.DateBox));
-    OperatorIndicator_->setText(Q(s_.OperatorIndicator));
-    CCalc_Indicator_->setText(Q(s_.CCalc_Indicator));
-    Mem_Indicator_->setText(Q(s_.Mem_Indicator));
-    Mode_Indicator_->setText(Q(s_.Mode_Indicator));
-    DispMode_Indicator_->setText(Q(s_.DispMode_Indicator));
+    number_->setText(Q(s_.Shown.Number));
+    exponent_->setText(Q(s_.Shown.Exponent));
+    date_->setText(Q(s_.Shown.Date));
+    operatorMark_->setText(Q(s_.Shown.OperatorMark));
+    constantMark_->setText(Q(s_.Shown.ConstantMark));
+    memoryMark_->setText(Q(s_.Shown.MemoryMark));
+    angleName_->setText(Q(s_.Shown.AngleName));
+    modeName_->setText(Q(s_.Shown.ModeName));
 
-    const QSignalBlocker block(PrecBox_);
-    DegButton_->setChecked(s_.Angle == AngleMode::Degree);
-    RadButton_->setChecked(s_.Angle == AngleMode::Radian);
-    GradButton_->setChecked(s_.Angle == AngleMode::Gradian);
-    StdButton_->setChecked(s_.Mode == DisplayMode::Normal);
-    FxnButton_->setChecked(s_.Mode == DisplayMode::Fixed);
-    ScnButton_->setChecked(s_.Mode == DisplayMode::Scientific);
-    PrecBox_->setCurrentIndex(s_.Places);
+    const QSignalBlocker block(places_);
+    degree_->setChecked(s_.Angle == AngleMode::Degree);
+    radian_->setChecked(s_.Angle == AngleMode::Radian);
+    gradian_->setChecked(s_.Angle == AngleMode::Gradian);
+    normal_->setChecked(s_.Mode == DisplayMode::Normal);
+    fixed_->setChecked(s_.Mode == DisplayMode::Fixed);
+    scientific_->setChecked(s_.Mode == DisplayMode::Scientific);
+    places_->setCurrentIndex(s_.Places);
     // The places are chosen for fixed and scientific only.
-    PrecBox_->setEnabled(s_.Mode != DisplayMode::Normal);
-    PrecLab_->setEnabled(s_.Mode != DisplayMode::Normal);
+    places_->setEnabled(s_.Mode != DisplayMode::Normal);
+    placesLabel_->setEnabled(s_.Mode != DisplayMode::Normal);
 }
 
 // =====================================================================================
 // Menus
 // =====================================================================================
 
-void CalculatorWindow::mnuCopy_Click() {
-    DummyBox_->setText(Q(Calculator::Copy_Text(s_)));
-    DummyBox_->selectAll();
+void CalculatorWindow::Copy_Value() {
+    copyBox_->setText(Q(Calculator::Copy_Text(s_)));
+    copyBox_->selectAll();
     QClipboard* clip = QGuiApplication::clipboard();
     clip->clear();
-    clip->setText(DummyBox_->selectedText());
+    clip->setText(copyBox_->selectedText());
 }
 
-void CalculatorWindow::mnuCopyDigits_Click() {
+void CalculatorWindow::Copy_Digits() {
     const std::string digits = Calculator::Display_Digits(s_);
     if (digits.empty()) return;  // an error or the clock: nothing worth pasting
     QClipboard* clip = QGuiApplication::clipboard();
@@ -543,37 +543,33 @@ void CalculatorWindow::mnuCopyDigits_Click() {
     clip->setText(Q(digits));
 }
 
-void CalculatorWindow::mnuReadOut_Click() {
-    s_.ReadOutOn = !s_.ReadOutOn;
-    mnuReadOut_->setChecked(s_.ReadOutOn);
-    settings::SaveSetting(settings::ProgramTitle(), kSection, kReadOutKey,
-                          s_.ReadOutOn ? QStringLiteral("1") : QStringLiteral("0"));
-    Say("");
+void CalculatorWindow::Toggle_Read_Out() {
+    readOutAction_->setChecked(CalculatorSettings::Toggle_Read_Out(s_, voice_));
 }
 
-void CalculatorWindow::mnuFile_Click() {
+void CalculatorWindow::Check_File_Menu() {
     s_.ReadOutOn = settings::GetSettingInt(settings::ProgramTitle(), kSection, kReadOutKey, 0) != 0;
-    mnuReadOut_->setChecked(s_.ReadOutOn);
-    const std::string name = "mnuFunct" + std::to_string(SelectTab_->currentIndex() + 1);
+    readOutAction_->setChecked(s_.ReadOutOn);
+    const std::string name = "mnuFunct" + std::to_string(pages_->currentIndex() + 1);
     if (QAction* a = findChild<QAction*>(QString::fromStdString(name))) a->setChecked(true);
 }
 
-void CalculatorWindow::mnuMode_Click() {
+void CalculatorWindow::Check_Mode_Menu() {
     auto check = [this](const char* name, bool on) {
         if (QAction* a = findChild<QAction*>(QString::fromLatin1(name))) a->setChecked(on);
     };
-    check("mnuDegree", DegButton_->isChecked());
-    check("mnuRadian", RadButton_->isChecked());
-    check("mnuGradian", GradButton_->isChecked());
-    check("mnuNormal", StdButton_->isChecked());
-    check("mnuFixed", FxnButton_->isChecked());
-    check("mnuSci", ScnButton_->isChecked());
+    check("mnuDegree", degree_->isChecked());
+    check("mnuRadian", radian_->isChecked());
+    check("mnuGradian", gradian_->isChecked());
+    check("mnuNormal", normal_->isChecked());
+    check("mnuFixed", fixed_->isChecked());
+    check("mnuSci", scientific_->isChecked());
 }
 
-void CalculatorWindow::Angle_Click(AngleMode mode) {
+void CalculatorWindow::Choose_Angle(AngleMode mode) {
     Calculator::Set_Angle_Mode(s_, mode);
     Refresh();
-    Frame1_->setFocus();
+    display_->setFocus();
 }
 
 void CalculatorWindow::Stay_On_Top(bool on) {
@@ -586,7 +582,7 @@ void CalculatorWindow::closeEvent(QCloseEvent* event) {
     s_.TimeShown = false;  // a running clock ends with the window
     if (guard_.DeferClose(event)) return;
     if (voice_) voice_->Speak(QString());
-    CalculatorSettings::Save_CalcFiles(s_, this);
+    CalculatorSettings::Save_Files(s_, this);
     event->accept();
 }
 
@@ -596,23 +592,22 @@ void CalculatorWindow::closeEvent(QCloseEvent* event) {
 
 // Register window for the keys K IN, K OUT, X<->K, M+, M- and K AC: reads
 // s.MemoryAction, sets s.RegisterChoice (-1 for Exit) and s.RegisterText.
-// Opens nothing yet, so the keys leave the registers alone.
 void CalculatorWindow::Show_Register_Window(CalculatorState& s) { RegistersWindow::Open(s, this); }
 
 void CalculatorWindow::Show_Constant_Window(CalculatorState& s) { ConstantsWindow::Open(s, this); }
 
 // The menu entries work as the keys do: through the engine, so the results
 // reach the display.
-void CalculatorWindow::mnuRegisters_Click() {
+void CalculatorWindow::Open_Registers() {
     Calculator::Press_Key(s_, "kin");
     Refresh();
 }
-void CalculatorWindow::mnuData_Click() { StatisticsWindow::Open(s_, this); }
-void CalculatorWindow::mnuConstants_Click() {
+void CalculatorWindow::Open_Data() { StatisticsWindow::Open(s_, this); }
+void CalculatorWindow::Open_Constants() {
     Calculator::Press_Key(s_, "cnst");
     Refresh();
 }
-void CalculatorWindow::mnuHelpTopics_Click() { HelpWindow::Open(s_, this); }
+void CalculatorWindow::Open_Help() { HelpWindow::Open(s_, this); }
 
 void CalculatorWindow::Say(const std::string& words) {
     if (!voice_) voice_ = new Voice(this);

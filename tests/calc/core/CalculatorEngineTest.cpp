@@ -28,7 +28,7 @@ CalculatorState Fresh() {
     return s;
 }
 
-std::string Shown(const CalculatorState& s) { return s.DisplayBox + "|" + s.ExpoBox; }
+std::string Shown(const CalculatorState& s) { return s.Shown.Number + "|" + s.Shown.Exponent; }
 
 struct Case {
     const char* keys;
@@ -148,13 +148,13 @@ TEST(CalcPriority, ConstantCalculation) {
     });
     CalculatorState s = Fresh();
     Press(s, "5 + +");
-    EXPECT_EQ(s.CCalc_Indicator, "K");
+    EXPECT_EQ(s.Shown.ConstantMark, "K");
     Press(s, "3 = =");
-    EXPECT_EQ(s.CCalc_Indicator, "K");  // K stays armed across "="
+    EXPECT_EQ(s.Shown.ConstantMark, "K");  // K stays armed across "="
     Press(s, "+");
-    EXPECT_EQ(s.CCalc_Indicator, "");
+    EXPECT_EQ(s.Shown.ConstantMark, "");
     Press(s, "5 + + AC");
-    EXPECT_EQ(s.CCalc_Indicator, "");
+    EXPECT_EQ(s.Shown.ConstantMark, "");
 }
 
 TEST(CalcPriority, PowerAndRootErrors) {
@@ -232,11 +232,11 @@ TEST(CalcFunctionsKeys, AngleModes) {
     RunCases({{"1 0 0 tan", "*Out of Range*|"}, {"2 0 0 sin", "0.|"}, {"1 iSin", "100.|"}},
              [](CalculatorState& s) { Calculator::Set_Angle_Mode(s, AngleMode::Gradian); });
     CalculatorState s = Fresh();
-    EXPECT_EQ(s.Mode_Indicator, "DEGREE");
+    EXPECT_EQ(s.Shown.AngleName, "DEGREE");
     Calculator::Set_Angle_Mode(s, AngleMode::Gradian);
-    EXPECT_EQ(s.Mode_Indicator, "GRADIAN");
+    EXPECT_EQ(s.Shown.AngleName, "GRADIAN");
     Press(s, "AC");
-    EXPECT_EQ(s.Mode_Indicator, "GRADIAN");  // AC keeps the angle mode
+    EXPECT_EQ(s.Shown.AngleName, "GRADIAN");  // AC keeps the angle mode
 }
 
 TEST(CalcFunctionsKeys, SwapConversionsAndRandom) {
@@ -255,7 +255,7 @@ TEST(CalcFunctionsKeys, SwapConversionsAndRandom) {
     CalculatorState s = Fresh();
     Press(s, "2 ptor 9 0 =");
     EXPECT_NEAR(s.DisplayValue.number, 0.0, 1e-14);  // x near 0
-    EXPECT_EQ(s.ExpoBox, "-15");
+    EXPECT_EQ(s.Shown.Exponent, "-15");
 
     CalculatorState r = Fresh();
     r.Now = [] { return 46349.123456789; };
@@ -301,10 +301,10 @@ TEST(CalculationView, ModesAndFormatting) {
     fix(2)(s);
     EXPECT_EQ(Shown(s), "3.14|");
     EXPECT_EQ(s.DisplayValue.number, 3.14159);  // X keeps its value
-    EXPECT_EQ(s.DispMode_Indicator, "FIX");
+    EXPECT_EQ(s.Shown.ModeName, "FIX");
     Calculator::Set_Display_Mode(s, DisplayMode::Normal);
     EXPECT_EQ(Shown(s), "3.14159|");
-    EXPECT_EQ(s.DispMode_Indicator, "NORM");
+    EXPECT_EQ(s.Shown.ModeName, "NORM");
     Calculator::Set_Display_Mode(s, DisplayMode::Fixed);  // FIX comes back with its last precision
     EXPECT_EQ(Shown(s), "3.14|");
 
@@ -326,7 +326,7 @@ TEST(CalculationView, ModesAndFormatting) {
     Calculator::Set_Display_Mode(c, DisplayMode::Scientific);
     Calculator::Set_Places(c, 3);
     EXPECT_EQ(Shown(c), "1.234| 03");
-    EXPECT_EQ(c.DispMode_Indicator, "SCI");
+    EXPECT_EQ(c.Shown.ModeName, "SCI");
     Press(c, "+ 1 =");
     EXPECT_EQ(Shown(c), "1.235| 03");
 }
@@ -360,11 +360,11 @@ TEST(CalculationView, PasteAndMemory) {
     EXPECT_EQ(boxes[0], "Warning: Nothing to paste. Clipboard is EMPTY !");
 
     Press(s, "min");
-    EXPECT_EQ(s.Mem_Indicator, "MEM");
+    EXPECT_EQ(s.Shown.MemoryMark, "MEM");
     Press(s, "AC 3 mo");
     EXPECT_EQ(Shown(s), "12.5|");
     Press(s, "AC min");
-    EXPECT_EQ(s.Mem_Indicator, "");
+    EXPECT_EQ(s.Shown.MemoryMark, "");
 }
 
 TEST(CalculationView, ClockSwallowsTheNextKey) {
@@ -372,11 +372,11 @@ TEST(CalculationView, ClockSwallowsTheNextKey) {
     Press(s, "4 2");
     EXPECT_TRUE(Calculator::Toggle_Clock(s));
     Calculator::Show_Clock(s, 2026, 11, 23, 1, 21, 5, 7);
-    EXPECT_EQ(s.DateBox, "MONDAY NOV 23, 2026");
-    EXPECT_EQ(s.DisplayBox, "09:05:07 PM");
+    EXPECT_EQ(s.Shown.Date, "MONDAY NOV 23, 2026");
+    EXPECT_EQ(s.Shown.Number, "09:05:07 PM");
     Press(s, "7");
     EXPECT_EQ(Shown(s), "42.|");
-    EXPECT_EQ(s.DateBox, "");
+    EXPECT_EQ(s.Shown.Date, "");
     Press(s, "7");
     EXPECT_EQ(Shown(s), "427.|");
 }
@@ -603,15 +603,15 @@ TEST(CalcKeyboard, KeysToTokens) {
 TEST(CalcState, ReopenKeepsTheNumberAndOperatorMarks) {
     CalculatorState s = Fresh();
     Press(s, "2 + 3 *");
-    EXPECT_EQ(s.OperatorIndicator, "x");
+    EXPECT_EQ(s.Shown.OperatorMark, "x");
     Press(s, "/");
-    EXPECT_EQ(s.OperatorIndicator, "\xC3\xB7");
+    EXPECT_EQ(s.Shown.OperatorMark, "\xC3\xB7");
     Press(s, "AC 2 + 3 / 4");
     Calculator::Initial_Routine(s);  // the window closed and opened again
     EXPECT_EQ(Shown(s), "4.|");
     Press(s, "=");
     EXPECT_EQ(Shown(s), "2.75|");
-    EXPECT_EQ(s.OperatorIndicator, "");
+    EXPECT_EQ(s.Shown.OperatorMark, "");
 
     Press(s, "5 + + 1 / 0 =");
     Calculator::Initial_Routine(s);  // a locked calculator comes back cleared
@@ -642,12 +642,12 @@ TEST(CalcEngine, RandomKeySequencesKeepADisplay) {
             const char* key = keys[next() % n];
             trail += std::string(key) + " ";
             ASSERT_TRUE(Calculator::Press_Key(s, key));
-            ASSERT_FALSE(s.DisplayBox.empty()) << trail;
-            bool error = s.DisplayBox.front() == '*';
+            ASSERT_FALSE(s.Shown.Number.empty()) << trail;
+            bool error = s.Shown.Number.front() == '*';
             EXPECT_EQ(error, s.ErrorLock) << trail;
             if (!error) {
-                EXPECT_EQ(s.DisplayBox.find("Inf"), std::string::npos) << trail;
-                EXPECT_EQ(s.DisplayBox.find("NaN"), std::string::npos) << trail;
+                EXPECT_EQ(s.Shown.Number.find("Inf"), std::string::npos) << trail;
+                EXPECT_EQ(s.Shown.Number.find("NaN"), std::string::npos) << trail;
             }
         }
     }

@@ -45,11 +45,11 @@ TEST(CalcKeyTable, OnlyDispatchedKeysSetTheOperatorMark) {
     Calculator::Initial_Routine(s);
     Calculator::Press_Key(s, "5");
     Calculator::Press_Key(s, "/");
-    EXPECT_EQ(s.OperatorIndicator, "\xC3\xB7");
+    EXPECT_EQ(s.Shown.OperatorMark, "\xC3\xB7");
     Calculator::Press_Key(s, "min");  // a key of its own action leaves the mark
-    EXPECT_EQ(s.OperatorIndicator, "\xC3\xB7");
+    EXPECT_EQ(s.Shown.OperatorMark, "\xC3\xB7");
     Calculator::Press_Key(s, "=");
-    EXPECT_EQ(s.OperatorIndicator, "");
+    EXPECT_EQ(s.Shown.OperatorMark, "");
 }
 
 }  // namespace

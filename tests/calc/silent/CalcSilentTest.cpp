@@ -30,7 +30,7 @@ TEST(CalcSilent, NoEngineMeansNoSpeechAndNoMarking) {
         voice.Speak(Q(w));
     };
     for (const char* k : {"7", "*", "6", "="}) Calculator::Press_Key(s, k);
-    EXPECT_EQ(s.DisplayBox.find("42"), 0u) << s.DisplayBox;
+    EXPECT_EQ(s.Shown.Number.find("42"), 0u) << s.Shown.Number;
     EXPECT_EQ(said, 4);               // the calculator asked ...
     EXPECT_EQ(voice.Speaking(), "");  // ... and nothing was said
 

@@ -53,11 +53,11 @@ TEST_F(CalcSettingsTest, ReadOutLoudIsAnyNumberButZero) {
 TEST_F(CalcSettingsTest, ReadOutMenuTogglesStoresAndCutsOff) {
     Voice voice;
     CalculatorState s;
-    EXPECT_TRUE(CalculatorSettings::mnuReadOut_Click(s, &voice));
+    EXPECT_TRUE(CalculatorSettings::Toggle_Read_Out(s, &voice));
     EXPECT_TRUE(s.ReadOutOn);
     EXPECT_EQ(settings::GetSetting(settings::ProgramTitle(), "SciCalcSetting", "CalcReadOutLoud"), "1");
     EXPECT_TRUE(CalculatorSettings::ReadOutLoud());
-    EXPECT_FALSE(CalculatorSettings::mnuReadOut_Click(s, &voice));
+    EXPECT_FALSE(CalculatorSettings::Toggle_Read_Out(s, &voice));
     EXPECT_FALSE(s.ReadOutOn);
     EXPECT_EQ(settings::GetSetting(settings::ProgramTitle(), "SciCalcSetting", "CalcReadOutLoud"), "0");
     EXPECT_EQ(voice.Speaking(), "");
@@ -78,35 +78,35 @@ TEST_F(CalcSettingsTest, MemoryInIsKeptUnderTheProgramFolder) {
 TEST_F(CalcSettingsTest, RegistersDataAndMemorySurviveARestart) {
     {
         CalculatorState s;
-        CalculatorSettings::Load_CalcFiles(s, nullptr);  // first run: nothing there
+        CalculatorSettings::Load_Files(s, nullptr);  // first run: nothing there
         EXPECT_EQ(s.Registers[0].Value, 0.0);
         EXPECT_FALSE(s.DataValues.IsList());
-        EXPECT_EQ(s.Mem_Indicator, "");
+        EXPECT_EQ(s.Shown.MemoryMark, "");
         Fill(s);
-        CalculatorSettings::Save_CalcFiles(s, nullptr);
+        CalculatorSettings::Save_Files(s, nullptr);
     }
     EXPECT_EQ(QFileInfo(CalculatorSettings::RegisterFilePath()).size(), 1000 + 9 + 5);  // descriptions in Windows-1252
     CalculatorState s;
-    CalculatorSettings::Load_CalcFiles(s, nullptr);
+    CalculatorSettings::Load_Files(s, nullptr);
     EXPECT_EQ(s.Registers[0].Value, 12.5);
     EXPECT_EQ(s.Registers[0].Description, "beam span");
     EXPECT_EQ(s.Registers[99].Value, -3e-20);
     EXPECT_EQ(s.Registers[99].Description, "Grüße");
     EXPECT_EQ(s.DataValues.Values, (std::vector<double>{1, 2.5, -7}));
     EXPECT_EQ(s.MemoryValue, 42.125);
-    EXPECT_EQ(s.Mem_Indicator, "MEM");
+    EXPECT_EQ(s.Shown.MemoryMark, "MEM");
     EXPECT_TRUE(boxes_.Seen().isEmpty());
 }
 
 TEST_F(CalcSettingsTest, DamagedFileIsDeletedWithTheWarningAndNothingElseIsLost) {
     CalculatorState before;
     Fill(before);
-    CalculatorSettings::Save_CalcFiles(before, nullptr);
+    CalculatorSettings::Save_Files(before, nullptr);
     QFile f(CalculatorSettings::RegisterFilePath());
     ASSERT_TRUE(f.resize(500));  // cut short
 
     CalculatorState s;
-    CalculatorSettings::Load_CalcFiles(s, nullptr);
+    CalculatorSettings::Load_Files(s, nullptr);
     ASSERT_EQ(boxes_.Seen().size(), 1);
     EXPECT_EQ(boxes_.Seen()[0].title, "Warning:");
     EXPECT_EQ(boxes_.Seen()[0].text, "Error No. 62:  Input past end of file");
@@ -122,7 +122,7 @@ TEST_F(CalcSettingsTest, FileThatCannotBeOpenedIsKeptAndNeverOverwritten) {
     ASSERT_TRUE(QDir().mkpath(CalculatorSettings::RegisterFilePath() + "/inside"));
     CalculatorState s;
     s.Registers[5] = {5, "from this run"};
-    CalculatorSettings::Load_CalcFiles(s, nullptr);
+    CalculatorSettings::Load_Files(s, nullptr);
     ASSERT_EQ(boxes_.Seen().size(), 1);
     EXPECT_EQ(boxes_.Seen()[0].text, "Error No. 75:  Path/File access error");
     EXPECT_EQ(s.Registers[5].Description, "from this run");
@@ -131,7 +131,7 @@ TEST_F(CalcSettingsTest, FileThatCannotBeOpenedIsKeptAndNeverOverwritten) {
     boxes_.Clear();
     s.DataValues.kind = CalculatorFiles::DataList::Kind::List;
     s.DataValues.Values = {3};
-    CalculatorSettings::Save_CalcFiles(s, nullptr);
+    CalculatorSettings::Save_Files(s, nullptr);
     ASSERT_EQ(boxes_.Seen().size(), 1);
     EXPECT_EQ(boxes_.Seen()[0].text, "Error No. 75:  Path/File access error");
     EXPECT_TRUE(QFileInfo::exists(CalculatorSettings::RegisterFilePath() + "/inside"));

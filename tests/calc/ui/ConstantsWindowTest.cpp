@@ -67,22 +67,22 @@ TEST_F(ConstantWindow, ClickShowsTheValueAndOkTakesIt) {
     Calculator::Press_Key(s_, "5");
     Calculator::Press_Key(s_, "+");
     Calculator::Press_Key(s_, "cnst");
-    EXPECT_EQ(s_.DisplayBox.find("-17.7778"), 0u) << s_.DisplayBox;
+    EXPECT_EQ(s_.Shown.Number.find("-17.7778"), 0u) << s_.Shown.Number;
     Calculator::Press_Key(s_, "=");
-    EXPECT_EQ(s_.DisplayBox.find("-12.7778"), 0u) << s_.DisplayBox;
+    EXPECT_EQ(s_.Shown.Number.find("-12.7778"), 0u) << s_.Shown.Number;
 }
 
 TEST_F(ConstantWindow, ExitLeavesTheCalculatorAsItWas) {
     Calculator::Press_Key(s_, "4");
     Calculator::Press_Key(s_, "2");
-    const std::string before = s_.DisplayBox;
+    const std::string before = s_.Shown.Number;
     s_.ShowConstantWindow = [this](CalculatorState&) {
         Open();
         ClickRow(5);
         QTest::mouseClick(Button("ExitButton"), Qt::LeftButton);
     };
     Calculator::Press_Key(s_, "cnst");
-    EXPECT_EQ(s_.DisplayBox, before);
+    EXPECT_EQ(s_.Shown.Number, before);
     EXPECT_EQ(s_.EntryText, "42");
     EXPECT_TRUE(s_.ConstantChoice.IsEmpty());
 }

@@ -127,7 +127,7 @@ TEST_F(RegisterWindow, SaveWithPreviewAndDescription) {
         Click("OKButton");
     };
     Keys({"ko"});
-    EXPECT_EQ(s_.DisplayBox.find("12.5"), 0u) << s_.DisplayBox;
+    EXPECT_EQ(s_.Shown.Number.find("12.5"), 0u) << s_.Shown.Number;
 }
 
 TEST_F(RegisterWindow, OverwriteIsAskedAndNoKeepsTheWindowOpen) {
@@ -187,7 +187,7 @@ TEST_F(RegisterWindow, SwapExchangesDisplayAndRegister) {
     };
     Keys({"xk"});
     EXPECT_EQ(s_.Registers[0].Value, 6.0);
-    EXPECT_EQ(s_.DisplayBox.find("4"), 0u) << s_.DisplayBox;
+    EXPECT_EQ(s_.Shown.Number.find("4"), 0u) << s_.Shown.Number;
 }
 
 TEST_F(RegisterWindow, ExitAndEscapeChooseNothing) {

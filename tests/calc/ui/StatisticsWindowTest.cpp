@@ -80,7 +80,7 @@ TEST_F(DataWindow, DeleteCheckedRowsAsksFirst) {
 
     // The statistics keys read what is left.
     Calculator::Press_Key(s_, "ave");
-    EXPECT_EQ(s_.DisplayBox.find("2"), 0u) << s_.DisplayBox;
+    EXPECT_EQ(s_.Shown.Number.find("2"), 0u) << s_.Shown.Number;
 }
 
 TEST_F(DataWindow, DeleteAllLeavesNoList) {
@@ -99,7 +99,7 @@ TEST_F(DataWindow, DeleteAllLeavesNoList) {
     EXPECT_FALSE(s_.DataValues.IsList());
     EXPECT_EQ(s_.DataValues.kind, CalculatorFiles::DataList::Kind::EmptyText);
     Calculator::Press_Key(s_, "ave");
-    EXPECT_NE(s_.DisplayBox.find("Empty Data"), std::string::npos) << s_.DisplayBox;
+    EXPECT_NE(s_.Shown.Number.find("Empty Data"), std::string::npos) << s_.Shown.Number;
 }
 
 }  // namespace
