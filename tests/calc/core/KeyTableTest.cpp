@@ -1,9 +1,8 @@
 // The key table: one entry per key, found by token and by control name, and
-// the routes Press_Key takes from it.
+// the keyboard keys that act as its keys.
 #include <gtest/gtest.h>
 
 #include <set>
-#include <sstream>
 #include <string>
 
 #include "calc/core/CalculatorEngine.h"
@@ -24,62 +23,38 @@ TEST(CalcKeyTable, TokensAndControlsAreUniqueAndFound) {
         EXPECT_EQ(Calculator::Is_Key_Token(k.token), k.kind != KeyKind::Window) << k.token;
     }
     EXPECT_EQ(Calculator::Find_Key("nosuchkey"), nullptr);
-    EXPECT_FALSE(Calculator::Is_Key_Token("time"));
-}
-
-TEST(CalcKeyTable, RegisterKeysNameTheirWindowAction) {
     CalculatorState s;
-    Calculator::Initial_Routine(s);
-    std::vector<RegisterAction> opened;
-    s.ShowRegisterWindow = [&](CalculatorState& st) { opened.push_back(st.MemoryAction); };
-    for (const auto& k : Calculator::Key_Table()) {
-        if (!k.registerAction) continue;
-        opened.clear();
-        ASSERT_TRUE(Calculator::Press_Key(s, k.token));
-        EXPECT_EQ(opened, std::vector<RegisterAction>{*k.registerAction}) << k.token;
-    }
+    for (const char* notEngine : {"time", "tab0", "bogus"}) EXPECT_FALSE(Calculator::Press_Key(s, notEngine));
 }
 
-TEST(CalcKeyTable, OnlyDispatchedKeysSetTheOperatorMark) {
-    CalculatorState s;
-    Calculator::Initial_Routine(s);
-    Calculator::Press_Key(s, "5");
-    Calculator::Press_Key(s, "/");
-    EXPECT_EQ(s.Shown.OperatorMark, "\xC3\xB7");
-    Calculator::Press_Key(s, "min");  // a key of its own action leaves the mark
-    EXPECT_EQ(s.Shown.OperatorMark, "\xC3\xB7");
-    Calculator::Press_Key(s, "=");
-    EXPECT_EQ(s.Shown.OperatorMark, "");
-}
-
-}  // namespace
-
-namespace {
-
-TEST(CalcCopy, DisplayDigitsForASpreadsheet) {
-    struct Case {
-        const char* keys;
-        const char* digits;
-        const char* value;  // the plain value copy beside it
-    };
-    const Case cases[] = {
-        {"5", "5", "5"},
-        {"1 2 dot 5", "12.5", "12.5"},
-        {"1 exp 1 5", "1E+15", "1E+15"},
-        {"1 exp 2 0 pm", "1E-20", "1E-20"},
-        {"2 pm", "-2", "-2"},
-        {"1 / 3 =", "0.333333333333333", "0.333333333333333"},
-        {"3 frc 4", "3", "3"},  // a fraction being typed: its X, not the fraction text
-        {"1 / 0 =", "", "0"},   // an error: nothing for the spreadsheet
-    };
-    for (const auto& c : cases) {
-        CalculatorState s;
-        Calculator::Initial_Routine(s);
-        std::istringstream in(c.keys);
-        for (std::string t; in >> t;) Calculator::Press_Key(s, t);
-        EXPECT_EQ(Calculator::Display_Digits(s), c.digits) << c.keys;
-        EXPECT_EQ(Calculator::Copy_Text(s), c.value) << c.keys;
+TEST(CalcKeyTable, KeyboardKeysActAsTheirKeys) {
+    using B = Calculator::Keyboard;
+    using M = Calculator::Modifiers;
+    // clang-format off
+    const struct {
+        B key;
+        M held;
+        const char* token;
+    } table[] = {
+        {B::Digit0, M::None, "0"},       {B::Digit1, M::None, "1"},     {B::Digit1, M::Shift, ""},
+        {B::Digit3, M::Shift, "3"},      {B::Digit4, M::Other, "4"},    {B::Digit6, M::Shift, "exp"},
+        {B::Digit6, M::None, "6"},       {B::Digit6, M::Other, "6"},    {B::Digit8, M::Shift, "*"},
+        {B::Digit8, M::None, "8"},       {B::Digit9, M::Shift, ""},     {B::Keypad0, M::None, "0"},
+        {B::Keypad9, M::Shift, "9"},     {B::Point, M::None, "dot"},    {B::Delete, M::None, "AC"},
+        {B::Backspace, M::None, "ers"},  {B::Escape, M::None, "C"},     {B::Enter, M::Other, "="},
+        {B::Equal, M::None, "="},        {B::Equal, M::Other, "="},     {B::Equal, M::Shift, "+"},
+        {B::Plus, M::Shift, "+"},        {B::Slash, M::None, "/"},      {B::Asterisk, M::Other, "*"},
+        {B::KeypadMinus, M::Other, "-"}, {B::Minus, M::None, "-"},      {B::Minus, M::Shift, ""},
+        {B::F8, M::None, "exp"},         {B::F9, M::None, "PI"},        {B::Up, M::None, "xy"},
+        {B::F1, M::None, ""},            {B::None, M::None, ""}};
+    // clang-format on
+    for (const auto& k : table) {
+        const Calculator::KeyDef* key = Calculator::Keyboard_Key(k.key, k.held);
+        EXPECT_EQ(key ? key->token : "", std::string(k.token)) << int(k.key) << " " << int(k.held);
     }
+    EXPECT_EQ(Calculator::Keyboard_Page(B::F1), 0);
+    EXPECT_EQ(Calculator::Keyboard_Page(B::F4), 3);
+    EXPECT_EQ(Calculator::Keyboard_Page(B::F8), -1);
 }
 
 }  // namespace
