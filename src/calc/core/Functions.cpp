@@ -77,15 +77,6 @@ FunctionResult HypTangent(double x) {
 
 }  // namespace
 
-bool Is_Function_Token(const std::string& t) {
-    static const char* const kTokens[] = {"sqr",  "sqrt", "cubt", "cube", "log",  "alog",  "ln",    "aln",
-                                          "tan",  "sin",  "cos",  "rcp",  "fact", "iTan",  "iCos",  "iSin",
-                                          "tanh", "sinh", "cosh", "itanh", "isinh", "icosh"};
-    for (const char* k : kTokens)
-        if (t == k) return true;
-    return false;
-}
-
 FunctionResult Evaluate_Function(const CalculatorState& s, const std::string& t, double x) {
     if (t == "sqr") return Checked(std::pow(x, 2), "Infinity");
     if (t == "sqrt") return Checked(std::pow(x, 0.5), "Undefined");

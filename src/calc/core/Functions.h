@@ -20,8 +20,6 @@ struct FunctionResult {
     std::string word;
 };
 
-// True for the tokens handled by Evaluate_Function.
-bool Is_Function_Token(const std::string& token);
 // Applies the function named by `token` to x (the displayed value).
 FunctionResult Evaluate_Function(const CalculatorState& s, const std::string& token, double x);
 

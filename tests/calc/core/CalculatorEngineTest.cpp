@@ -3,11 +3,12 @@
 // what needs the engine's hooks or functions called directly.
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "CaseFile.h"
 #include "calc/core/CalculatorEngine.h"
 #include "shell/core/Primitives.h"
 
@@ -34,14 +35,14 @@ std::string Shown(const CalculatorState& s) { return s.Shown.Number + "|" + s.Sh
 bool Replay(CalculatorState& s, const std::string& word) {
     const size_t colon = word.find(':');
     const std::string head = word.substr(0, colon), tail = colon == std::string::npos ? "" : word.substr(colon + 1);
-    if (head == "deg" || head == "rad" || head == "grad") {
-        Calculator::Set_Angle_Mode(s, head == "rad"    ? AngleMode::Radian
-                                      : head == "grad" ? AngleMode::Gradian
-                                                       : AngleMode::Degree);
-    } else if (head == "norm" || head == "fix" || head == "sci") {
-        Calculator::Set_Display_Mode(s, head == "fix"   ? DisplayMode::Fixed
-                                        : head == "sci" ? DisplayMode::Scientific
-                                                        : DisplayMode::Normal);
+    static const std::map<std::string, AngleMode> angles = {
+        {"deg", AngleMode::Degree}, {"rad", AngleMode::Radian}, {"grad", AngleMode::Gradian}};
+    static const std::map<std::string, DisplayMode> modes = {
+        {"norm", DisplayMode::Normal}, {"fix", DisplayMode::Fixed}, {"sci", DisplayMode::Scientific}};
+    if (angles.count(head)) {
+        Calculator::Set_Angle_Mode(s, angles.at(head));
+    } else if (modes.count(head)) {
+        Calculator::Set_Display_Mode(s, modes.at(head));
         if (!tail.empty()) Calculator::Set_Places(s, std::stoi(tail));
     } else if (head == "now") {
         const double now = std::stod(tail);
@@ -71,29 +72,17 @@ std::string Field(const CalculatorState& s, const std::string& name) {
 }
 
 TEST(CalcKeySequences, EveryLineOfTheFile) {
-    std::ifstream in(std::string(FERROLITH_TEST_DATA) + "/key_sequences.golden");
-    ASSERT_TRUE(in.good());
-    int n = 0, cases = 0;
-    for (std::string line; std::getline(in, line);) {
-        ++n;
-        line = line.substr(0, line.find('#'));
-        const size_t arrow = line.find("->");
-        if (arrow == std::string::npos) continue;
-        ++cases;
-        SCOPED_TRACE("key_sequences.golden:" + std::to_string(n) + ": " + line);
-        const std::string expected = line.substr(arrow + 2);
-        const size_t semicolon = expected.find(';');
-        CalculatorState s = Fresh();
-        std::istringstream keys(line.substr(0, arrow));
-        for (std::string word; keys >> word;) ASSERT_TRUE(Replay(s, word)) << word;
-        EXPECT_EQ(Shown(s), Trim(expected.substr(0, semicolon)));
-        if (semicolon == std::string::npos) continue;
-        std::istringstream fields(expected.substr(semicolon + 1));
-        for (std::string f; fields >> f;) {
-            const size_t eq = f.find('=');
-            EXPECT_EQ(Field(s, f.substr(0, eq)), f.substr(eq + 1)) << f;
-        }
-    }
+    const int cases =
+        calctest::ForEachCase("key_sequences.golden", [](const std::string& keys, const std::string& want) {
+            CalculatorState s = Fresh();
+            std::istringstream words(keys);
+            for (std::string word; words >> word;) ASSERT_TRUE(Replay(s, word)) << word;
+            const size_t semicolon = want.find(';');
+            EXPECT_EQ(Shown(s), Trim(want.substr(0, semicolon)));
+            std::istringstream fields(semicolon == std::string::npos ? "" : want.substr(semicolon + 1));
+            for (std::string f; fields >> f;)
+                EXPECT_EQ(Field(s, f.substr(0, f.find('='))), f.substr(f.find('=') + 1)) << f;
+        });
     EXPECT_GT(cases, 250);
 }
 
@@ -112,6 +101,9 @@ TEST(CalcEngine, PasteTakesTheNumberAtTheStartOfTheClipboard) {
     Press(s, "xtract");
     EXPECT_EQ(Shown(s), "12.5|");
     EXPECT_EQ(boxes, std::vector<std::string>{"Warning: Nothing to paste. Clipboard is EMPTY !"});
+    clip = "1e400";
+    Press(s, "xtract");
+    EXPECT_EQ(Shown(s), "*Infinity*|");
 }
 
 TEST(CalcEngine, ClockSwallowsTheNextKey) {
@@ -128,24 +120,21 @@ TEST(CalcEngine, ClockSwallowsTheNextKey) {
     EXPECT_EQ(Shown(s), "427.|");
 }
 
-TEST(CalcEngine, PolarToRectangularNearZero) {
-    CalculatorState s = Fresh();
-    Press(s, "2 ptor 9 0 =");
-    EXPECT_NEAR(s.DisplayValue.number, 0.0, 1e-14);
-    EXPECT_EQ(s.Shown.Exponent, "-15");
-}
-
 TEST(CalcEngine, LengthRules) {
-    const std::pair<std::string, std::string> limited[] = {{"3.14159265358979", "3.14159265358979"},
-                                                           {"-12.3456789012345678", "-12.3456789012346"},
-                                                           {"1.5E+20", "1.5E+20"}};
-    for (const auto& [in, out] : limited) EXPECT_EQ(Calculator::Limit_Digits(in), out);
-    const std::pair<std::string, std::string> checked[] = {{"123.45600000000000", "123.456"},
-                                                           {"123456789012345", "123456789012345"},
-                                                           {"-123456789012345", "-123456789012345"},
-                                                           {"1.1234567890123456789", "1.12345678901235E+00"},
-                                                           {"12.5", "12.5"}};
-    for (const auto& [in, out] : checked) EXPECT_EQ(Calculator::Check_Length(in), out);
+    using Calculator::Check_Length, Calculator::Limit_Digits;
+    const struct {
+        std::string (*f)(const std::string&);
+        const char *in, *out;
+    } cases[] = {{Limit_Digits, "3.14159265358979", "3.14159265358979"},
+                 {Limit_Digits, "-12.3456789012345678", "-12.3456789012346"},
+                 {Limit_Digits, "1.5E+20", "1.5E+20"},
+                 {Check_Length, "123.45600000000000", "123.456"},
+                 {Check_Length, "-123456789012345", "-123456789012345"},
+                 {Check_Length, "1.1234567890123456789", "1.12345678901235E+00"},
+                 {Check_Length, "12.5", "12.5"},
+                 {Check_Length, "12345678901234567.5", "12345678901234600."},
+                 {Check_Length, "1.2345678901234567E+05", "1.23456789012346E+05"}};
+    for (const auto& c : cases) EXPECT_EQ(c.f(c.in), c.out) << c.in;
 }
 
 TEST(CalcEngine, SpeechSaysWordsAndResultsOnlyWhenOn) {

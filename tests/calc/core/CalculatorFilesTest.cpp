@@ -4,7 +4,9 @@
 
 #include <cstring>
 #include <limits>
+#include <sstream>
 
+#include "CaseFile.h"
 #include "calc/core/CalculatorFiles.h"
 #include "support/TempFolder.h"
 
@@ -56,16 +58,9 @@ void ExpectSameRegisters(const RegisterArray& a, const RegisterArray& b) {
 
 using CalcFilesDir = testutil::TempFolder;
 
-TEST(CalcFiles, RowNamesAndMessage) {
+TEST(CalcFiles, RegisterRecordsByteForByteAndTheirNames) {
     EXPECT_EQ(Register_Name(0) + Register_Name(9) + Register_Name(99), "Reg-001Reg-010Reg-100");
     EXPECT_EQ(Data_Name(0) + Data_Name(98) + Data_Name(99), "Data-01Data-99Data-100");
-    FileStatus st;
-    st.outcome = Outcome::FirstRun;
-    EXPECT_FALSE(st.ShowMessage());
-    EXPECT_STREQ(FileStatus::MessageTitle, "Warning:");
-}
-
-TEST(CalcFiles, RegisterRecordsByteForByte) {
     RegisterArray r;
     EXPECT_EQ(Encode_Registers(r), std::string(1000, '\0'));
     r[0] = {1.5, "ab"};
@@ -82,30 +77,19 @@ TEST(CalcFiles, RegisterRecordsByteForByte) {
     EXPECT_EQ(out[3].Description, std::string(65535, 'x'));
 }
 
-TEST(CalcFiles, EveryTruncatedRegisterFileIsDamagedAndLeavesTheTargetAlone) {
+TEST(CalcFiles, RegisterFilesCutShortOrHoldingNoNumbersAreDamaged) {
     const std::string bytes = Encode_Registers(SampleRegisters());
     for (size_t cut = 0; cut < bytes.size(); ++cut) {
         RegisterArray target = SampleRegisters();
         const FileStatus st = Decode_Registers(std::string_view(bytes).substr(0, cut), target);
         ASSERT_EQ(st.outcome, Outcome::Damaged) << cut;
         ASSERT_EQ(st.ErrorNumber, 62) << cut;
-        ASSERT_EQ(target[42].Description, SampleRegisters()[42].Description);
+        ASSERT_EQ(target[42].Description, SampleRegisters()[42].Description);  // left alone
     }
-}
-
-TEST(CalcFiles, RegisterValuesThatAreNoNumbersAndTrailingBytes) {
     RegisterArray out;
-    const std::string bytes = Encode_Registers(RegisterArray{});
-    // Bytes past the hundredth record are not part of the file's content.
-    EXPECT_EQ(Decode_Registers(bytes + "junk", out).outcome, Outcome::Loaded);
-    for (double bad : {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
-        std::string b = bytes;
-        b.replace(50 * 10, 8, DoubleBytes(bad));
-        EXPECT_EQ(Decode_Registers(b, out).ErrorNumber, 13);
-    }
-    std::string b = bytes;  // a length that runs past the end of the file
-    b[99 * 10 + 8] = b[99 * 10 + 9] = char(0xFF);
-    EXPECT_EQ(Decode_Registers(b, out).ErrorNumber, 62);
+    EXPECT_EQ(Decode_Registers(bytes + "junk", out).outcome, Outcome::Loaded);  // bytes after the last record
+    for (double bad : {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()})
+        EXPECT_EQ(Decode_Registers(std::string(bytes).replace(12, 8, DoubleBytes(bad)), out).ErrorNumber, 13);
 }
 
 TEST(CalcFiles, DataBytesOfEachKind) {
@@ -117,79 +101,41 @@ TEST(CalcFiles, DataBytesOfEachKind) {
               "05 00 00 00 00 00 00 00 04 C0");
 }
 
-TEST(CalcFiles, MalformedDataFiles) {
-    const std::string header = Bytes({0x0C, 0x20, 0x01, 0x00});
-    const std::string one = Bytes({0x01, 0, 0, 0});
-    const std::string zero32 = Bytes({0, 0, 0, 0});
-    const std::string item = Bytes({0x05, 0x00}) + DoubleBytes(3.0);
-    const std::string nan = DoubleBytes(std::numeric_limits<double>::quiet_NaN());
-    const struct {
-        const char* what;
-        std::string bytes;
-        int error;  // 0: reads fine
-        Kind kind;
-    } cases[] = {
-        {"nothing", "", 62, {}},
-        {"half a tag", Bytes({0x0C}), 62, {}},
-        {"empty", Bytes({0, 0}), 0, Kind::Empty},
-        {"empty text", Bytes({8, 0, 0, 0}), 0, Kind::EmptyText},
-        {"some text", Bytes({8, 0, 2, 0, 'h', 'i'}), 0, Kind::EmptyText},
-        {"text cut short", Bytes({8, 0, 5, 0, 'h', 'i'}), 62, {}},
-        {"text without length", Bytes({8, 0}), 62, {}},
-        {"a lone number", Bytes({5, 0}) + DoubleBytes(1.0), 13, {}},
-        {"unknown tag", Bytes({0x34, 0x12}), 13, {}},
-        {"one value", header + one + zero32 + item, 0, Kind::List},
-        {"list of none", header + zero32 + zero32, 0, Kind::Empty},
-        {"two dimensions", Bytes({0x0C, 0x20, 0x02, 0x00}) + one + zero32 + item, 13, {}},
-        {"lower bound 1", header + one + one + item, 13, {}},
-        {"count past the bytes", header + Bytes({2, 0, 0, 0}) + zero32 + item, 62, {}},
-        {"huge count", header + Bytes({0xFF, 0xFF, 0xFF, 0xFF}) + zero32 + item, 62, {}},
-        {"header cut short", header + one, 62, {}},
-        {"item of another type", header + one + zero32 + Bytes({2, 0}) + DoubleBytes(3.0), 13, {}},
-        {"item not a number", header + one + zero32 + Bytes({5, 0}) + nan, 13, {}},
-        {"trailing bytes", header + one + zero32 + item + "xyz", 0, Kind::List},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        DataList out = SampleData();
-        const FileStatus st = Decode_Data(c.bytes, out);
-        EXPECT_EQ(st.outcome, c.error == 0 ? Outcome::Loaded : Outcome::Damaged);
-        EXPECT_EQ(st.ErrorNumber, c.error);
-        if (c.error != 0) {
-            EXPECT_EQ(out.Values, SampleData().Values);  // untouched
-        } else {
-            EXPECT_EQ(out.kind, c.kind);
-            EXPECT_EQ(out.Values, c.kind == Kind::List ? std::vector<double>{3.0} : std::vector<double>{});
-        }
-    }
+TEST(CalcFiles, StatisticsFilesAsTheReaderTakesThem) {
+    const int cases =
+        calctest::ForEachCase("statistics_files.golden", [](const std::string& hex, const std::string& want) {
+            std::string bytes;
+            std::istringstream in(hex);
+            for (std::string b; in >> b;) bytes.push_back(char(std::stoi(b, nullptr, 16)));
+            DataList out = SampleData();
+            const FileStatus st = Decode_Data(bytes, out);
+            if (st.outcome == Outcome::Damaged) {
+                EXPECT_EQ(std::to_string(st.ErrorNumber), want);
+                EXPECT_EQ(out.Values, SampleData().Values);  // left alone
+            } else if (out.IsList()) {
+                std::string values;
+                for (double v : out.Values) values += (values.empty() ? "" : ",") + prim::PlainText(v);
+                EXPECT_EQ(values, want);
+            } else {
+                EXPECT_EQ(out.kind == Kind::Empty ? "empty" : "text", want);
+            }
+        });
+    EXPECT_EQ(cases, 20);
 }
 
-TEST_F(CalcFilesDir, FirstRunFindsNoFileOrAnEmptyOne) {
-    const fs::path mem = dir_ / kRegisterFileName, sdf = dir_ / kDataFileName;
-    for (bool empty : {false, true}) {
-        if (empty) {
-            WriteAll(mem, "");
-            WriteAll(sdf, "");
-        }
-        RegisterArray regs = SampleRegisters();
-        DataList data = SampleData();
-        EXPECT_EQ(Load_Registers(mem, regs).outcome, Outcome::FirstRun);
-        EXPECT_EQ(Load_Data(sdf, data).outcome, Outcome::FirstRun);
-        ExpectSameRegisters(regs, RegisterArray{});
-        EXPECT_EQ(data.kind, Kind::Empty);
-        EXPECT_EQ(Entries(), empty ? 2u : 0u);
-    }
-}
-
-TEST_F(CalcFilesDir, SaveWritesTheFormatAndLoadReadsItBack) {
-    const fs::path mem = dir_ / "sub" / kRegisterFileName;  // folder made on first write
+TEST_F(CalcFilesDir, FirstRunThenSaveAndLoadBack) {
+    const fs::path mem = dir_ / "sub" / kRegisterFileName;  // the folder is made on the first save
     const fs::path sdf = dir_ / "sub" / kDataFileName;
+    RegisterArray regs = SampleRegisters();
+    DataList data = SampleData();
+    EXPECT_EQ(Load_Registers(mem, regs).outcome, Outcome::FirstRun);  // no file
+    EXPECT_EQ(Load_Data(sdf, data).outcome, Outcome::FirstRun);
+    ExpectSameRegisters(regs, RegisterArray{});
+    EXPECT_EQ(data.kind, Kind::Empty);
     EXPECT_EQ(Save_Registers(mem, SampleRegisters()).outcome, Outcome::Saved);
     EXPECT_EQ(Save_Data(sdf, SampleData()).outcome, Outcome::Saved);
     EXPECT_EQ(ReadAll(mem), Encode_Registers(SampleRegisters()));
     EXPECT_EQ(ReadAll(sdf), Encode_Data(SampleData()));
-    RegisterArray regs;
-    DataList data;
     EXPECT_EQ(Load_Registers(mem, regs).outcome, Outcome::Loaded);
     EXPECT_EQ(Load_Data(sdf, data).outcome, Outcome::Loaded);
     ExpectSameRegisters(regs, SampleRegisters());
@@ -199,6 +145,9 @@ TEST_F(CalcFilesDir, SaveWritesTheFormatAndLoadReadsItBack) {
     EXPECT_EQ(Load_Data(sdf, data).outcome, Outcome::Loaded);
     EXPECT_EQ(data.kind, Kind::EmptyText);
     EXPECT_EQ(Entries(dir_ / "sub"), 2u);
+    WriteAll(mem, "");  // an empty file is a first run too
+    EXPECT_EQ(Load_Registers(mem, regs).outcome, Outcome::FirstRun);
+    ExpectSameRegisters(regs, RegisterArray{});
 }
 
 TEST_F(CalcFilesDir, DamagedFilesAreDeletedWithAWarning) {
@@ -206,16 +155,14 @@ TEST_F(CalcFilesDir, DamagedFilesAreDeletedWithAWarning) {
     WriteAll(mem, Encode_Registers(SampleRegisters()).substr(0, 500));
     WriteAll(sdf, Bytes({0x0C, 0x20, 0x01, 0x00, 9, 0, 0, 0, 0, 0, 0, 0}));
     RegisterArray regs = SampleRegisters();
-    const FileStatus st = Load_Registers(mem, regs);
+    DataList data = SampleData();
+    const FileStatus st = Load_Registers(mem, regs), sd = Load_Data(sdf, data);
     EXPECT_EQ(st.outcome, Outcome::Damaged);
     EXPECT_TRUE(st.ShowMessage());
     EXPECT_EQ(st.Message(), "Error No. 62:  Input past end of file");
-    EXPECT_TRUE(st.FileDeleted);
+    EXPECT_EQ(sd.Message(), st.Message());
+    EXPECT_TRUE(st.FileDeleted && sd.FileDeleted);
     ExpectSameRegisters(regs, RegisterArray{});
-    DataList data = SampleData();
-    const FileStatus sd = Load_Data(sdf, data);
-    EXPECT_EQ(sd.ErrorNumber, 62);
-    EXPECT_TRUE(sd.FileDeleted);
     EXPECT_FALSE(data.IsList());
     EXPECT_EQ(Entries(), 0u);
     EXPECT_EQ(Load_Registers(mem, regs).outcome, Outcome::FirstRun);  // the next start is a first run

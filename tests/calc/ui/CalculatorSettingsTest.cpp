@@ -1,3 +1,6 @@
+// What the calculator keeps between runs: the read-out switch and the M
+// memory in the settings, the registers and data in their files, with the
+// warnings the window shows.
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -5,11 +8,11 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include "support/GuiTestSupport.h"
-#include "calc/ui/CalculatorSettings.h"
 #include "calc/core/CalculatorState.h"
+#include "calc/ui/CalculatorSettings.h"
 #include "calc/ui/Voice.h"
 #include "shell/ui/SettingsStore.h"
+#include "support/GuiTestSupport.h"
 
 namespace {
 
@@ -27,39 +30,31 @@ protected:
     static void Fill(CalculatorState& s) {
         s.Registers[0] = {12.5, "beam span"};
         s.Registers[99] = {-3e-20, "Grüße"};
-        s.DataValues.kind = CalculatorFiles::DataList::Kind::List;
-        s.DataValues.Values = {1, 2.5, -7};
+        s.DataValues = {CalculatorFiles::DataList::Kind::List, {1, 2.5, -7}};
         s.MemoryValue = 42.125;
+    }
+    QString ReadOutSetting() {
+        return settings::GetSetting(settings::ProgramTitle(), "SciCalcSetting", "CalcReadOutLoud");
     }
 
     guitest::ModalWatchdog boxes_;
 };
 
-TEST_F(CalcSettingsTest, ReadOutLoudIsAnyNumberButZero) {
+TEST_F(CalcSettingsTest, ReadOutLoudIsAnyNumberButZeroAndTheMenuTogglesIt) {
     EXPECT_FALSE(CalculatorSettings::ReadOutLoud());
-    const char* on[] = {"1", "5", " -1", "2.5"};
-    const char* off[] = {"0", "abc", "", "0.0"};
-    const QString title = settings::ProgramTitle();
-    for (const char* v : on) {
-        settings::SaveSetting(title, "SciCalcSetting", "CalcReadOutLoud", v);
-        EXPECT_TRUE(CalculatorSettings::ReadOutLoud()) << v;
+    const std::pair<const char*, bool> values[] = {{"1", true},  {"5", true},    {" -1", true}, {"2.5", true},
+                                                   {"0", false}, {"abc", false}, {"", false},   {"0.0", false}};
+    for (const auto& [v, on] : values) {
+        settings::SaveSetting(settings::ProgramTitle(), "SciCalcSetting", "CalcReadOutLoud", v);
+        EXPECT_EQ(CalculatorSettings::ReadOutLoud(), on) << v;
     }
-    for (const char* v : off) {
-        settings::SaveSetting(title, "SciCalcSetting", "CalcReadOutLoud", v);
-        EXPECT_FALSE(CalculatorSettings::ReadOutLoud()) << v;
-    }
-}
-
-TEST_F(CalcSettingsTest, ReadOutMenuTogglesStoresAndCutsOff) {
     Voice voice;
     CalculatorState s;
     EXPECT_TRUE(CalculatorSettings::Toggle_Read_Out(s, &voice));
     EXPECT_TRUE(s.ReadOutOn);
-    EXPECT_EQ(settings::GetSetting(settings::ProgramTitle(), "SciCalcSetting", "CalcReadOutLoud"), "1");
-    EXPECT_TRUE(CalculatorSettings::ReadOutLoud());
+    EXPECT_EQ(ReadOutSetting(), "1");
     EXPECT_FALSE(CalculatorSettings::Toggle_Read_Out(s, &voice));
-    EXPECT_FALSE(s.ReadOutOn);
-    EXPECT_EQ(settings::GetSetting(settings::ProgramTitle(), "SciCalcSetting", "CalcReadOutLoud"), "0");
+    EXPECT_EQ(ReadOutSetting(), "0");
     EXPECT_EQ(voice.Speaking(), "");
 }
 
@@ -85,14 +80,15 @@ TEST_F(CalcSettingsTest, RegistersDataAndMemorySurviveARestart) {
         Fill(s);
         CalculatorSettings::Save_Files(s, nullptr);
     }
-    EXPECT_EQ(QFileInfo(CalculatorSettings::RegisterFilePath()).size(), 1000 + 9 + 5);  // descriptions in Windows-1252
-    CalculatorState s;
+    EXPECT_EQ(QFileInfo(CalculatorSettings::RegisterFilePath()).size(), 1000 + 9 + 5);  // in Windows-1252
+    CalculatorState s, before;
+    Fill(before);
     CalculatorSettings::Load_Files(s, nullptr);
-    EXPECT_EQ(s.Registers[0].Value, 12.5);
-    EXPECT_EQ(s.Registers[0].Description, "beam span");
-    EXPECT_EQ(s.Registers[99].Value, -3e-20);
-    EXPECT_EQ(s.Registers[99].Description, "Grüße");
-    EXPECT_EQ(s.DataValues.Values, (std::vector<double>{1, 2.5, -7}));
+    for (size_t i : {0, 99}) {
+        EXPECT_EQ(s.Registers[i].Value, before.Registers[i].Value);
+        EXPECT_EQ(s.Registers[i].Description, before.Registers[i].Description);
+    }
+    EXPECT_EQ(s.DataValues.Values, before.DataValues.Values);
     EXPECT_EQ(s.MemoryValue, 42.125);
     EXPECT_EQ(s.Shown.MemoryMark, "MEM");
     EXPECT_TRUE(boxes_.Seen().isEmpty());
@@ -102,9 +98,7 @@ TEST_F(CalcSettingsTest, DamagedFileIsDeletedWithTheWarningAndNothingElseIsLost)
     CalculatorState before;
     Fill(before);
     CalculatorSettings::Save_Files(before, nullptr);
-    QFile f(CalculatorSettings::RegisterFilePath());
-    ASSERT_TRUE(f.resize(500));  // cut short
-
+    ASSERT_TRUE(QFile(CalculatorSettings::RegisterFilePath()).resize(500));  // cut short
     CalculatorState s;
     CalculatorSettings::Load_Files(s, nullptr);
     ASSERT_EQ(boxes_.Seen().size(), 1);
@@ -119,22 +113,17 @@ TEST_F(CalcSettingsTest, DamagedFileIsDeletedWithTheWarningAndNothingElseIsLost)
 
 TEST_F(CalcSettingsTest, FileThatCannotBeOpenedIsKeptAndNeverOverwritten) {
     // A folder where the register file should be: it cannot be opened.
-    ASSERT_TRUE(QDir().mkpath(CalculatorSettings::RegisterFilePath() + "/inside"));
+    const QString inside = CalculatorSettings::RegisterFilePath() + "/inside";
+    ASSERT_TRUE(QDir().mkpath(inside));
     CalculatorState s;
     s.Registers[5] = {5, "from this run"};
     CalculatorSettings::Load_Files(s, nullptr);
-    ASSERT_EQ(boxes_.Seen().size(), 1);
-    EXPECT_EQ(boxes_.Seen()[0].text, "Error No. 75:  Path/File access error");
     EXPECT_EQ(s.Registers[5].Description, "from this run");
-    EXPECT_TRUE(QFileInfo::exists(CalculatorSettings::RegisterFilePath() + "/inside"));
-
-    boxes_.Clear();
-    s.DataValues.kind = CalculatorFiles::DataList::Kind::List;
-    s.DataValues.Values = {3};
+    s.DataValues = {CalculatorFiles::DataList::Kind::List, {3}};
     CalculatorSettings::Save_Files(s, nullptr);
-    ASSERT_EQ(boxes_.Seen().size(), 1);
-    EXPECT_EQ(boxes_.Seen()[0].text, "Error No. 75:  Path/File access error");
-    EXPECT_TRUE(QFileInfo::exists(CalculatorSettings::RegisterFilePath() + "/inside"));
+    ASSERT_EQ(boxes_.Seen().size(), 2);  // at the start and again at the close
+    for (const auto& box : boxes_.Seen()) EXPECT_EQ(box.text, "Error No. 75:  Path/File access error");
+    EXPECT_TRUE(QFileInfo::exists(inside));
     EXPECT_TRUE(QFileInfo(CalculatorSettings::DataFilePath()).isFile());  // the other file is written
 }
 

@@ -1,7 +1,5 @@
 // The calculator window driven as a user drives it: mouse clicks on its keys,
 // key presses on the keyboard, menus; read back from its labels.
-#include "calc/ui/CalculatorWindow.h"
-
 #include <gtest/gtest.h>
 
 #include <QAction>
@@ -12,18 +10,19 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <memory>
 
-#include "support/GuiTestSupport.h"
 #include "board/ui/MainWindow.h"
 #include "calc/core/CalculatorEngine.h"
+#include "calc/ui/CalculatorWindow.h"
+#include "support/GuiTestSupport.h"
 
 inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
 
@@ -65,30 +64,21 @@ protected:
     guitest::ModalWatchdog watchdog_;
 };
 
-TEST_F(CalcWindow, MouseKeysWorkTheEngineAndMarkTheOperator) {
+// Every label follows the engine; the sums themselves are the engine's tests.
+TEST_F(CalcWindow, MouseKeysWorkTheEngineAndEveryLabelFollows) {
     EXPECT_EQ(Shown(), "0.|");
-    EXPECT_EQ(Label("Mode_Indicator"), "DEGREE");
-    EXPECT_EQ(Label("DispMode_Indicator"), "NORM");
-    Click({"1", "2", "+"});
-    EXPECT_EQ(Label("OperatorIndicator"), "+");
-    Click({"3", "0", "/"});
+    EXPECT_EQ(Label("Mode_Indicator") + Label("DispMode_Indicator"), "DEGREENORM");
+    Click({"1", "2", "/"});
     EXPECT_EQ(Label("OperatorIndicator"), QString::fromUtf8("\xC3\xB7"));
-    Click({"6", "="});
-    EXPECT_EQ(Shown(), "17.|");
-    EXPECT_EQ(Label("OperatorIndicator"), "");
-    Click({"1", "exp", "2", "0", "pm"});
+    Click({"/", "1", "exp", "2", "0", "pm"});
     EXPECT_EQ(Shown(), "1.|-20");  // the exponent in its own label
-    Click({"AC", "4", "*", "*", "3", "=", "5", "="});
     EXPECT_EQ(Label("CCalc_Indicator"), "K");
-    EXPECT_EQ(Shown(), "20.|");
-    Click({"min"});
-    EXPECT_EQ(Label("Mem_Indicator"), "MEM");
-    Click({"1", "/", "0", "="});
-    EXPECT_EQ(Shown(), "*Divide by Zero*|");
-    Click({"5", "C"});
+    Click({"=", "min"});
+    EXPECT_EQ(Label("OperatorIndicator") + Label("Mem_Indicator"), "MEM");
+    Click({"1", "/", "0", "=", "5", "C"});
     EXPECT_EQ(Shown(), "*Divide by Zero*|");  // only AC opens the lock
     Click({"AC", "mo"});
-    EXPECT_EQ(Shown(), "20.|");
+    EXPECT_EQ(Shown(), "8.33333333333333|-22");  // 1E-20 / 12 went into M
 }
 
 TEST_F(CalcWindow, EveryKeyOfTheTableHasItsControl) {
@@ -111,7 +101,7 @@ TEST_F(CalcWindow, KeyboardActsAsTheKeys) {
     QTest::keyClick(f, Qt::Key_7, Qt::KeypadModifier);
     QTest::keyClick(f, Qt::Key_AsciiCircum, Qt::ShiftModifier);  // Shift+6: exponent
     QTest::keyClicks(f, "152");
-    EXPECT_EQ(Shown(), "7.| 52");  // the exponent scrolls
+    EXPECT_EQ(Shown(), "7.| 52");        // the exponent scrolls
     QTest::keyClick(f, Qt::Key_Escape);  // C
     EXPECT_EQ(Shown(), "0.|");
     QTest::keyClicks(f, "2.50");
@@ -213,7 +203,8 @@ TEST_F(CalcWindow, ClockRunsUntilTheNextKeyWhichItSwallows) {
     });
     Click({"time"});  // returns when the clock has ended
     ASSERT_TRUE(seenInside);
-    EXPECT_TRUE(QRegularExpression("^[A-Z]+DAY [A-Z]{3} \\d{1,2}, \\d{4}$").match(date).hasMatch()) << date.toStdString();
+    EXPECT_TRUE(QRegularExpression("^[A-Z]+DAY [A-Z]{3} \\d{1,2}, \\d{4}$").match(date).hasMatch())
+        << date.toStdString();
     EXPECT_TRUE(QRegularExpression("^\\d\\d:\\d\\d:\\d\\d [AP]M$").match(time).hasMatch()) << time.toStdString();
     EXPECT_EQ(Shown(), "9.|");
     EXPECT_EQ(Label("DateBox"), "");
@@ -239,8 +230,6 @@ TEST_F(CalcWindow, HidingTheWindowEndsTheClock) {
 TEST_F(CalcWindow, CopyAndPasteThroughTheClipboard) {
     QClipboard* clip = QGuiApplication::clipboard();
     Click({"1", "/", "8", "="});
-    Menu("mnuCopy")->trigger();
-    EXPECT_EQ(clip->text(), "0.125");
     Menu("mnuFixed")->trigger();
     frm_->findChild<QComboBox*>("PrecBox")->activated(2);
     EXPECT_EQ(Shown(), "0.13|");
@@ -249,25 +238,17 @@ TEST_F(CalcWindow, CopyAndPasteThroughTheClipboard) {
     Menu("mnuCopyDigits")->trigger();
     EXPECT_EQ(clip->text(), "0.13");  // the display as digits
     Menu("mnuNormal")->trigger();
-    Click({"2", "exp", "1", "6"});
-    Menu("mnuCopyDigits")->trigger();
-    EXPECT_EQ(clip->text(), "2E+16");
-
     clip->setText("  -3.25 kN");
     Menu("mnuPaste")->trigger();
     EXPECT_EQ(Shown(), "-3.25|");
-    clip->setText("abc");
-    Menu("mnuPaste")->trigger();
-    EXPECT_EQ(Shown(), "0.|");
     EXPECT_TRUE(watchdog_.Seen().isEmpty());
-    Click({"7"});
     clip->clear();
     Menu("mnuPaste")->trigger();
     ASSERT_EQ(watchdog_.Seen().size(), 1);
     EXPECT_EQ(watchdog_.Seen()[0].title, "Warning");
     EXPECT_EQ(watchdog_.Seen()[0].text, "Nothing to paste. Clipboard is EMPTY !");
     EXPECT_EQ(watchdog_.Seen()[0].icon, QMessageBox::Critical);
-    EXPECT_EQ(Shown(), "7.|");
+    EXPECT_EQ(Shown(), "-3.25|");
 }
 
 TEST_F(CalcWindow, RegisterKeysTakeTheWindowOffTheTop) {
@@ -319,17 +300,20 @@ TEST_F(CalcWindow, Screenshots) {
     const QString dir = qEnvironmentVariable("FERROLITH_SHOTS");
     if (dir.isEmpty()) GTEST_SKIP() << "FERROLITH_SHOTS not set";
     const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1");
+    auto save = [&](const QString& name) {
+        EXPECT_TRUE(frm_->grab().save(QDir(dir).filePath(QString("calc_%1_scale%2.png").arg(name, scale))));
+    };
     Click({"1", "2", "3", "4", "dot", "5", "exp", "1", "2", "min"});
     frm_->adjustSize();
     for (int i = 0; i < Tabs()->count(); ++i) {
         Tabs()->setCurrentIndex(i);
         QTest::qWait(20);
-        EXPECT_TRUE(frm_->grab().save(QDir(dir).filePath(QString("calc_page%1_scale%2.png").arg(i).arg(scale))));
+        save(QString("page%1").arg(i));
     }
     Click({"AC", "1", "2", "3", "4", "5", "6", "7", "8", "9", "0", "1", "2", "3", "4", "5", "pm", "*"});
-    EXPECT_TRUE(frm_->grab().save(QDir(dir).filePath(QString("calc_long_scale%1.png").arg(scale))));
+    save("long");
     QTimer::singleShot(100, [&] {
-        EXPECT_TRUE(frm_->grab().save(QDir(dir).filePath(QString("calc_clock_scale%1.png").arg(scale))));
+        save("clock");
         QTest::mouseClick(Key("key_AC"), Qt::LeftButton);
     });
     Click({"time"});

@@ -1,3 +1,4 @@
+// The constants window: the table in a list; a row's value goes to X.
 #include <gtest/gtest.h>
 
 #include <QGroupBox>
@@ -6,22 +7,29 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include "calc/core/CalculatorEngine.h"
+#include "calc/ui/ConstantsWindow.h"
 #include "support/CalcListTestSupport.h"
 #include "support/GuiTestSupport.h"
-#include "calc/ui/ConstantsWindow.h"
-#include "calc/core/CalculatorEngine.h"
-#include "calc/core/CalculatorState.h"
 
 namespace {
 
 class ConstantWindow : public testing::Test {
 protected:
     void SetUp() override { Calculator::Initial_Routine(s_); }
-    void TearDown() override { delete frm_; }
     void Open() {
-        frm_ = new ConstantsWindow(s_);
+        frm_ = std::make_unique<ConstantsWindow>(s_);
         frm_->show();
         list_ = frm_->findChild<QTreeWidget*>("ItemBox");
+    }
+    // The constant key opens the window, where `script` plays the user.
+    void PressConstantKey(std::function<void()> script) {
+        s_.ShowConstantWindow = [&](CalculatorState&) {
+            Open();
+            script();
+        };
+        Calculator::Press_Key(s_, "cnst");
+        EXPECT_FALSE(frm_->isVisible());
     }
     void ClickRow(int number) { calctest::ClickRow(list_, number); }
     QPushButton* Button(const char* name) { return frm_->findChild<QPushButton*>(name); }
@@ -29,7 +37,7 @@ protected:
 
     guitest::ModalWatchdog boxes_;
     CalculatorState s_;
-    ConstantsWindow* frm_ = nullptr;
+    std::unique_ptr<ConstantsWindow> frm_;
     QTreeWidget* list_ = nullptr;
 };
 
@@ -39,22 +47,20 @@ TEST_F(ConstantWindow, ListsAll128RowsWithColumnsAndFormats) {
     for (int c = 0; c < list_->columnCount(); ++c) heads << list_->headerItem()->text(c);
     EXPECT_EQ(heads, (QStringList{" No.", "Symbol", "Description", "Value  ", "Unit"}));
     ASSERT_EQ(list_->topLevelItemCount(), 128);
-    QTreeWidgetItem* first = list_->topLevelItem(0);
-    EXPECT_EQ(first->text(0), "1  ");
-    EXPECT_EQ(first->text(1), "°");
-    EXPECT_EQ(first->text(2), "degree (angle)");
-    EXPECT_EQ(first->text(3), "0.0174533");
-    EXPECT_EQ(first->text(4), "rad");
-    EXPECT_EQ(list_->topLevelItem(89)->text(3), "299,792,000.00");
-    EXPECT_EQ(list_->topLevelItem(72)->text(3), "-17.7778");
-    EXPECT_EQ(list_->topLevelItem(114)->text(3), "0.0000000000000000043598");
+    QStringList first;
+    for (int c = 0; c < list_->columnCount(); ++c) first << list_->topLevelItem(0)->text(c);
+    EXPECT_EQ(first, (QStringList{"1  ", "°", "degree (angle)", "0.0174533", "rad"}));
+    const std::pair<int, const char*> values[] = {
+        {89, "299,792,000.00"}, {72, "-17.7778"}, {114, "0.0000000000000000043598"}};
+    for (const auto& [row, text] : values) EXPECT_EQ(list_->topLevelItem(row)->text(3), text);
     EXPECT_EQ(list_->topLevelItem(127)->text(0), "128  ");
     EXPECT_FALSE(Button("OKButton")->isEnabled());
 }
 
 TEST_F(ConstantWindow, ClickShowsTheValueAndOkTakesIt) {
-    s_.ShowConstantWindow = [this](CalculatorState&) {
-        Open();
+    Calculator::Press_Key(s_, "5");
+    Calculator::Press_Key(s_, "+");
+    PressConstantKey([&] {
         ClickRow(115);
         EXPECT_EQ(frm_->findChild<QGroupBox*>("ValueFrame")->title(), "Constant No. 115");
         EXPECT_EQ(Box(), "  4.35981E-18");
@@ -62,37 +68,28 @@ TEST_F(ConstantWindow, ClickShowsTheValueAndOkTakesIt) {
         ClickRow(73);
         EXPECT_EQ(Box(), "  -17.7778");
         QTest::mouseClick(Button("OKButton"), Qt::LeftButton);
-        EXPECT_FALSE(frm_->isVisible());
-    };
-    Calculator::Press_Key(s_, "5");
-    Calculator::Press_Key(s_, "+");
-    Calculator::Press_Key(s_, "cnst");
-    EXPECT_EQ(s_.Shown.Number.find("-17.7778"), 0u) << s_.Shown.Number;
+    });
+    EXPECT_EQ(s_.Shown.Number, "-17.7778");
     Calculator::Press_Key(s_, "=");
-    EXPECT_EQ(s_.Shown.Number.find("-12.7778"), 0u) << s_.Shown.Number;
+    EXPECT_EQ(s_.Shown.Number, "-12.7778");  // the constant is the operand
 }
 
-TEST_F(ConstantWindow, ExitLeavesTheCalculatorAsItWas) {
+TEST_F(ConstantWindow, ExitLeavesTheCalculatorAsItWasAndADoubleClickTakesTheRow) {
     Calculator::Press_Key(s_, "4");
     Calculator::Press_Key(s_, "2");
-    const std::string before = s_.Shown.Number;
-    s_.ShowConstantWindow = [this](CalculatorState&) {
-        Open();
+    PressConstantKey([&] {
         ClickRow(5);
         QTest::mouseClick(Button("ExitButton"), Qt::LeftButton);
-    };
-    Calculator::Press_Key(s_, "cnst");
-    EXPECT_EQ(s_.Shown.Number, before);
+    });
+    EXPECT_EQ(s_.Shown.Number, "42.");
     EXPECT_EQ(s_.EntryText, "42");
     EXPECT_TRUE(s_.ConstantChoice.IsEmpty());
-}
-
-TEST_F(ConstantWindow, DoubleClickTakesTheRow) {
-    Open();
-    ClickRow(90);
-    QTest::mouseDClick(list_->viewport(), Qt::LeftButton, {}, calctest::RowPoint(list_, 90));
-    EXPECT_EQ(s_.ConstantChoice.text, "  299792000");
-    EXPECT_FALSE(frm_->isVisible());
+    PressConstantKey([&] {
+        ClickRow(90);
+        QTest::mouseDClick(list_->viewport(), Qt::LeftButton, {}, calctest::RowPoint(list_, 90));
+        EXPECT_EQ(s_.ConstantChoice.text, "  299792000");
+    });
+    EXPECT_EQ(s_.Shown.Number, "299792000.");
 }
 
 }  // namespace

@@ -1,0 +1,34 @@
+// Case files of the calculator's core tests, in this folder: one case a line,
+// "input -> expected", with "#" starting a comment; other lines are ignored.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <functional>
+#include <string>
+
+#include "shell/core/Primitives.h"
+
+namespace calctest {
+
+// Calls `each` with the input and the trimmed expected text of every case of
+// `name`, under a trace naming the file and line; gives the number of cases.
+inline int ForEachCase(const std::string& name,
+                       const std::function<void(const std::string&, const std::string&)>& each) {
+    std::ifstream in(std::string(FERROLITH_TEST_DATA) + "/" + name);
+    EXPECT_TRUE(in.good()) << name;
+    int n = 0, cases = 0;
+    for (std::string line; std::getline(in, line);) {
+        ++n;
+        line = line.substr(0, line.find('#'));
+        const size_t arrow = line.find("->");
+        if (arrow == std::string::npos) continue;
+        ++cases;
+        SCOPED_TRACE(name + ":" + std::to_string(n) + ": " + line);
+        each(line.substr(0, arrow), prim::Trim(line.substr(arrow + 2)));
+    }
+    return cases;
+}
+
+}  // namespace calctest
