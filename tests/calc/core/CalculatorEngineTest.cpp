@@ -1,9 +1,11 @@
 // The calculator engine driven the way the window drives it: key tokens in,
 // display fields out. The key sequences are in key_sequences.golden; here is
-// what needs the engine's hooks or functions called directly.
+// what needs the engine's hooks or functions called directly, and the key
+// table with its keyboard keys.
 #include <gtest/gtest.h>
 
 #include <map>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -155,21 +157,18 @@ TEST(CalcEngine, SpeechSaysWordsAndResultsOnlyWhenOn) {
         Press(s, keys);
         EXPECT_EQ(said.back(), words) << keys;
     }
-    said.clear();
     Press(s, "AC");
     said.clear();
     Press(s, "1 / 0 = 5 sqrt C");
     EXPECT_EQ(said, (std::vector<std::string>{"1", "divided by", "0", "Error :::: Divide by Zero"}));
 }
 
-// Random key sequences: the engine never shows a non-number that is not an
-// error text, and never loses its display.
+// Random sequences of every key: the engine never shows a non-number that is
+// not an error text, and never loses its display.
 TEST(CalcEngine, RandomKeySequencesKeepADisplay) {
-    const char* const keys[] = {"0",    "1",    "5",    "9",     "dot",  "+",     "-",     "*",     "/",   "=",
-                                "xy",   "root", "pm",   "exp",   "frc",  "C",     "AC",    "ers",   "x-y", "PI",
-                                "rand", "mo",   "sexa", "asex",  "data", "ave",   "strd1", "sqrt",  "log", "fact",
-                                "sin",  "iCos", "tanh", "itanh", "rcp",  "sqr",   "cube",  "alog",  "min", "dc",
-                                "engl", "engr", "ptor", "rtop",  "aln",  "isinh", "dtn",   "xtract"};
+    std::vector<const char*> keys;  // every key of the engine
+    for (const auto& k : Calculator::Key_Table())
+        if (Calculator::Is_Key_Token(k.token)) keys.push_back(k.token);
     uint32_t seed = 12345;
     auto next = [&] { return (seed = seed * 1664525u + 1013904223u) >> 8; };
     for (int run = 0; run < 400; ++run) {
@@ -177,7 +176,7 @@ TEST(CalcEngine, RandomKeySequencesKeepADisplay) {
         s.Now = [] { return 46349.25; };
         std::string trail;
         for (int k = 0; k < 40; ++k) {
-            const char* key = keys[next() % std::size(keys)];
+            const char* key = keys[next() % keys.size()];
             trail += std::string(key) + " ";
             ASSERT_TRUE(Calculator::Press_Key(s, key));
             ASSERT_FALSE(s.Shown.Number.empty()) << trail;
@@ -187,6 +186,51 @@ TEST(CalcEngine, RandomKeySequencesKeepADisplay) {
             for (const char* bad : {"Inf", "NaN"}) EXPECT_EQ(s.Shown.Number.find(bad), std::string::npos) << trail;
         }
     }
+}
+
+TEST(CalcKeyTable, TokensAndControlsAreUniqueAndFound) {
+    std::set<std::string> tokens, controls;
+    for (const auto& k : Calculator::Key_Table()) {
+        EXPECT_TRUE(tokens.insert(k.token).second) << k.token;
+        EXPECT_TRUE(controls.insert(k.control).second) << k.control;
+        EXPECT_EQ(Calculator::Find_Key(k.token), &k);
+        EXPECT_EQ(Calculator::Find_Key_By_Control(k.control), &k);
+        EXPECT_NE(std::string(k.caption), "") << k.token;
+        // Window keys are the window's own; every other key is an engine key.
+        EXPECT_EQ(Calculator::Is_Key_Token(k.token), k.kind != Calculator::KeyKind::Window) << k.token;
+    }
+    EXPECT_EQ(Calculator::Find_Key("nosuchkey"), Calculator::Find_Key_By_Control("nosuchkey"));
+    CalculatorState s;
+    for (const char* notEngine : {"time", "tab0", "bogus"}) EXPECT_FALSE(Calculator::Press_Key(s, notEngine));
+}
+
+TEST(CalcKeyTable, KeyboardKeysActAsTheirKeys) {
+    using B = Calculator::Keyboard;
+    using M = Calculator::Modifiers;
+    // clang-format off
+    const struct {
+        B key;
+        M held;
+        const char* token;
+    } table[] = {
+        {B::Digit0, M::None, "0"},       {B::Digit1, M::None, "1"},     {B::Digit1, M::Shift, ""},
+        {B::Digit3, M::Shift, "3"},      {B::Digit4, M::Other, "4"},    {B::Digit6, M::Shift, "exp"},
+        {B::Digit6, M::None, "6"},       {B::Digit6, M::Other, "6"},    {B::Digit8, M::Shift, "*"},
+        {B::Digit8, M::None, "8"},       {B::Digit9, M::Shift, ""},     {B::Keypad0, M::None, "0"},
+        {B::Keypad9, M::Shift, "9"},     {B::Point, M::None, "dot"},    {B::Delete, M::None, "AC"},
+        {B::Backspace, M::None, "ers"},  {B::Escape, M::None, "C"},     {B::Enter, M::Other, "="},
+        {B::Equal, M::None, "="},        {B::Equal, M::Other, "="},     {B::Equal, M::Shift, "+"},
+        {B::Plus, M::Shift, "+"},        {B::Slash, M::None, "/"},      {B::Asterisk, M::Other, "*"},
+        {B::KeypadMinus, M::Other, "-"}, {B::Minus, M::None, "-"},      {B::Minus, M::Shift, ""},
+        {B::F8, M::None, "exp"},         {B::F9, M::None, "PI"},        {B::Up, M::None, "xy"},
+        {B::F1, M::None, ""},            {B::None, M::None, ""}};
+    // clang-format on
+    for (const auto& k : table) {
+        const Calculator::KeyDef* key = Calculator::Keyboard_Key(k.key, k.held);
+        EXPECT_EQ(key ? key->token : "", std::string(k.token)) << int(k.key) << " " << int(k.held);
+    }
+    for (B key : {B::F1, B::F2, B::F3, B::F4, B::F8})
+        EXPECT_EQ(Calculator::Keyboard_Page(key), key == B::F8 ? -1 : int(key) - int(B::F1));
 }
 
 }  // namespace

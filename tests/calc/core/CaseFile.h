@@ -1,5 +1,5 @@
 // Case files of the calculator's core tests, in this folder: one case a line,
-// "input -> expected", with "#" starting a comment; other lines are ignored.
+// "input -> expected", "#" starting a comment; other lines are ignored.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -19,14 +19,12 @@ inline int ForEachCase(const std::string& name,
     std::ifstream in(std::string(FERROLITH_TEST_DATA) + "/" + name);
     EXPECT_TRUE(in.good()) << name;
     int n = 0, cases = 0;
-    for (std::string line; std::getline(in, line);) {
-        ++n;
+    for (std::string line; std::getline(in, line) && ++n;) {
         line = line.substr(0, line.find('#'));
-        const size_t arrow = line.find("->");
-        if (arrow == std::string::npos) continue;
-        ++cases;
+        if (line.find("->") == std::string::npos) continue;
         SCOPED_TRACE(name + ":" + std::to_string(n) + ": " + line);
-        each(line.substr(0, arrow), prim::Trim(line.substr(arrow + 2)));
+        each(line.substr(0, line.find("->")), prim::Trim(line.substr(line.find("->") + 2)));
+        ++cases;
     }
     return cases;
 }
