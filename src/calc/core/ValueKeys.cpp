@@ -73,25 +73,29 @@ void detail::Finish_Rect(CalculatorState& s) {
     s.EntryText = Text(s.RectX);
 }
 
-void detail::Polar_Key(CalculatorState& s, const std::string&) {
+namespace {
+
+// The polar and rectangular keys: a conversion pending is finished, the first
+// value (radius or x) is kept, and the conversion waits for the next operator.
+void Conversion_Key(CalculatorState& s, void (*finish)(CalculatorState&), Variant& first, bool& pending) {
     if (s.ErrorLock || s.ConversionArmed) return;
-    Finish_Polar(s);
-    if (Empty(s.PolarRadius)) s.PolarRadius = s.EntryText.empty() ? Variant(X(s)) : Variant(Val(s.EntryText));
-    if (s.PolarPending) Show_Value(s, Variant(), s.EntryText);
-    s.PolarPending = true;
+    finish(s);
+    if (s.ErrorLock) return;
+    if (Empty(first)) first = s.EntryText.empty() ? Variant(X(s)) : Variant(Val(s.EntryText));
+    if (pending) Show_Value(s, Variant(), s.EntryText);
+    pending = true;
     s.ConversionArmed = true;
     s.EntryText.clear();
 }
 
+}  // namespace
+
+void detail::Polar_Key(CalculatorState& s, const std::string&) {
+    Conversion_Key(s, Finish_Polar, s.PolarRadius, s.PolarPending);
+}
+
 void detail::Rect_Key(CalculatorState& s, const std::string&) {
-    if (s.ErrorLock || s.ConversionArmed) return;
-    Finish_Rect(s);
-    if (s.ErrorLock) return;
-    if (Empty(s.RectX)) s.RectX = s.EntryText.empty() ? Variant(X(s)) : Variant(Val(s.EntryText));
-    if (s.RectPending) Show_Value(s, Variant(), s.EntryText);
-    s.RectPending = true;
-    s.ConversionArmed = true;
-    s.EntryText.clear();
+    Conversion_Key(s, Finish_Rect, s.RectX, s.RectPending);
 }
 
 void detail::Pi_Key(CalculatorState& s, const std::string&) {

@@ -22,14 +22,15 @@
 #include <QTabWidget>
 #include <QThread>
 #include <QVBoxLayout>
+#include <functional>
 #include <vector>
 
-#include "calc/ui/ConstantsWindow.h"
-#include "calc/ui/StatisticsWindow.h"
-#include "calc/ui/HelpWindow.h"
-#include "calc/ui/RegistersWindow.h"
 #include "calc/core/CalculatorEngine.h"
 #include "calc/ui/CalculatorSettings.h"
+#include "calc/ui/ConstantsWindow.h"
+#include "calc/ui/HelpWindow.h"
+#include "calc/ui/RegistersWindow.h"
+#include "calc/ui/StatisticsWindow.h"
 #include "calc/ui/Voice.h"
 #include "shell/ui/AboutBox.h"
 #include "shell/ui/QtText.h"
@@ -63,10 +64,11 @@ QRadioButton* MakeOption(QWidget* parent, const char* name, const QString& capti
     return b;
 }
 
-// A titled box of exclusive options stacked in a column; gives the buttons in order.
+// A titled box of exclusive options stacked in a column; a click on the
+// button at index i calls `chosen` with i. Gives the buttons in order.
 std::vector<QRadioButton*> MakeOptionBox(QWidget* page, const QString& title,
                                          std::initializer_list<std::pair<const char*, QString>> options,
-                                         QGroupBox*& box) {
+                                         QGroupBox*& box, const std::function<void(int)>& chosen) {
     box = new QGroupBox(title, page);
     auto* column = new QVBoxLayout(box);
     column->setContentsMargins(8, 2, 8, 2);
@@ -77,6 +79,8 @@ std::vector<QRadioButton*> MakeOptionBox(QWidget* page, const QString& title,
         QRadioButton* b = MakeOption(box, name, caption);
         column->addWidget(b);
         group->addButton(b);
+        const int index = int(buttons.size());
+        QObject::connect(b, &QRadioButton::clicked, box, [chosen, index] { chosen(index); });
         buttons.push_back(b);
     }
     return buttons;
@@ -227,20 +231,15 @@ QWidget* CalculatorWindow::Build_Angle_Page() {
                                4);
     auto* g = static_cast<QGridLayout*>(page->layout());
     QGroupBox* box = nullptr;
+    // The buttons stand in the order of the angle modes.
     const auto angle = MakeOptionBox(page, QStringLiteral("Angle"),
                                      {{"DegButton", QStringLiteral("Degree")},
                                       {"RadButton", QStringLiteral("Radian")},
                                       {"GradButton", QStringLiteral("Gradian")}},
-                                     box);
+                                     box, [this](int i) { Choose_Angle(AngleMode(i)); });
     degree_ = angle[0];
     radian_ = angle[1];
     gradian_ = angle[2];
-    const std::pair<QRadioButton*, AngleMode> options[] = {
-        {degree_, AngleMode::Degree}, {radian_, AngleMode::Radian}, {gradian_, AngleMode::Gradian}};
-    for (const auto& [b, mode] : options) {
-        const AngleMode m = mode;
-        connect(b, &QRadioButton::clicked, this, [this, m] { Choose_Angle(m); });
-    }
     g->addWidget(box, 0, 4, 4, 1);
     return page;
 }
@@ -251,20 +250,18 @@ QWidget* CalculatorWindow::Build_Display_Page() {
     g->setContentsMargins(6, 6, 6, 6);
     g->setSpacing(4);
     QGroupBox* box = nullptr;
+    // The buttons stand in the order of the display modes.
     const auto display = MakeOptionBox(page, QStringLiteral("Display"),
                                        {{"StdButton", QStringLiteral("Normal")},
                                         {"FxnButton", QStringLiteral("Fixed")},
                                         {"ScnButton", QStringLiteral("Scientific")}},
-                                       box);
+                                       box, [this](int i) {
+                                           Calculator::Set_Display_Mode(s_, DisplayMode(i));
+                                           Refresh();
+                                       });
     normal_ = display[0];
     fixed_ = display[1];
     scientific_ = display[2];
-    const std::pair<QRadioButton*, DisplayMode> modes[] = {
-        {normal_, DisplayMode::Normal}, {fixed_, DisplayMode::Fixed}, {scientific_, DisplayMode::Scientific}};
-    for (const auto& [b, mode] : modes) {
-        const DisplayMode m = mode;
-        connect(b, &QRadioButton::clicked, this, [this, m] { Calculator::Set_Display_Mode(s_, m), Refresh(); });
-    }
     g->addWidget(box, 0, 0, 2, 1);
 
     placesLabel_ = new QLabel(QStringLiteral("Places:"), page);

@@ -111,13 +111,6 @@ void RegistersWindow::Fill_List() {
     filling_ = false;
 }
 
-int RegistersWindow::CheckedCount() const {
-    int n = 0;
-    for (int i = 0; i < list_->topLevelItemCount(); ++i)
-        if (list_->topLevelItem(i)->checkState(0) == Qt::Checked) ++n;
-    return n;
-}
-
 void RegistersWindow::Row_Picked(QTreeWidgetItem* item) {
     if (filling_ || item == nullptr) return;
     const int row = list_->indexOfTopLevelItem(item);
@@ -133,16 +126,16 @@ void RegistersWindow::Row_Picked(QTreeWidgetItem* item) {
         list_->topLevelItem(previous_ - 1)
             ->setText(1, Q(Calculator::Register_Value_Text(s_.Registers[size_t(previous_ - 1)].Value)));
     filling_ = false;
-    if (action_ == RegisterAction::Delete) ok_->setEnabled(CheckedCount() > 0);
+    if (action_ == RegisterAction::Delete) ok_->setEnabled(ListView::Checked_Count(list_) > 0);
 
     description_->setText(Q(RegisterList::Register_Description_Text(s_.Registers[size_t(row)])));
 }
 
-void RegistersWindow::Checks_Changed() { ok_->setEnabled(CheckedCount() > 0); }
+void RegistersWindow::Checks_Changed() { ok_->setEnabled(ListView::Checked_Count(list_) > 0); }
 
 void RegistersWindow::Select_All() {
     filling_ = true;
-    for (int i = 0; i < list_->topLevelItemCount(); ++i) list_->topLevelItem(i)->setCheckState(0, Qt::Checked);
+    ListView::Set_All_Checks(list_, Qt::Checked);
     filling_ = false;
     ok_->setEnabled(true);
     description_->clear();
@@ -150,7 +143,7 @@ void RegistersWindow::Select_All() {
 
 void RegistersWindow::Clear_Checks() {
     filling_ = true;
-    for (int i = 0; i < list_->topLevelItemCount(); ++i) list_->topLevelItem(i)->setCheckState(0, Qt::Unchecked);
+    ListView::Set_All_Checks(list_, Qt::Unchecked);
     filling_ = false;
     ok_->setEnabled(false);
     description_->clear();

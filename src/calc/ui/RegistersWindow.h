@@ -36,7 +36,6 @@ private:
     void Clear_Checks();
     void Take_Register();
     void Leave();
-    int CheckedCount() const;
     bool Ask(const QString& question);
 
     CalculatorState& s_;

@@ -78,16 +78,11 @@ void StatisticsWindow::Fill_List() {
     filling_ = false;
 }
 
-void StatisticsWindow::Checks_Changed() {
-    bool any = false;
-    for (int i = 0; i < list_->topLevelItemCount() && !any; ++i)
-        any = list_->topLevelItem(i)->checkState(0) == Qt::Checked;
-    delete_->setEnabled(any);
-}
+void StatisticsWindow::Checks_Changed() { delete_->setEnabled(ListView::Checked_Count(list_) > 0); }
 
 void StatisticsWindow::SetAllChecks(Qt::CheckState state) {
     filling_ = true;
-    for (int i = 0; i < list_->topLevelItemCount(); ++i) list_->topLevelItem(i)->setCheckState(0, state);
+    ListView::Set_All_Checks(list_, state);
     filling_ = false;
 }
 
