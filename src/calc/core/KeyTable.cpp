@@ -232,8 +232,7 @@ int Keyboard_Page(Keyboard key) {
         case Keyboard::F2: return 1;
         case Keyboard::F3: return 2;
         case Keyboard::F4: return 3;
-        default:
-            return -1;
+        default: return -1;
     }
 }
 
