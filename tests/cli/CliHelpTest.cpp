@@ -16,7 +16,7 @@
 #include "CalcKeyList.h"
 #include "GoldenFile.h"
 #include "Progress.h"
-#include "calc/core/CalcKeys.h"
+#include "calc/core/KeyTable.h"
 #include "calc/core/CalculatorEngine.h"
 
 namespace {

@@ -47,19 +47,16 @@ int RunCalc(const cli::Parsed& p) {
     CalculatorState s;
     Calculator::Initial_Routine(s);
     Constants::Load_Constants(s.Constants);
-    if (rad) Calculator::Set_Angle_Mode(s, 'R');
-    if (grad) Calculator::Set_Angle_Mode(s, 'G');
+    if (rad) Calculator::Set_Angle_Mode(s, AngleMode::Radian);
+    if (grad) Calculator::Set_Angle_Mode(s, AngleMode::Gradian);
     if (hasFix || hasSci) {
-        if (hasFix)
-            Calculator::FxnButton_Click(s);
-        else
-            Calculator::ScnButton_Click(s);
-        Calculator::PrecBox_Click(s, static_cast<int>(places));
+        Calculator::Set_Display_Mode(s, hasFix ? DisplayMode::Fixed : DisplayMode::Scientific);
+        Calculator::Set_Places(s, static_cast<int>(places));
     }
 
     long chosen = 0;
     s.ShowRegisterWindow = [&chosen](CalculatorState& st) {
-        st.RegisterChoice = static_cast<int16_t>(chosen - 1);
+        st.RegisterChoice = static_cast<int>(chosen - 1);
         if (st.MemoryAction == RegisterAction::Delete && chosen >= 1) {
             st.Registers[static_cast<size_t>(chosen - 1)] = {};
             st.RegisterChoice = -1;
@@ -96,28 +93,27 @@ int RunCalc(const cli::Parsed& p) {
         // Mode switches of the window's option buttons, usable between keys.
         long long n = 0;
         if (arg == "deg" || arg == "rad" || arg == "grad") {
-            Calculator::Set_Angle_Mode(s, arg == "rad" ? 'R' : arg == "grad" ? 'G' : 'D');
+            Calculator::Set_Angle_Mode(s, arg == "rad"    ? AngleMode::Radian
+                                          : arg == "grad" ? AngleMode::Gradian
+                                                          : AngleMode::Degree);
             continue;
         }
         if (arg == "norm") {
-            Calculator::StdButton_Click(s);
+            Calculator::Set_Display_Mode(s, DisplayMode::Normal);
             continue;
         }
         if ((arg.rfind("fix:", 0) == 0 || arg.rfind("sci:", 0) == 0) && cli::ReadWhole(arg.substr(0, 3), arg.substr(4), 0, 14, n, error)) {
-            if (arg[0] == 'f')
-                Calculator::FxnButton_Click(s);
-            else
-                Calculator::ScnButton_Click(s);
-            Calculator::PrecBox_Click(s, static_cast<int>(n));
+            Calculator::Set_Display_Mode(s, arg[0] == 'f' ? DisplayMode::Fixed : DisplayMode::Scientific);
+            Calculator::Set_Places(s, static_cast<int>(n));
             continue;
         }
         if (!Calculator::Press_Key(s, arg))
             return cli::UsageError("unknown calculator key " + cli::Quote(arg) + " (see ferrolith-cli calc --keys)");
     }
     if (p.format != cli::Format::Text)
-        cli::WriteRows(p, {{{"display", cli::Txt(s.DisplayBox)}, {"exponent", cli::Txt(s.ExpoBox)}}});
+        cli::WriteRows(p, {{{"display", cli::Txt(s.Shown.Number)}, {"exponent", cli::Txt(s.Shown.Exponent)}}});
     else
-        std::cout << s.DisplayBox << "|" << s.ExpoBox << "\n";
+        std::cout << s.Shown.Number << "|" << s.Shown.Exponent << "\n";
     return 0;
 }
 

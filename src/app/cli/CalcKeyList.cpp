@@ -4,7 +4,7 @@
 #include <map>
 
 #include "Cli.h"
-#include "calc/core/CalcKeys.h"
+#include "calc/core/KeyTable.h"
 
 namespace cli {
 

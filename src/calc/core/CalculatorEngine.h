@@ -4,17 +4,16 @@
 // its spoken word). All state is in the CalculatorState passed in.
 //
 // This header declares the whole engine; the code is split by concern:
-// CalcKeys (key table, Press_Key, keyboard, speech), CalcEntry (dispatch and
-// operand entry), CalcOperators (priority evaluation), CalculationView (display,
-// modes, clock), CalcFractions (fractions, sexagesimal), CalcValueKeys
-// (functions, conversions, pi, random, paste), CalcMemory (memory, registers,
-// statistics data).
+// KeyTable (the keys, Press_Key, keyboard, speech), OperandEntry (dispatch and
+// operand entry), Operators (priority evaluation), DisplayFormat (display,
+// modes, clock), Fractions (fractions, sexagesimal), ValueKeys (functions,
+// conversions, pi, random, paste), Memory (memory, registers, statistics data).
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "calc/core/CalcKeys.h"
+#include "calc/core/KeyTable.h"
 #include "calc/core/CalculatorState.h"
 #include "shell/core/Variant.h"
 
@@ -26,28 +25,19 @@ namespace Calculator {
 bool Press_Key(CalculatorState& s, const std::string& token);
 bool Is_Key_Token(const std::string& token);
 
-// Keyboard: a key code (the classic virtual-key numbering: 48-57 digits, 96-105
-// keypad digits, 112-115 F1-F4, ...) and the modifier state (0 none, 1 Shift)
-// to the token of the key it acts as (the bindings of Key_Table); "tab0" to
-// "tab3" for the key pad pages; "" when the key does nothing.
-std::string Keyboard_Token(int keyCode, int shift);
-
 // The first load of the window (settings and files are the window's part):
 // K indicator, redisplay or AC, angle and display mode indicators, M indicator.
 void Initial_Routine(CalculatorState& s);
 
-// Angle mode option buttons: 'D', 'R' or 'G'.
-void Set_Angle_Mode(CalculatorState& s, char mode);
-// Display mode option buttons and the precision list.
-void StdButton_Click(CalculatorState& s);
-void FxnButton_Click(CalculatorState& s);
-void ScnButton_Click(CalculatorState& s);
-void PrecBox_Click(CalculatorState& s, int index);
-void PrecBox_Change(CalculatorState& s);
+void Set_Angle_Mode(CalculatorState& s, AngleMode mode);
+// The display mode (its option buttons) and the places of fixed and
+// scientific (the precision list, -1 for no item); both write the display anew.
+void Set_Display_Mode(CalculatorState& s, DisplayMode mode);
+void Set_Places(CalculatorState& s, int places);
 
 // Clock key: toggles the clock on the display; true while it is on, when the
 // window runs its loop of Show_Clock and event yields until TimeShown clears.
-bool key_Time_Click(CalculatorState& s);
+bool Toggle_Clock(CalculatorState& s);
 // One turn of the clock loop: date line and time of day, e.g.
 // "MONDAY NOV 23, 2026" and "09:05:07 AM".
 void Show_Clock(CalculatorState& s, int year, int month, int day, int weekday, int hour, int minute, int second);
@@ -91,13 +81,6 @@ void Fraction_Toggle(CalculatorState& s);
 void Speak_Text(CalculatorState& s, const std::string& word);
 
 // ---- Memory --------------------------------------------------------------------------
-// Register actions after the register window: what the keys do with
-// RegisterChoice and RegisterText.
-void key_Min_Click(CalculatorState& s);
-void key_Kin_Click(CalculatorState& s);
-void key_Mplus_Click(CalculatorState& s);
-void key_Mminus_Click(CalculatorState& s);
-void key_KAC_Click(CalculatorState& s);
 // What the DELETE action of the register window does: every checked register
 // (indices 0 to 99) goes back to 0 with no description.
 void Delete_Registers(CalculatorState& s, const std::vector<int>& checked);

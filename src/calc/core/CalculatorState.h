@@ -16,20 +16,26 @@
 // What the register window is opened for; the value is the window's action index.
 enum class RegisterAction : int16_t { In = 0, Recall = 1, Swap = 2, Add = 3, Minus = 4, Delete = 5 };
 
+// The unit angles are typed and shown in.
+enum class AngleMode : uint8_t { Degree, Radian, Gradian };
+
+// How results are written: as they come, with fixed places, or scientific.
+enum class DisplayMode : uint8_t { Normal, Fixed, Scientific };
+
 struct CalculatorState {
     using Variant = prim::Variant;
 
     // ---- Key engine ------------------------------------------------------
     std::string KeyToken;        // token being processed; functions put the result text here
-    int16_t ErrorLock = 0;       // "Error" shown: every token but "AC" is ignored
-    int16_t FractionMode = 0;    // a fraction is being typed
+    bool ErrorLock = false;      // "Error" shown: every token but "AC" is ignored
+    bool FractionMode = false;   // a fraction is being typed
     std::string EntryText;       // the operand being typed
-    int16_t ExpMode = 0;         // exponent digits are being typed
-    int16_t SignPressed = 0;     // the sign key was used on a non-empty entry
+    bool ExpMode = false;        // exponent digits are being typed
+    bool SignPressed = false;    // the sign key was used on a non-empty entry
     Variant SexaCount;           // step counter of the "sexa" key, empty when idle
-    int16_t ExpNegative = 0;     // sign of the exponent being typed
-    int16_t NumberEntered = 0;   // a digit or result came since AC
-    int16_t ResultPending = 0;   // Show_Result left a value for Enter_Digit
+    bool ExpNegative = false;    // sign of the exponent being typed
+    bool NumberEntered = false;  // a digit or result came since AC
+    bool ResultPending = false;  // Show_Result left a value for Enter_Digit
     double ResultValue = 0.0;
     std::string ResultFullText;  // ResultValue at full precision
     std::string CarryText;       // operand taken when EntryText is empty at an operator
@@ -50,45 +56,51 @@ struct CalculatorState {
     Variant ErrorWord;
 
     // ---- Functions and conversions -------------------------------------------
-    int16_t PolarPending = 0, RectPending = 0, ConversionArmed = 0;
+    bool PolarPending = false, RectPending = false, ConversionArmed = false;
     Variant PolarRadius, RectX, SecondValue;
-    int16_t RandomShown = 0;
+    bool RandomShown = false;  // the next result is written with three places
 
     // ---- Display modes ------------------------------------------------------
     Variant FixDigits, SciDigits, SavedFixDigits, SavedSciDigits;
-    // Option buttons of the display mode and the precision list PrecBox.
-    int16_t FxnButton = 0, ScnButton = 0, StdButton = -1;
-    int16_t PrecBoxIndex = -1;      // -1: no item chosen
-    int16_t PrecBoxEnabled = 0;
+    DisplayMode Mode = DisplayMode::Normal;
+    int Places = -1;                // places chosen for fixed or scientific, 0 to 14; -1: none
 
     // ---- Memory, data, angle mode ----------------------------------------------
     double MemoryValue = 0.0;
     CalculatorFiles::RegisterArray Registers{};
     RegisterAction MemoryAction = RegisterAction::In;
-    int16_t RegisterChoice = -1;    // chosen register index, -1 for none
+    int RegisterChoice = -1;        // chosen register index, -1 for none
     std::string RegisterText;       // description given in the register window
     double RegisterWork = 0.0;      // value kept aside by the register swap
     CalculatorFiles::DataList DataValues;
     // CalcMem.mem / SdfInput.sdf could not be opened at the start: it is kept
     // as it is, never overwritten at the close.
-    int16_t RegisterFileUnread = 0, DataFileUnread = 0;
+    bool RegisterFileUnread = false, DataFileUnread = false;
     // The registers, data and M memory have been read from their files in this run.
     bool FilesLoaded = false;
     Constants::ConstantTable Constants;  // row texts and records of the constant window
     Variant ConstantChoice;         // value text chosen in the constant window
-    int16_t IsRadian = 0, IsGradian = 0, IsDegree = -1;
-    int16_t TimeShown = 0;
-    int16_t ReadOutOn = 0;
+    AngleMode Angle = AngleMode::Degree;
+    bool TimeShown = false;         // the clock is on the display
+    bool ReadOutOn = false;         // keys and results are spoken
 
-    // ---- Form-level values of the main window ------------------------------------
+    // ---- Sexagesimal and fraction keys ---------------------------------------------
     double SexaAccumulator = 0.0;   // running value of the "sexa" key
-    int16_t FractionStep = 0;       // step of the decimal/fraction key (1 mixed, 2 improper)
+    int FractionStep = 0;           // step of the decimal/fraction key (1 mixed, 2 improper)
     std::string ImproperText;       // improper form left by Fraction_Value
 
-    // ---- What the window's labels show ------------------------------------------
-    std::string DisplayBox, ExpoBox, DateBox, OperatorIndicator, CCalc_Indicator, Mem_Indicator;
-    std::string Mode_Indicator = "DEGREE";
-    std::string DispMode_Indicator = "NORM";
+    // ---- What the window's labels show (their objectNames behind) ------------------
+    struct Readout {
+        std::string Number;                // DisplayBox: the number with its point, an error or the time
+        std::string Exponent;              // ExpoBox: " 03", "-20", or blank
+        std::string Date;                  // DateBox: the date line of the clock
+        std::string OperatorMark;          // OperatorIndicator: "+", "-", "x", "÷", "^" or blank
+        std::string ConstantMark;          // CCalc_Indicator: "K" while a constant calculation is armed
+        std::string MemoryMark;            // Mem_Indicator: "MEM" while M holds a number
+        std::string AngleName = "DEGREE";  // Mode_Indicator: "DEGREE", "RADIAN", "GRADIAN"
+        std::string ModeName = "NORM";     // DispMode_Indicator: "NORM", "FIX", "SCI"
+    };
+    Readout Shown;
 
     // ---- Hooks to the platform (all optional) ---------------------------------------
     // Speech: receives the words to say; an empty text cuts off what is being said.

@@ -22,8 +22,8 @@ void Show_Result(CalculatorState& s, double x) {
         s.KeyToken = Format(x, "0." + std::string(static_cast<size_t>(Num(s.SciDigits)), '0') + "E+00");
     else
         s.KeyToken = PlainText(x);
-    s.ResultPending = -1;
-    s.RandomShown = 0;
+    s.ResultPending = true;
+    s.RandomShown = false;
     if (!std::isfinite(x)) {
         s.KeyToken = "Error";
         s.ErrorWord = Variant("Infinity");
@@ -48,15 +48,15 @@ void Show_Split(CalculatorState& s, const std::string& t, bool removeBlanks) {
     std::string mark = Has(t, '+') ? " " : "-";
     std::string d = Right(t, 2);
     if (!Has(m, '.')) m += ".";
-    s.DisplayBox = m;
-    s.ExpoBox = mark + d;
+    s.Shown.Number = m;
+    s.Shown.Exponent = mark + d;
 }
 
 }  // namespace
 
 void Show_Value(CalculatorState& s, const Variant& valueArg, const std::string& textArg) {
-    s.DateBox.clear();
-    s.TimeShown = 0;
+    s.Shown.Date.clear();
+    s.TimeShown = false;
     std::string t;
     if (!textArg.empty()) {
         t = textArg;
@@ -72,7 +72,7 @@ void Show_Value(CalculatorState& s, const Variant& valueArg, const std::string& 
             t = Limit_Digits(PlainText(v));
     }
     t = Check_Length(t);
-    s.ExpoBox.clear();
+    s.Shown.Exponent.clear();
     s.DisplayValue = Variant(!Empty(valueArg) ? Num(valueArg) : Val(textArg));
     s.DisplayText = !textArg.empty() ? Variant(textArg) : valueArg;
     if (EPos(t) != std::string::npos) {
@@ -80,11 +80,11 @@ void Show_Value(CalculatorState& s, const Variant& valueArg, const std::string& 
         return;
     }
     if (!Has(t, '.')) t += ".";
-    s.DisplayBox = t;
+    s.Shown.Number = t;
 }
 
 void Show_Exponent(CalculatorState& s, const std::string& text, const Variant& valueArg) {
-    s.ExpoBox.clear();
+    s.Shown.Exponent.clear();
     s.DisplayValue = Variant(!Empty(valueArg) ? Num(valueArg) : Val(text));
     s.DisplayText = !text.empty() ? Variant(text) : valueArg;
     if (EPos(text) != std::string::npos) Show_Split(s, text, true);
@@ -94,10 +94,10 @@ void Show_Error(CalculatorState& s) {
     std::string word = Text(s.ErrorWord);
     std::string t = word.empty() ? "*Error*" : "*" + word + "*";
     Speak_Text(s, "Error :::: " + word);
-    s.ErrorLock = -1;
+    s.ErrorLock = true;
     s.ErrorWord = Variant();
-    s.ExpoBox.clear();
-    s.DisplayBox = t;
+    s.Shown.Exponent.clear();
+    s.Shown.Number = t;
 }
 
 std::string Limit_Digits(const std::string& s) {
@@ -220,10 +220,10 @@ std::string Copy_Text(const CalculatorState& s) { return PlainText(X(s)); }
 
 std::string Display_Digits(const CalculatorState& s) {
     if (s.ErrorLock || s.TimeShown) return "";
-    std::string m = Trim(s.DisplayBox);
+    std::string m = Trim(s.Shown.Number);
     if (!IsNumeric(m)) return Copy_Text(s);
     if (!m.empty() && m.back() == '.') m.pop_back();
-    std::string e = Trim(s.ExpoBox);
+    std::string e = Trim(s.Shown.Exponent);
     if (e.empty()) return m;
     return m + "E" + (e[0] == '-' ? e : "+" + e);
 }
@@ -234,50 +234,64 @@ std::string Display_Digits(const CalculatorState& s) {
 
 void detail::Clock_Off(CalculatorState& s) {
     if (!s.TimeShown) return;
-    s.TimeShown = 0;
-    s.ExpoBox.clear();
-    s.DateBox.clear();
+    s.TimeShown = false;
+    s.Shown.Exponent.clear();
+    s.Shown.Date.clear();
     Show_Value(s, s.DisplayValue, "");
 }
 
-bool key_Time_Click(CalculatorState& s) {
+bool Toggle_Clock(CalculatorState& s) {
     if (s.ErrorLock) return false;
-    s.TimeShown = s.TimeShown ? 0 : -1;
-    s.ExpoBox.clear();
-    s.DateBox.clear();
+    s.TimeShown = !s.TimeShown;
+    s.Shown.Exponent.clear();
+    s.Shown.Date.clear();
     if (!s.TimeShown) Show_Value(s, s.DisplayValue, "");
-    return s.TimeShown != 0;
+    return s.TimeShown;
 }
 
 void Show_Clock(CalculatorState& s, int year, int month, int day, int weekday, int hour, int minute, int second) {
     static const char* const kDays[] = {"SUNDAY", "MONDAY", "TUESDAY", "WEDNESDAY", "THURSDAY", "FRIDAY", "SATURDAY"};
     static const char* const kMonths[] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
                                           "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
-    s.DateBox = std::string(kDays[std::clamp(weekday, 0, 6)]) + " " + kMonths[std::clamp(month, 1, 12) - 1] + " " +
-                std::to_string(day) + ", " + std::to_string(year);
+    s.Shown.Date = std::string(kDays[std::clamp(weekday, 0, 6)]) + " " + kMonths[std::clamp(month, 1, 12) - 1] + " " +
+                   std::to_string(day) + ", " + std::to_string(year);
     int h12 = hour % 12 == 0 ? 12 : hour % 12;
     auto two = [](int v) { return Format(v, "00"); };
-    s.DisplayBox = two(h12) + ":" + two(minute) + ":" + two(second) + (hour < 12 ? " AM" : " PM");
+    s.Shown.Number = two(h12) + ":" + two(minute) + ":" + two(second) + (hour < 12 ? " AM" : " PM");
 }
 
 // =====================================================================================
 // Modes and the first load
 // =====================================================================================
 
-void Set_Angle_Mode(CalculatorState& s, char mode) {
-    s.IsRadian = mode == 'R' ? -1 : 0;
-    s.IsGradian = mode == 'G' ? -1 : 0;
-    s.IsDegree = (mode != 'R' && mode != 'G') ? -1 : 0;
-    s.Mode_Indicator = s.IsRadian ? "RADIAN" : s.IsGradian ? "GRADIAN" : "DEGREE";
+void Set_Angle_Mode(CalculatorState& s, AngleMode mode) {
+    s.Angle = mode;
+    s.Shown.AngleName = mode == AngleMode::Radian ? "RADIAN" : mode == AngleMode::Gradian ? "GRADIAN" : "DEGREE";
 }
 
-void PrecBox_Change(CalculatorState& s) {
-    Variant chosen = s.PrecBoxIndex < 0 ? Variant() : Variant(static_cast<double>(s.PrecBoxIndex));
-    if (s.FxnButton) {
+namespace {
+
+const char* ModeWord(DisplayMode mode) {
+    switch (mode) {
+        case DisplayMode::Fixed: return "FIX";
+        case DisplayMode::Scientific: return "SCI";
+        case DisplayMode::Normal: break;
+    }
+    return "NORM";
+}
+
+// The places of a digit count kept as a variant, at most 14.
+int PlacesOf(const Variant& digits) { return static_cast<int>(std::min(Num(digits), 14.0)); }
+
+// The chosen places become the digits of the display mode, and the display is
+// written anew with them.
+void Apply_Places(CalculatorState& s) {
+    Variant chosen = s.Places < 0 ? Variant() : Variant(static_cast<double>(s.Places));
+    if (s.Mode == DisplayMode::Fixed) {
         s.FixDigits = chosen;
         s.SavedFixDigits = s.FixDigits;
         s.SciDigits = Variant();
-    } else if (s.ScnButton) {
+    } else if (s.Mode == DisplayMode::Scientific) {
         s.SciDigits = chosen;
         s.SavedSciDigits = s.SciDigits;
         s.FixDigits = Variant();
@@ -292,43 +306,27 @@ void PrecBox_Change(CalculatorState& s) {
     s.KeyToken.clear();
 }
 
-void PrecBox_Click(CalculatorState& s, int index) {
-    s.PrecBoxIndex = static_cast<int16_t>(std::clamp(index, -1, 14));
-    PrecBox_Change(s);
+}  // namespace
+
+void Set_Places(CalculatorState& s, int places) {
+    s.Places = std::clamp(places, -1, 14);
+    Apply_Places(s);
 }
 
-void FxnButton_Click(CalculatorState& s) {
-    s.FxnButton = -1;
-    s.ScnButton = 0;
-    s.StdButton = 0;
-    s.PrecBoxEnabled = -1;
-    s.PrecBoxIndex = Empty(s.SavedFixDigits) ? 0 : static_cast<int16_t>(std::min(Num(s.SavedFixDigits), 14.0));
-    s.DispMode_Indicator = "FIX";
-    PrecBox_Change(s);
-}
-
-void ScnButton_Click(CalculatorState& s) {
-    s.FxnButton = 0;
-    s.ScnButton = -1;
-    s.StdButton = 0;
-    s.PrecBoxEnabled = -1;
-    s.PrecBoxIndex = Empty(s.SavedSciDigits) ? 0 : static_cast<int16_t>(std::min(Num(s.SavedSciDigits), 14.0));
-    s.DispMode_Indicator = "SCI";
-    PrecBox_Change(s);
-}
-
-void StdButton_Click(CalculatorState& s) {
-    s.FxnButton = 0;
-    s.ScnButton = 0;
-    s.StdButton = -1;
-    s.PrecBoxEnabled = 0;
-    s.PrecBoxIndex = -1;
-    s.DispMode_Indicator = "NORM";
-    PrecBox_Change(s);
+// Fixed and scientific come back with the places they had last.
+void Set_Display_Mode(CalculatorState& s, DisplayMode mode) {
+    s.Mode = mode;
+    switch (mode) {
+        case DisplayMode::Fixed: s.Places = Empty(s.SavedFixDigits) ? 0 : PlacesOf(s.SavedFixDigits); break;
+        case DisplayMode::Scientific: s.Places = Empty(s.SavedSciDigits) ? 0 : PlacesOf(s.SavedSciDigits); break;
+        case DisplayMode::Normal: s.Places = -1; break;
+    }
+    s.Shown.ModeName = ModeWord(mode);
+    Apply_Places(s);
 }
 
 void Initial_Routine(CalculatorState& s) {
-    s.CCalc_Indicator = (!s.RepeatOps.empty() && s.RepeatOps.size() % 2 == 0) ? "K" : "";
+    s.Shown.ConstantMark = (!s.RepeatOps.empty() && s.RepeatOps.size() % 2 == 0) ? "K" : "";
     if (!Empty(s.DisplayValue) && !Empty(s.DisplayText) && !s.ErrorLock) {
         if (s.ExpMode)
             Show_Exponent(s, s.MantissaText + "E" + s.ExponentText, Variant());
@@ -338,20 +336,20 @@ void Initial_Routine(CalculatorState& s) {
         std::string t = "AC";
         Dispatch_Key(s, t);
     }
-    Set_Angle_Mode(s, s.IsRadian ? 'R' : s.IsGradian ? 'G' : 'D');
-    s.Mem_Indicator = s.MemoryValue != 0 ? "MEM" : "";
+    Set_Angle_Mode(s, s.Angle);
+    s.Shown.MemoryMark = s.MemoryValue != 0 ? "MEM" : "";
+    // The option buttons follow the digits in use; the places list keeps its
+    // item when the mode is normal.
     if (!Empty(s.FixDigits)) {
-        s.PrecBoxIndex = static_cast<int16_t>(std::min(Num(s.FixDigits), 14.0));
-        s.FxnButton = -1, s.ScnButton = 0, s.StdButton = 0, s.PrecBoxEnabled = -1;
-        s.DispMode_Indicator = "FIX";
+        s.Places = PlacesOf(s.FixDigits);
+        s.Mode = DisplayMode::Fixed;
     } else if (!Empty(s.SciDigits)) {
-        s.PrecBoxIndex = static_cast<int16_t>(std::min(Num(s.SciDigits), 14.0));
-        s.FxnButton = 0, s.ScnButton = -1, s.StdButton = 0, s.PrecBoxEnabled = -1;
-        s.DispMode_Indicator = "SCI";
+        s.Places = PlacesOf(s.SciDigits);
+        s.Mode = DisplayMode::Scientific;
     } else {
-        s.FxnButton = 0, s.ScnButton = 0, s.StdButton = -1, s.PrecBoxEnabled = 0;
-        s.DispMode_Indicator = "NORM";
+        s.Mode = DisplayMode::Normal;
     }
+    s.Shown.ModeName = ModeWord(s.Mode);
 }
 
 }  // namespace Calculator

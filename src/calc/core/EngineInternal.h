@@ -1,6 +1,6 @@
 // Helpers shared by the engine's source files (entry, operators, display,
 // fractions, memory, keys). Not part of the engine's interface: windows and
-// the command line include Calculator.h.
+// the command line include CalculatorEngine.h.
 #pragma once
 
 #include <cmath>
@@ -55,8 +55,8 @@ inline int TextExponent(double v) {
 }
 
 inline void ClearEntryModes(CalculatorState& s) {
-    s.ExpMode = 0;
-    s.SignPressed = 0;
+    s.ExpMode = false;
+    s.SignPressed = false;
     s.SexaCount = prim::Variant();
 }
 

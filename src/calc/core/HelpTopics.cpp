@@ -4,7 +4,7 @@
 
 #include "shell/core/Primitives.h"
 
-namespace CalcHelp {
+namespace HelpTopics {
 
 namespace {
 
@@ -157,4 +157,4 @@ std::optional<Mark> Word_Mark(int characterPosition, int length, int titleLength
     return m;
 }
 
-}  // namespace CalcHelp
+}  // namespace HelpTopics

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace CalcHelp {
+namespace HelpTopics {
 
 // Indices 1 to 21 may hold a topic; 1 to 7 do, the rest give empty texts.
 constexpr int kHelpIndexCount = 21;
@@ -33,4 +33,4 @@ struct Mark {
 };
 std::optional<Mark> Word_Mark(int characterPosition, int length, int titleLength);
 
-}  // namespace CalcHelp
+}  // namespace HelpTopics

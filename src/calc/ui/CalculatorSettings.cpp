@@ -43,11 +43,11 @@ void SaveReadOutLoud(bool on) {
     settings::SaveSetting(settings::ProgramTitle(), "SciCalcSetting", "CalcReadOutLoud", on ? "1" : "0");
 }
 
-bool mnuReadOut_Click(CalculatorState& s, Voice* voice) {
-    s.ReadOutOn = s.ReadOutOn ? 0 : -1;
-    SaveReadOutLoud(s.ReadOutOn != 0);
+bool Toggle_Read_Out(CalculatorState& s, Voice* voice) {
+    s.ReadOutOn = !s.ReadOutOn;
+    SaveReadOutLoud(s.ReadOutOn);
     if (voice != nullptr) voice->Speak(QString());
-    return s.ReadOutOn != 0;
+    return s.ReadOutOn;
 }
 
 double MemoryIn() { return prim::Val(S(settings::GetSetting(ProgramFolder(), "Setting", "MemoryIn", "0"))); }
@@ -59,24 +59,24 @@ void SaveMemoryIn(double value) {
 QString RegisterFilePath() { return settings::DataFolder() + "/" + CalculatorFiles::kRegisterFileName; }
 QString DataFilePath() { return settings::DataFolder() + "/" + CalculatorFiles::kDataFileName; }
 
-void Load_CalcFiles(CalculatorState& s, QWidget* parent) {
+void Load_Files(CalculatorState& s, QWidget* parent) {
     using Outcome = CalculatorFiles::FileStatus::Outcome;
     CalculatorFiles::RegisterArray registers;
     const CalculatorFiles::FileStatus st = CalculatorFiles::Load_Registers(S(RegisterFilePath()).c_str(), registers);
     // A file that cannot be opened leaves the registers of this run as they are.
     if (st.outcome != Outcome::Unreadable) s.Registers = registers;
-    s.RegisterFileUnread = st.outcome == Outcome::Unreadable ? -1 : 0;
+    s.RegisterFileUnread = st.outcome == Outcome::Unreadable;
     Warn(st, parent);
     CalculatorFiles::DataList data;
     const CalculatorFiles::FileStatus sd = CalculatorFiles::Load_Data(S(DataFilePath()).c_str(), data);
     if (sd.outcome != Outcome::Unreadable) s.DataValues = data;
-    s.DataFileUnread = sd.outcome == Outcome::Unreadable ? -1 : 0;
+    s.DataFileUnread = sd.outcome == Outcome::Unreadable;
     Warn(sd, parent);
     s.MemoryValue = MemoryIn();
-    s.Mem_Indicator = s.MemoryValue != 0 ? "MEM" : "";
+    s.Shown.MemoryMark = s.MemoryValue != 0 ? "MEM" : "";
 }
 
-void Save_CalcFiles(CalculatorState& s, QWidget* parent) {
+void Save_Files(CalculatorState& s, QWidget* parent) {
     if (s.RegisterFileUnread)
         WarnUnread(RegisterFilePath(), parent);
     else

@@ -18,7 +18,7 @@ void SaveReadOutLoud(bool on);
 
 // The read-out-loud menu command: turns speech over, stores the switch (1 or
 // 0) and cuts off the voice. Gives the new state for the menu's check mark.
-bool mnuReadOut_Click(CalculatorState& s, Voice* voice);
+bool Toggle_Read_Out(CalculatorState& s, Voice* voice);
 
 // "MemoryIn" in "Setting", under the program's folder path: the M memory as
 // plain number text; 0 when missing.
@@ -33,9 +33,9 @@ QString DataFilePath();      // <data folder>/SdfInput.sdf
 // the M memory. Later openings find them in the state, as the last close left
 // them, even when a file could not be written. A damaged file is deleted with
 // the warning box; a file that cannot be opened is kept, with the warning box.
-void Load_CalcFiles(CalculatorState& s, QWidget* parent);
+void Load_Files(CalculatorState& s, QWidget* parent);
 // Close of the calculator window: registers, data and the M memory. A file
 // that could not be opened at the start is not overwritten; the box says so.
-void Save_CalcFiles(CalculatorState& s, QWidget* parent);
+void Save_Files(CalculatorState& s, QWidget* parent);
 
 }  // namespace CalculatorSettings

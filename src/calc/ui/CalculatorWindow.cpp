@@ -22,14 +22,15 @@
 #include <QTabWidget>
 #include <QThread>
 #include <QVBoxLayout>
+#include <functional>
 #include <vector>
 
-#include "calc/ui/ConstantsWindow.h"
-#include "calc/ui/StatisticsWindow.h"
-#include "calc/ui/HelpWindow.h"
-#include "calc/ui/RegistersWindow.h"
 #include "calc/core/CalculatorEngine.h"
 #include "calc/ui/CalculatorSettings.h"
+#include "calc/ui/ConstantsWindow.h"
+#include "calc/ui/HelpWindow.h"
+#include "calc/ui/RegistersWindow.h"
+#include "calc/ui/StatisticsWindow.h"
 #include "calc/ui/Voice.h"
 #include "shell/ui/AboutBox.h"
 #include "shell/ui/QtText.h"
@@ -63,10 +64,11 @@ QRadioButton* MakeOption(QWidget* parent, const char* name, const QString& capti
     return b;
 }
 
-// A titled box of exclusive options stacked in a column; gives the buttons in order.
+// A titled box of exclusive options stacked in a column; a click on the
+// button at index i calls `chosen` with i. Gives the buttons in order.
 std::vector<QRadioButton*> MakeOptionBox(QWidget* page, const QString& title,
                                          std::initializer_list<std::pair<const char*, QString>> options,
-                                         QGroupBox*& box) {
+                                         QGroupBox*& box, const std::function<void(int)>& chosen) {
     box = new QGroupBox(title, page);
     auto* column = new QVBoxLayout(box);
     column->setContentsMargins(8, 2, 8, 2);
@@ -77,6 +79,8 @@ std::vector<QRadioButton*> MakeOptionBox(QWidget* page, const QString& title,
         QRadioButton* b = MakeOption(box, name, caption);
         column->addWidget(b);
         group->addButton(b);
+        const int index = int(buttons.size());
+        QObject::connect(b, &QRadioButton::clicked, box, [chosen, index] { chosen(index); });
         buttons.push_back(b);
     }
     return buttons;
@@ -94,28 +98,28 @@ CalculatorWindow::CalculatorWindow(CalculatorState& state, QWidget* parent)
     v->setContentsMargins(8, 8, 8, 8);
     v->setSpacing(6);
     Build_Display();
-    v->addWidget(Frame1_);
+    v->addWidget(display_);
 
-    SelectTab_ = new QTabWidget(central);
-    SelectTab_->setObjectName(QStringLiteral("SelectTab"));
-    SelectTab_->tabBar()->setFocusPolicy(Qt::NoFocus);
-    SelectTab_->addTab(Build_Page({"sqr", "sqrt", "cube", "cubt", "rcp", "log", "alog", "ln", "aln", "fact", "PI",
-                                   "rand", "x-y", "frc", "dc", "engl", "engr"},
-                                  5),
-                       QString::fromLatin1(kPageNames[0]));
-    SelectTab_->addTab(Build_Angle_Page(), QString::fromLatin1(kPageNames[1]));
-    SelectTab_->addTab(Build_Page({"min", "mo", "mplus", "mminus", "kin", "ko", "xk", "kac", "cnst", "data", "del",
-                                   "dtn", "dts", "ave", "sqr1", "sqr2", "strd0", "strd1"},
-                                  5),
-                       QString::fromLatin1(kPageNames[2]));
-    SelectTab_->addTab(Build_Display_Page(), QString::fromLatin1(kPageNames[3]));
-    v->addWidget(SelectTab_);
+    pages_ = new QTabWidget(central);
+    pages_->setObjectName(QStringLiteral("SelectTab"));
+    pages_->tabBar()->setFocusPolicy(Qt::NoFocus);
+    pages_->addTab(Build_Page({"sqr", "sqrt", "cube", "cubt", "rcp", "log", "alog", "ln", "aln", "fact", "PI", "rand",
+                               "x-y", "frc", "dc", "engl", "engr"},
+                              5),
+                   QString::fromLatin1(kPageNames[0]));
+    pages_->addTab(Build_Angle_Page(), QString::fromLatin1(kPageNames[1]));
+    pages_->addTab(Build_Page({"min", "mo", "mplus", "mminus", "kin", "ko", "xk", "kac", "cnst", "data", "del", "dtn",
+                               "dts", "ave", "sqr1", "sqr2", "strd0", "strd1"},
+                              5),
+                   QString::fromLatin1(kPageNames[2]));
+    pages_->addTab(Build_Display_Page(), QString::fromLatin1(kPageNames[3]));
+    v->addWidget(pages_);
     v->addWidget(Build_KeyPad(), 1);
 
     // Hidden box that hands the copied text to the clipboard.
-    DummyBox_ = new QLineEdit(central);
-    DummyBox_->setObjectName(QStringLiteral("DummyBox"));
-    DummyBox_->hide();
+    copyBox_ = new QLineEdit(central);
+    copyBox_->setObjectName(QStringLiteral("DummyBox"));
+    copyBox_->hide();
     setCentralWidget(central);
     Build_Menus();
 
@@ -129,20 +133,20 @@ CalculatorWindow::CalculatorWindow(CalculatorState& state, QWidget* parent)
     s_.ShowRegisterWindow = [this](CalculatorState& st) { Show_Register_Window(st); };
     s_.ShowConstantWindow = [this](CalculatorState& st) { Show_Constant_Window(st); };
 
-    s_.ReadOutOn = CalculatorSettings::ReadOutLoud() ? -1 : 0;
+    s_.ReadOutOn = CalculatorSettings::ReadOutLoud();
     // The files are read at the first opening in a run; later openings find
     // the state as the last close left it.
     if (!s_.FilesLoaded) {
         s_.FilesLoaded = true;
-        CalculatorSettings::Load_CalcFiles(s_, this);
+        CalculatorSettings::Load_Files(s_, this);
     }
     Calculator::Initial_Routine(s_);
     Refresh();
-    Frame1_->setFocus();
+    display_->setFocus();
 }
 
 CalculatorWindow::~CalculatorWindow() {
-    s_.TimeShown = 0;
+    s_.TimeShown = false;
     s_.Speak = nullptr;
     s_.ClipboardText = nullptr;
     s_.ShowMessage = nullptr;
@@ -155,42 +159,42 @@ CalculatorWindow::~CalculatorWindow() {
 // =====================================================================================
 
 void CalculatorWindow::Build_Display() {
-    Frame1_ = new QFrame(this);
-    Frame1_->setObjectName(QStringLiteral("Frame1"));
-    Frame1_->setFrameShape(QFrame::Panel);
-    Frame1_->setFrameShadow(QFrame::Sunken);
-    Frame1_->setFocusPolicy(Qt::StrongFocus);
-    Frame1_->setAutoFillBackground(true);
-    QPalette pal = Frame1_->palette();
+    display_ = new QFrame(this);
+    display_->setObjectName(QStringLiteral("Frame1"));
+    display_->setFrameShape(QFrame::Panel);
+    display_->setFrameShadow(QFrame::Sunken);
+    display_->setFocusPolicy(Qt::StrongFocus);
+    display_->setAutoFillBackground(true);
+    QPalette pal = display_->palette();
     pal.setColor(QPalette::Window, QColor(0xdf, 0xe8, 0xd2));
     pal.setColor(QPalette::WindowText, QColor(0x1a, 0x1f, 0x16));
-    Frame1_->setPalette(pal);
+    display_->setPalette(pal);
 
-    auto* g = new QGridLayout(Frame1_);
+    auto* g = new QGridLayout(display_);
     g->setContentsMargins(10, 6, 10, 6);
     g->setHorizontalSpacing(10);
     g->setVerticalSpacing(2);
-    Mode_Indicator_ = MakeLabel(Frame1_, "Mode_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1);
-    DispMode_Indicator_ = MakeLabel(Frame1_, "DispMode_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1);
-    CCalc_Indicator_ = MakeLabel(Frame1_, "CCalc_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1, true);
-    Mem_Indicator_ = MakeLabel(Frame1_, "Mem_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1, true);
+    angleName_ = MakeLabel(display_, "Mode_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1);
+    modeName_ = MakeLabel(display_, "DispMode_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1);
+    constantMark_ = MakeLabel(display_, "CCalc_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1, true);
+    memoryMark_ = MakeLabel(display_, "Mem_Indicator", Qt::AlignLeft | Qt::AlignVCenter, -1, true);
     auto* indicators = new QHBoxLayout;
     indicators->setSpacing(14);
-    for (QLabel* l : {Mode_Indicator_, DispMode_Indicator_, CCalc_Indicator_, Mem_Indicator_}) indicators->addWidget(l);
+    for (QLabel* l : {angleName_, modeName_, constantMark_, memoryMark_}) indicators->addWidget(l);
     indicators->addStretch(1);
     g->addLayout(indicators, 0, 0, 1, 3);
 
-    OperatorIndicator_ = MakeLabel(Frame1_, "OperatorIndicator", Qt::AlignLeft | Qt::AlignVCenter, 6, true);
-    OperatorIndicator_->setMinimumWidth(OperatorIndicator_->fontMetrics().horizontalAdvance(QStringLiteral("÷ ")));
-    DisplayBox_ = MakeLabel(Frame1_, "DisplayBox", Qt::AlignRight | Qt::AlignVCenter, 12, true);
-    DisplayBox_->setMinimumWidth(DisplayBox_->fontMetrics().horizontalAdvance(QStringLiteral("-8.88888888888888.")));
-    ExpoBox_ = MakeLabel(Frame1_, "ExpoBox", Qt::AlignLeft | Qt::AlignTop, 2, true);
-    ExpoBox_->setMinimumWidth(ExpoBox_->fontMetrics().horizontalAdvance(QStringLiteral("-88 ")));
-    g->addWidget(OperatorIndicator_, 1, 0);
-    g->addWidget(DisplayBox_, 1, 1);
-    g->addWidget(ExpoBox_, 1, 2);
-    DateBox_ = MakeLabel(Frame1_, "DateBox", Qt::AlignRight | Qt::AlignVCenter, 0);
-    g->addWidget(DateBox_, 2, 0, 1, 3);
+    operatorMark_ = MakeLabel(display_, "OperatorIndicator", Qt::AlignLeft | Qt::AlignVCenter, 6, true);
+    operatorMark_->setMinimumWidth(operatorMark_->fontMetrics().horizontalAdvance(QStringLiteral("÷ ")));
+    number_ = MakeLabel(display_, "DisplayBox", Qt::AlignRight | Qt::AlignVCenter, 12, true);
+    number_->setMinimumWidth(number_->fontMetrics().horizontalAdvance(QStringLiteral("-8.88888888888888.")));
+    exponent_ = MakeLabel(display_, "ExpoBox", Qt::AlignLeft | Qt::AlignTop, 2, true);
+    exponent_->setMinimumWidth(exponent_->fontMetrics().horizontalAdvance(QStringLiteral("-88 ")));
+    g->addWidget(operatorMark_, 1, 0);
+    g->addWidget(number_, 1, 1);
+    g->addWidget(exponent_, 1, 2);
+    date_ = MakeLabel(display_, "DateBox", Qt::AlignRight | Qt::AlignVCenter, 0);
+    g->addWidget(date_, 2, 0, 1, 3);
     g->setColumnStretch(1, 1);
 }
 
@@ -227,19 +231,15 @@ QWidget* CalculatorWindow::Build_Angle_Page() {
                                4);
     auto* g = static_cast<QGridLayout*>(page->layout());
     QGroupBox* box = nullptr;
+    // The buttons stand in the order of the angle modes.
     const auto angle = MakeOptionBox(page, QStringLiteral("Angle"),
                                      {{"DegButton", QStringLiteral("Degree")},
                                       {"RadButton", QStringLiteral("Radian")},
                                       {"GradButton", QStringLiteral("Gradian")}},
-                                     box);
-    DegButton_ = angle[0];
-    RadButton_ = angle[1];
-    GradButton_ = angle[2];
-    const std::pair<QRadioButton*, char> options[] = {{DegButton_, 'D'}, {RadButton_, 'R'}, {GradButton_, 'G'}};
-    for (const auto& [b, mode] : options) {
-        const char m = mode;
-        connect(b, &QRadioButton::clicked, this, [this, m] { Angle_Click(m); });
-    }
+                                     box, [this](int i) { Choose_Angle(AngleMode(i)); });
+    degree_ = angle[0];
+    radian_ = angle[1];
+    gradian_ = angle[2];
     g->addWidget(box, 0, 4, 4, 1);
     return page;
 }
@@ -250,35 +250,36 @@ QWidget* CalculatorWindow::Build_Display_Page() {
     g->setContentsMargins(6, 6, 6, 6);
     g->setSpacing(4);
     QGroupBox* box = nullptr;
+    // The buttons stand in the order of the display modes.
     const auto display = MakeOptionBox(page, QStringLiteral("Display"),
                                        {{"StdButton", QStringLiteral("Normal")},
                                         {"FxnButton", QStringLiteral("Fixed")},
                                         {"ScnButton", QStringLiteral("Scientific")}},
-                                       box);
-    StdButton_ = display[0];
-    FxnButton_ = display[1];
-    ScnButton_ = display[2];
-    connect(StdButton_, &QRadioButton::clicked, this, [this] { Calculator::StdButton_Click(s_), Refresh(); });
-    connect(FxnButton_, &QRadioButton::clicked, this, [this] { Calculator::FxnButton_Click(s_), Refresh(); });
-    connect(ScnButton_, &QRadioButton::clicked, this, [this] { Calculator::ScnButton_Click(s_), Refresh(); });
+                                       box, [this](int i) {
+                                           Calculator::Set_Display_Mode(s_, DisplayMode(i));
+                                           Refresh();
+                                       });
+    normal_ = display[0];
+    fixed_ = display[1];
+    scientific_ = display[2];
     g->addWidget(box, 0, 0, 2, 1);
 
-    PrecLab_ = new QLabel(QStringLiteral("Places:"), page);
-    PrecLab_->setObjectName(QStringLiteral("PrecLab"));
-    PrecBox_ = new QComboBox(page);
-    PrecBox_->setObjectName(QStringLiteral("PrecBox"));
-    PrecBox_->setFocusPolicy(Qt::ClickFocus);
-    PrecBox_->setMinimumContentsLength(3);
-    for (int i = 0; i <= 14; ++i) PrecBox_->addItem(QString::number(i));
-    connect(PrecBox_, &QComboBox::activated, this, [this](int index) {
-        Calculator::PrecBox_Click(s_, index);
+    placesLabel_ = new QLabel(QStringLiteral("Places:"), page);
+    placesLabel_->setObjectName(QStringLiteral("PrecLab"));
+    places_ = new QComboBox(page);
+    places_->setObjectName(QStringLiteral("PrecBox"));
+    places_->setFocusPolicy(Qt::ClickFocus);
+    places_->setMinimumContentsLength(3);
+    for (int i = 0; i <= 14; ++i) places_->addItem(QString::number(i));
+    connect(places_, &QComboBox::activated, this, [this](int index) {
+        Calculator::Set_Places(s_, index);
         Refresh();
-        Frame1_->setFocus();
+        display_->setFocus();
     });
-    PrecLab_->setBuddy(PrecBox_);
+    placesLabel_->setBuddy(places_);
     auto* prec = new QHBoxLayout;
-    prec->addWidget(PrecLab_);
-    prec->addWidget(PrecBox_);
+    prec->addWidget(placesLabel_);
+    prec->addWidget(places_);
     prec->addStretch(1);
     g->addLayout(prec, 0, 1);
     QWidget* time = Key_Button(*Calculator::Find_Key("time"));
@@ -321,68 +322,68 @@ void CalculatorWindow::Build_Menus() {
     };
     QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
     file->setObjectName(QStringLiteral("mnuFile"));
-    mnuReadOut_ = add(file, "mnuReadOut", QStringLiteral("&Read Out Loud"), [this] { mnuReadOut_Click(); });
-    mnuReadOut_->setCheckable(true);
+    readOutAction_ = add(file, "mnuReadOut", QStringLiteral("&Read Out Loud"), [this] { Toggle_Read_Out(); });
+    readOutAction_->setCheckable(true);
     file->addSeparator();
     auto* pages = new QActionGroup(this);
     for (int i = 0; i < kPageCount; ++i) {
         const std::string name = "mnuFunct" + std::to_string(i + 1);
         QString caption = QStringLiteral("%1\tF%2").arg(QString::fromLatin1(kPageNames[i])).arg(i + 1);
-        QAction* a = add(file, name.c_str(), caption, [this, i] { SelectTab_->setCurrentIndex(i); });
+        QAction* a = add(file, name.c_str(), caption, [this, i] { pages_->setCurrentIndex(i); });
         a->setCheckable(true);
         pages->addAction(a);
     }
     file->addSeparator();
     add(file, "mnuExit", QStringLiteral("E&xit"), [this] { close(); });
-    connect(file, &QMenu::aboutToShow, this, [this] { mnuFile_Click(); });
+    connect(file, &QMenu::aboutToShow, this, [this] { Check_File_Menu(); });
 
     QMenu* edit = menuBar()->addMenu(QStringLiteral("&Edit"));
     edit->setObjectName(QStringLiteral("mnuEdit"));
-    mnuCopy_ = add(edit, "mnuCopy", QStringLiteral("&Copy"), [this] { mnuCopy_Click(); });
-    mnuCopyDigits_ =
-        add(edit, "mnuCopyDigits", QStringLiteral("Copy &Display as Digits"), [this] { mnuCopyDigits_Click(); });
+    copyAction_ = add(edit, "mnuCopy", QStringLiteral("&Copy"), [this] { Copy_Value(); });
+    copyDigitsAction_ =
+        add(edit, "mnuCopyDigits", QStringLiteral("Copy &Display as Digits"), [this] { Copy_Digits(); });
     add(edit, "mnuPaste", QStringLiteral("&Paste"), [this] {
         // The clock gives way to the paste, except on the angle page.
-        if (s_.TimeShown && SelectTab_->currentIndex() != 1) Calculator::key_Time_Click(s_);
+        if (s_.TimeShown && pages_->currentIndex() != 1) Calculator::Toggle_Clock(s_);
         Press("xtract");
     });
     connect(edit, &QMenu::aboutToShow, this, [this] {
-        mnuCopy_->setEnabled(!s_.TimeShown);
-        mnuCopyDigits_->setEnabled(!s_.TimeShown);
+        copyAction_->setEnabled(!s_.TimeShown);
+        copyDigitsAction_->setEnabled(!s_.TimeShown);
     });
 
     QMenu* mode = menuBar()->addMenu(QStringLiteral("&Mode"));
     mode->setObjectName(QStringLiteral("mnuMode"));
     QMenu* angular = mode->addMenu(QStringLiteral("&Angle"));
     angular->setObjectName(QStringLiteral("mnuAngular"));
-    add(angular, "mnuDegree", QStringLiteral("&Degree"), [this] { DegButton_->click(); })->setCheckable(true);
-    add(angular, "mnuRadian", QStringLiteral("&Radian"), [this] { RadButton_->click(); })->setCheckable(true);
-    add(angular, "mnuGradian", QStringLiteral("&Gradian"), [this] { GradButton_->click(); })->setCheckable(true);
+    add(angular, "mnuDegree", QStringLiteral("&Degree"), [this] { degree_->click(); })->setCheckable(true);
+    add(angular, "mnuRadian", QStringLiteral("&Radian"), [this] { radian_->click(); })->setCheckable(true);
+    add(angular, "mnuGradian", QStringLiteral("&Gradian"), [this] { gradian_->click(); })->setCheckable(true);
     QMenu* display = mode->addMenu(QStringLiteral("&Display"));
     display->setObjectName(QStringLiteral("mnuDisplayMode"));
-    add(display, "mnuNormal", QStringLiteral("&Normal"), [this] { StdButton_->click(); })->setCheckable(true);
+    add(display, "mnuNormal", QStringLiteral("&Normal"), [this] { normal_->click(); })->setCheckable(true);
     add(display, "mnuFixed", QStringLiteral("&Fixed"), [this] {
-        SelectTab_->setCurrentIndex(3);
-        FxnButton_->click();
+        pages_->setCurrentIndex(3);
+        fixed_->click();
     })->setCheckable(true);
     add(display, "mnuSci", QStringLiteral("&Scientific"), [this] {
-        SelectTab_->setCurrentIndex(3);
-        ScnButton_->click();
+        pages_->setCurrentIndex(3);
+        scientific_->click();
     })->setCheckable(true);
     mode->addSeparator();
     // The entry exists and does nothing: the register keys alone take the window off the top.
     add(mode, "mnuOnTop", QStringLiteral("Always on &Top"), [] {});
-    connect(mode, &QMenu::aboutToShow, this, [this] { mnuMode_Click(); });
+    connect(mode, &QMenu::aboutToShow, this, [this] { Check_Mode_Menu(); });
 
     QMenu* windows = menuBar()->addMenu(QStringLiteral("&Windows"));
     windows->setObjectName(QStringLiteral("mnuWindows"));
-    add(windows, "mnuRegisters", QStringLiteral("&Registers..."), [this] { mnuRegisters_Click(); });
-    add(windows, "mnuData", QStringLiteral("Statistics &Data..."), [this] { mnuData_Click(); });
-    add(windows, "mnuConstants", QStringLiteral("&Constants..."), [this] { mnuConstants_Click(); });
+    add(windows, "mnuRegisters", QStringLiteral("&Registers..."), [this] { Open_Registers(); });
+    add(windows, "mnuData", QStringLiteral("Statistics &Data..."), [this] { Open_Data(); });
+    add(windows, "mnuConstants", QStringLiteral("&Constants..."), [this] { Open_Constants(); });
 
     QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
     help->setObjectName(QStringLiteral("mnuHelp"));
-    add(help, "mnuHelpTopics", QStringLiteral("Help &Topics"), [this] { mnuHelpTopics_Click(); });
+    add(help, "mnuHelpTopics", QStringLiteral("Help &Topics"), [this] { Open_Help(); });
     add(help, "mnuAbout", QStringLiteral("&About Calculator"), [this] {
         AboutBox box(AboutBox::Kind::Calculator, this);
         box.exec();
@@ -400,9 +401,9 @@ void CalculatorWindow::Press(const std::string& token) {
 void CalculatorWindow::Key_Click(const Calculator::KeyDef& key) {
     if (key.kind == Calculator::KeyKind::Window) {
         if (std::string(key.token) == "time")
-            key_Time_Click();
+            Run_Clock();
         else
-            mnuData_Click();
+            Open_Data();
     } else {
         // The register keys take the calculator off the top so that the
         // register window can stand above it.
@@ -413,66 +414,64 @@ void CalculatorWindow::Key_Click(const Calculator::KeyDef& key) {
     }
     if (guard_.ClosePending()) return;
     Refresh();
-    Frame1_->setFocus();
+    display_->setFocus();
 }
 
-CalculatorWindow::ClassicKey CalculatorWindow::Classic_Key(int qtKey, Qt::KeyboardModifiers modifiers) {
+CalculatorWindow::KeyStroke CalculatorWindow::Keyboard_Of(int qtKey, Qt::KeyboardModifiers modifiers) {
+    using Calculator::Keyboard;
     const bool keypad = modifiers.testFlag(Qt::KeypadModifier);
     const Qt::KeyboardModifiers rest = modifiers & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-    int shift = rest != Qt::NoModifier ? 2 : modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0;
-    if (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9) return {(keypad ? 96 : 48) + (qtKey - Qt::Key_0), shift};
+    const Calculator::Modifiers held = rest != Qt::NoModifier                  ? Calculator::Modifiers::Other
+                                       : modifiers.testFlag(Qt::ShiftModifier) ? Calculator::Modifiers::Shift
+                                                                               : Calculator::Modifiers::None;
+    if (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9) {
+        const int d = qtKey - Qt::Key_0;
+        return {keypad ? Calculator::Keypad_Digit(d) : Calculator::Row_Digit(d), held};
+    }
     // Characters that share a key with a digit arrive as their own Qt keys;
     // they are the digit key with Shift.
-    struct Shifted {
-        int qt;
-        int code;
-    };
-    static const Shifted kShifted[] = {{Qt::Key_ParenRight, 48}, {Qt::Key_Exclam, 49},    {Qt::Key_At, 50},
-                                       {Qt::Key_NumberSign, 51}, {Qt::Key_Dollar, 52},    {Qt::Key_Percent, 53},
-                                       {Qt::Key_AsciiCircum, 54}, {Qt::Key_Ampersand, 55}, {Qt::Key_ParenLeft, 57},
-                                       {Qt::Key_Underscore, 189}};
-    for (const Shifted& k : kShifted)
-        if (qtKey == k.qt) return {k.code, rest != Qt::NoModifier ? 2 : 1};
-    switch (qtKey) {
-        case Qt::Key_Asterisk: return keypad ? ClassicKey{106, shift} : ClassicKey{56, 1};
-        case Qt::Key_Plus: return {keypad ? 107 : 43, shift};
-        case Qt::Key_Minus: return {keypad ? 109 : 189, shift};
-        case Qt::Key_Slash: return {keypad ? 111 : 191, shift};
-        case Qt::Key_Period: return {keypad ? 110 : 190, shift};
-        case Qt::Key_Equal: return {187, shift};
-        case Qt::Key_Return: return {13, shift};
-        case Qt::Key_Enter: return {108, shift};
-        case Qt::Key_Delete: return {46, shift};
-        case Qt::Key_Backspace: return {8, shift};
-        case Qt::Key_Escape: return {27, shift};
-        case Qt::Key_Up: return {38, shift};
-        default: break;
-    }
-    if (qtKey >= Qt::Key_F1 && qtKey <= Qt::Key_F12) return {112 + (qtKey - Qt::Key_F1), shift};
+    static const std::pair<int, int> kShifted[] = {
+        {Qt::Key_ParenRight, 0},  {Qt::Key_Exclam, 1},    {Qt::Key_At, 2},
+        {Qt::Key_NumberSign, 3},  {Qt::Key_Dollar, 4},    {Qt::Key_Percent, 5},
+        {Qt::Key_AsciiCircum, 6}, {Qt::Key_Ampersand, 7}, {Qt::Key_ParenLeft, 9}};
+    for (const auto& [qt, digit] : kShifted)
+        if (qtKey == qt)
+            return {Calculator::Row_Digit(digit),
+                    held == Calculator::Modifiers::Other ? held : Calculator::Modifiers::Shift};
+    // clang-format off
+    static const std::pair<int, Keyboard> kKeys[] = {
+        {Qt::Key_Asterisk, Keyboard::Asterisk}, {Qt::Key_Plus, Keyboard::Plus},     {Qt::Key_Slash, Keyboard::Slash},
+        {Qt::Key_Period, Keyboard::Point},      {Qt::Key_Equal, Keyboard::Equal},   {Qt::Key_Return, Keyboard::Enter},
+        {Qt::Key_Enter, Keyboard::Enter},       {Qt::Key_Delete, Keyboard::Delete}, {Qt::Key_Backspace, Keyboard::Backspace},
+        {Qt::Key_Escape, Keyboard::Escape},     {Qt::Key_Up, Keyboard::Up},         {Qt::Key_F1, Keyboard::F1},
+        {Qt::Key_F2, Keyboard::F2},             {Qt::Key_F3, Keyboard::F3},         {Qt::Key_F4, Keyboard::F4},
+        {Qt::Key_F8, Keyboard::F8},             {Qt::Key_F9, Keyboard::F9}};
+    // clang-format on
+    if (qtKey == Qt::Key_Minus) return {keypad ? Keyboard::KeypadMinus : Keyboard::Minus, held};
+    for (const auto& [qt, key] : kKeys)
+        if (qtKey == qt) return {key, held};
     return {};
 }
 
 void CalculatorWindow::keyPressEvent(QKeyEvent* event) {
-    ClassicKey k = Classic_Key(event->key(), event->modifiers());
-    std::string token = Calculator::Keyboard_Token(k.code, k.shift);
-    if (token.empty()) {
+    const KeyStroke k = Keyboard_Of(event->key(), event->modifiers());
+    if (const int page = Calculator::Keyboard_Page(k.key); page >= 0) {
+        event->accept();
+        pages_->setCurrentIndex(page);
+    } else if (const Calculator::KeyDef* key = Calculator::Keyboard_Key(k.key, k.modifiers)) {
+        event->accept();
+        Key_Click(*key);
+    } else {
         QMainWindow::keyPressEvent(event);
-        return;
     }
-    event->accept();
-    if (token.rfind("tab", 0) == 0) {
-        SelectTab_->setCurrentIndex(token[3] - '0');
-        return;
-    }
-    Press(token);
 }
 
 // =====================================================================================
 // Clock
 // =====================================================================================
 
-void CalculatorWindow::key_Time_Click() {
-    if (!Calculator::key_Time_Click(s_)) return;  // off again, or an error shows
+void CalculatorWindow::Run_Clock() {
+    if (!Calculator::Toggle_Clock(s_)) return;  // off again, or an error shows
     auto scope = guard_.Enter();
     shell::ThrottledPump pump;
     int shownSecond = -1;
@@ -491,7 +490,7 @@ void CalculatorWindow::key_Time_Click() {
         pump();
         QThread::msleep(5);
     }
-    if (s_.TimeShown && !guard_.ClosePending()) Calculator::key_Time_Click(s_);  // hidden: the clock goes off
+    if (s_.TimeShown && !guard_.ClosePending()) Calculator::Toggle_Clock(s_);  // hidden: the clock goes off
 }
 
 // =====================================================================================
@@ -499,40 +498,41 @@ void CalculatorWindow::key_Time_Click() {
 // =====================================================================================
 
 void CalculatorWindow::Refresh() {
-    DisplayBox_->setText(Q(s_.DisplayBox));
-    ExpoBox_->setText(Q(s_.ExpoBox));
-    DateBox_->setText(Q(s_.DateBox));
-    OperatorIndicator_->setText(Q(s_.OperatorIndicator));
-    CCalc_Indicator_->setText(Q(s_.CCalc_Indicator));
-    Mem_Indicator_->setText(Q(s_.Mem_Indicator));
-    Mode_Indicator_->setText(Q(s_.Mode_Indicator));
-    DispMode_Indicator_->setText(Q(s_.DispMode_Indicator));
+    number_->setText(Q(s_.Shown.Number));
+    exponent_->setText(Q(s_.Shown.Exponent));
+    date_->setText(Q(s_.Shown.Date));
+    operatorMark_->setText(Q(s_.Shown.OperatorMark));
+    constantMark_->setText(Q(s_.Shown.ConstantMark));
+    memoryMark_->setText(Q(s_.Shown.MemoryMark));
+    angleName_->setText(Q(s_.Shown.AngleName));
+    modeName_->setText(Q(s_.Shown.ModeName));
 
-    const QSignalBlocker block(PrecBox_);
-    DegButton_->setChecked(!s_.IsRadian && !s_.IsGradian);
-    RadButton_->setChecked(s_.IsRadian != 0);
-    GradButton_->setChecked(s_.IsGradian != 0);
-    StdButton_->setChecked(s_.StdButton != 0);
-    FxnButton_->setChecked(s_.FxnButton != 0);
-    ScnButton_->setChecked(s_.ScnButton != 0);
-    PrecBox_->setCurrentIndex(s_.PrecBoxIndex);
-    PrecBox_->setEnabled(s_.PrecBoxEnabled != 0);
-    PrecLab_->setEnabled(s_.PrecBoxEnabled != 0);
+    const QSignalBlocker block(places_);
+    degree_->setChecked(s_.Angle == AngleMode::Degree);
+    radian_->setChecked(s_.Angle == AngleMode::Radian);
+    gradian_->setChecked(s_.Angle == AngleMode::Gradian);
+    normal_->setChecked(s_.Mode == DisplayMode::Normal);
+    fixed_->setChecked(s_.Mode == DisplayMode::Fixed);
+    scientific_->setChecked(s_.Mode == DisplayMode::Scientific);
+    places_->setCurrentIndex(s_.Places);
+    // The places are chosen for fixed and scientific only.
+    places_->setEnabled(s_.Mode != DisplayMode::Normal);
+    placesLabel_->setEnabled(s_.Mode != DisplayMode::Normal);
 }
 
 // =====================================================================================
 // Menus
 // =====================================================================================
 
-void CalculatorWindow::mnuCopy_Click() {
-    DummyBox_->setText(Q(Calculator::Copy_Text(s_)));
-    DummyBox_->selectAll();
+void CalculatorWindow::Copy_Value() {
+    copyBox_->setText(Q(Calculator::Copy_Text(s_)));
+    copyBox_->selectAll();
     QClipboard* clip = QGuiApplication::clipboard();
     clip->clear();
-    clip->setText(DummyBox_->selectedText());
+    clip->setText(copyBox_->selectedText());
 }
 
-void CalculatorWindow::mnuCopyDigits_Click() {
+void CalculatorWindow::Copy_Digits() {
     const std::string digits = Calculator::Display_Digits(s_);
     if (digits.empty()) return;  // an error or the clock: nothing worth pasting
     QClipboard* clip = QGuiApplication::clipboard();
@@ -540,37 +540,33 @@ void CalculatorWindow::mnuCopyDigits_Click() {
     clip->setText(Q(digits));
 }
 
-void CalculatorWindow::mnuReadOut_Click() {
-    s_.ReadOutOn = s_.ReadOutOn ? 0 : -1;
-    mnuReadOut_->setChecked(s_.ReadOutOn != 0);
-    settings::SaveSetting(settings::ProgramTitle(), kSection, kReadOutKey,
-                          s_.ReadOutOn ? QStringLiteral("1") : QStringLiteral("0"));
-    Say("");
+void CalculatorWindow::Toggle_Read_Out() {
+    readOutAction_->setChecked(CalculatorSettings::Toggle_Read_Out(s_, voice_));
 }
 
-void CalculatorWindow::mnuFile_Click() {
-    s_.ReadOutOn = settings::GetSettingInt(settings::ProgramTitle(), kSection, kReadOutKey, 0) != 0 ? -1 : 0;
-    mnuReadOut_->setChecked(s_.ReadOutOn != 0);
-    const std::string name = "mnuFunct" + std::to_string(SelectTab_->currentIndex() + 1);
+void CalculatorWindow::Check_File_Menu() {
+    s_.ReadOutOn = settings::GetSettingInt(settings::ProgramTitle(), kSection, kReadOutKey, 0) != 0;
+    readOutAction_->setChecked(s_.ReadOutOn);
+    const std::string name = "mnuFunct" + std::to_string(pages_->currentIndex() + 1);
     if (QAction* a = findChild<QAction*>(QString::fromStdString(name))) a->setChecked(true);
 }
 
-void CalculatorWindow::mnuMode_Click() {
+void CalculatorWindow::Check_Mode_Menu() {
     auto check = [this](const char* name, bool on) {
         if (QAction* a = findChild<QAction*>(QString::fromLatin1(name))) a->setChecked(on);
     };
-    check("mnuDegree", DegButton_->isChecked());
-    check("mnuRadian", RadButton_->isChecked());
-    check("mnuGradian", GradButton_->isChecked());
-    check("mnuNormal", StdButton_->isChecked());
-    check("mnuFixed", FxnButton_->isChecked());
-    check("mnuSci", ScnButton_->isChecked());
+    check("mnuDegree", degree_->isChecked());
+    check("mnuRadian", radian_->isChecked());
+    check("mnuGradian", gradian_->isChecked());
+    check("mnuNormal", normal_->isChecked());
+    check("mnuFixed", fixed_->isChecked());
+    check("mnuSci", scientific_->isChecked());
 }
 
-void CalculatorWindow::Angle_Click(char mode) {
+void CalculatorWindow::Choose_Angle(AngleMode mode) {
     Calculator::Set_Angle_Mode(s_, mode);
     Refresh();
-    Frame1_->setFocus();
+    display_->setFocus();
 }
 
 void CalculatorWindow::Stay_On_Top(bool on) {
@@ -580,10 +576,10 @@ void CalculatorWindow::Stay_On_Top(bool on) {
 }
 
 void CalculatorWindow::closeEvent(QCloseEvent* event) {
-    s_.TimeShown = 0;  // a running clock ends with the window
+    s_.TimeShown = false;  // a running clock ends with the window
     if (guard_.DeferClose(event)) return;
     if (voice_) voice_->Speak(QString());
-    CalculatorSettings::Save_CalcFiles(s_, this);
+    CalculatorSettings::Save_Files(s_, this);
     event->accept();
 }
 
@@ -593,23 +589,22 @@ void CalculatorWindow::closeEvent(QCloseEvent* event) {
 
 // Register window for the keys K IN, K OUT, X<->K, M+, M- and K AC: reads
 // s.MemoryAction, sets s.RegisterChoice (-1 for Exit) and s.RegisterText.
-// Opens nothing yet, so the keys leave the registers alone.
 void CalculatorWindow::Show_Register_Window(CalculatorState& s) { RegistersWindow::Open(s, this); }
 
 void CalculatorWindow::Show_Constant_Window(CalculatorState& s) { ConstantsWindow::Open(s, this); }
 
 // The menu entries work as the keys do: through the engine, so the results
 // reach the display.
-void CalculatorWindow::mnuRegisters_Click() {
+void CalculatorWindow::Open_Registers() {
     Calculator::Press_Key(s_, "kin");
     Refresh();
 }
-void CalculatorWindow::mnuData_Click() { StatisticsWindow::Open(s_, this); }
-void CalculatorWindow::mnuConstants_Click() {
+void CalculatorWindow::Open_Data() { StatisticsWindow::Open(s_, this); }
+void CalculatorWindow::Open_Constants() {
     Calculator::Press_Key(s_, "cnst");
     Refresh();
 }
-void CalculatorWindow::mnuHelpTopics_Click() { HelpWindow::Open(s_, this); }
+void CalculatorWindow::Open_Help() { HelpWindow::Open(s_, this); }
 
 void CalculatorWindow::Say(const std::string& words) {
     if (!voice_) voice_ = new Voice(this);

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "calc/core/CalculatorState.h"
+#include "calc/core/KeyTable.h"
 #include "shell/ui/RunPump.h"
 
 class QAction;
@@ -18,10 +19,6 @@ class QLineEdit;
 class QRadioButton;
 class QTabWidget;
 
-namespace Calculator {
-struct KeyDef;
-}
-
 class Voice;
 
 class CalculatorWindow : public QMainWindow {
@@ -30,13 +27,12 @@ public:
     explicit CalculatorWindow(CalculatorState& state, QWidget* parent = nullptr);
     ~CalculatorWindow() override;
 
-    // The classic key code and modifier state (0 none, 1 Shift, 2 other) of a
-    // Qt key press, as the key table's keyboard bindings number them.
-    struct ClassicKey {
-        int code = 0;
-        int shift = 0;
+    // A Qt key press as the calculator's keyboard key and modifiers.
+    struct KeyStroke {
+        Calculator::Keyboard key = Calculator::Keyboard::None;
+        Calculator::Modifiers modifiers = Calculator::Modifiers::None;
     };
-    static ClassicKey Classic_Key(int qtKey, Qt::KeyboardModifiers modifiers);
+    static KeyStroke Keyboard_Of(int qtKey, Qt::KeyboardModifiers modifiers);
 
     // Presses the key with this token as its button would.
     void Press(const std::string& token);
@@ -55,41 +51,41 @@ private:
     QWidget* Key_Button(const Calculator::KeyDef& key);
 
     void Key_Click(const Calculator::KeyDef& key);
-    void key_Time_Click();
+    void Run_Clock();
     void Refresh();
 
-    void mnuCopy_Click();
-    void mnuCopyDigits_Click();
-    void mnuReadOut_Click();
-    void mnuFile_Click();
-    void mnuMode_Click();
-    void Angle_Click(char mode);
+    // ---- Menus ------------------------------------------------------------------
+    void Copy_Value();   // the plain value of X to the clipboard
+    void Copy_Digits();  // the display as digits to the clipboard
+    void Toggle_Read_Out();
+    void Check_File_Menu();  // the read-out switch and the page shown, as the menu opens
+    void Check_Mode_Menu();  // the angle and display modes, as the menu opens
+    void Choose_Angle(AngleMode mode);
     void Stay_On_Top(bool on);
 
-    // ---- Windows of the other calculator forms -------------------------------
-    // STUBS: these open nothing yet. The register, data, constant and help
-    // windows are connected here when they exist.
+    // ---- The register, data, constant and help windows ---------------------------
     void Show_Register_Window(CalculatorState& s);  // engine hook of the register keys
     void Show_Constant_Window(CalculatorState& s);  // engine hook of the constant key
-    void mnuRegisters_Click();
-    void mnuData_Click();                         // also the key key_Del
-    void mnuConstants_Click();
-    void mnuHelpTopics_Click();
-    // Speech hook: the words of a key or result, "" to cut off. Silent until
-    // the voice is connected here.
+    void Open_Registers();
+    void Open_Data();  // also the key key_Del
+    void Open_Constants();
+    void Open_Help();
+    // Speech hook: the words of a key or result, "" to cut off.
     void Say(const std::string& words);
 
     CalculatorState& s_;
     shell::RunGuard guard_;
     Voice* voice_ = nullptr;  // made at the first word spoken
-    QFrame* Frame1_ = nullptr;
-    QLabel *DisplayBox_ = nullptr, *ExpoBox_ = nullptr, *DateBox_ = nullptr;
-    QLabel *OperatorIndicator_ = nullptr, *CCalc_Indicator_ = nullptr, *Mem_Indicator_ = nullptr;
-    QLabel *Mode_Indicator_ = nullptr, *DispMode_Indicator_ = nullptr, *PrecLab_ = nullptr;
-    QLineEdit* DummyBox_ = nullptr;
-    QTabWidget* SelectTab_ = nullptr;
-    QComboBox* PrecBox_ = nullptr;
-    QRadioButton *DegButton_ = nullptr, *RadButton_ = nullptr, *GradButton_ = nullptr;
-    QRadioButton *StdButton_ = nullptr, *FxnButton_ = nullptr, *ScnButton_ = nullptr;
-    QAction *mnuReadOut_ = nullptr, *mnuCopy_ = nullptr, *mnuCopyDigits_ = nullptr;
+    QFrame* display_ = nullptr;  // the display panel, which keeps the keyboard focus
+    // The display's labels: number, exponent, date line and the indicators.
+    QLabel *number_ = nullptr, *exponent_ = nullptr, *date_ = nullptr;
+    QLabel *operatorMark_ = nullptr, *constantMark_ = nullptr, *memoryMark_ = nullptr;
+    QLabel *angleName_ = nullptr, *modeName_ = nullptr;
+    QLineEdit* copyBox_ = nullptr;  // hidden: hands the copied text to the clipboard
+    QTabWidget* pages_ = nullptr;   // the four pages of keys
+    QLabel* placesLabel_ = nullptr;
+    QComboBox* places_ = nullptr;
+    QRadioButton *degree_ = nullptr, *radian_ = nullptr, *gradian_ = nullptr;
+    QRadioButton *normal_ = nullptr, *fixed_ = nullptr, *scientific_ = nullptr;
+    QAction *readOutAction_ = nullptr, *copyAction_ = nullptr, *copyDigitsAction_ = nullptr;
 };

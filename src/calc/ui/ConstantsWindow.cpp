@@ -24,44 +24,44 @@ ConstantsWindow::ConstantsWindow(CalculatorState& s, QWidget* parent) : QDialog(
     setObjectName("CalcConstantFrm");
     setWindowTitle("Constants");
 
-    ItemBox = ListView::New_ItemBox(this);
+    list_ = ListView::New_ItemBox(this);
 
-    ValueFrame = new QGroupBox("Constant No.", this);
-    ValueFrame->setObjectName("ValueFrame");
-    ValueBox = new QLineEdit(ValueFrame);
-    ValueBox->setObjectName("ValueBox");
-    ValueBox->setReadOnly(true);
-    auto* frameLayout = new QHBoxLayout(ValueFrame);
-    frameLayout->addWidget(ValueBox);
+    valueFrame_ = new QGroupBox("Constant No.", this);
+    valueFrame_->setObjectName("ValueFrame");
+    value_ = new QLineEdit(valueFrame_);
+    value_->setObjectName("ValueBox");
+    value_->setReadOnly(true);
+    auto* frameLayout = new QHBoxLayout(valueFrame_);
+    frameLayout->addWidget(value_);
 
-    OKButton = new QPushButton("OK", this);
-    OKButton->setObjectName("OKButton");
-    OKButton->setEnabled(false);
-    ExitButton = new QPushButton("Exit", this);
-    ExitButton->setObjectName("ExitButton");
-    for (QPushButton* b : {OKButton, ExitButton}) b->setAutoDefault(false);
+    ok_ = new QPushButton("OK", this);
+    ok_->setObjectName("OKButton");
+    ok_->setEnabled(false);
+    exit_ = new QPushButton("Exit", this);
+    exit_->setObjectName("ExitButton");
+    for (QPushButton* b : {ok_, exit_}) b->setAutoDefault(false);
 
     auto* bottom = new QHBoxLayout;
-    bottom->addWidget(ValueFrame, 1);
-    bottom->addWidget(OKButton, 0, Qt::AlignBottom);
-    bottom->addWidget(ExitButton, 0, Qt::AlignBottom);
+    bottom->addWidget(valueFrame_, 1);
+    bottom->addWidget(ok_, 0, Qt::AlignBottom);
+    bottom->addWidget(exit_, 0, Qt::AlignBottom);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(ItemBox, 1);
+    layout->addWidget(list_, 1);
     layout->addLayout(bottom);
 
     // A row picked by click or arrow key is selected; the list's own choice of
     // a current row when it takes the focus is not, and picks nothing.
-    connect(ItemBox, &QTreeWidget::itemSelectionChanged, this, [this] {
-        if (!ItemBox->selectedItems().isEmpty()) ItemBox_ItemClick(ItemBox->currentItem());
+    connect(list_, &QTreeWidget::itemSelectionChanged, this, [this] {
+        if (!list_->selectedItems().isEmpty()) Row_Picked(list_->currentItem());
     });
     // A double click takes the row at once.
-    connect(ItemBox, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
-        ItemBox_ItemClick(item);
-        OKButton_Click();
+    connect(list_, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
+        Row_Picked(item);
+        Take_Value();
     });
-    connect(OKButton, &QPushButton::clicked, this, &ConstantsWindow::OKButton_Click);
-    connect(ExitButton, &QPushButton::clicked, this, &ConstantsWindow::ExitButton_Click);
-    Form_Load();
+    connect(ok_, &QPushButton::clicked, this, &ConstantsWindow::Take_Value);
+    connect(exit_, &QPushButton::clicked, this, &ConstantsWindow::Leave);
+    Fill_List();
 }
 
 void ConstantsWindow::Open(CalculatorState& s, QWidget* parent) {
@@ -69,12 +69,12 @@ void ConstantsWindow::Open(CalculatorState& s, QWidget* parent) {
     frm.exec();
 }
 
-void ConstantsWindow::Form_Load() {
-    ItemBox->setHeaderLabels({" No.", "Symbol", "Description", "Value  ", "Unit"});
-    ItemBox->headerItem()->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
+void ConstantsWindow::Fill_List() {
+    list_->setHeaderLabels({" No.", "Symbol", "Description", "Value  ", "Unit"});
+    list_->headerItem()->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
     Constants::Load_Constants(s_.Constants);
     for (const Constants::ConstantRecord& r : s_.Constants.ConstantData) {
-        auto* item = new QTreeWidgetItem(ItemBox);
+        auto* item = new QTreeWidgetItem(list_);
         item->setText(0, QString::number(r.Number) + "  ");
         item->setText(1, Q(r.Symbol));
         item->setText(2, Q(r.Description));
@@ -82,27 +82,27 @@ void ConstantsWindow::Form_Load() {
         item->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
         item->setText(4, Q(r.Unit));
     }
-    for (int c = 0; c < ItemBox->columnCount(); ++c) ItemBox->resizeColumnToContents(c);
-    ItemBox->setColumnWidth(2, std::min(ItemBox->columnWidth(2), fontMetrics().averageCharWidth() * 34));
-    resize(ListView::Columns_Width(ItemBox) + 60, 460);
+    for (int c = 0; c < list_->columnCount(); ++c) list_->resizeColumnToContents(c);
+    list_->setColumnWidth(2, std::min(list_->columnWidth(2), fontMetrics().averageCharWidth() * 34));
+    resize(ListView::Columns_Width(list_) + 60, 460);
 }
 
-void ConstantsWindow::ItemBox_ItemClick(QTreeWidgetItem* item) {
+void ConstantsWindow::Row_Picked(QTreeWidgetItem* item) {
     if (item == nullptr) return;
-    const int row = ItemBox->indexOfTopLevelItem(item);
+    const int row = list_->indexOfTopLevelItem(item);
     if (row < 0 || row >= Constants::kConstantCount) return;
     const Constants::ConstantRecord& r = s_.Constants.ConstantData[size_t(row)];
-    OKButton->setEnabled(true);
-    ValueFrame->setTitle("Constant No. " + QString::number(r.Number));
-    ValueBox->setText("  " + Q(prim::PlainText(r.Value)));
+    ok_->setEnabled(true);
+    valueFrame_->setTitle("Constant No. " + QString::number(r.Number));
+    value_->setText("  " + Q(prim::PlainText(r.Value)));
 }
 
-void ConstantsWindow::OKButton_Click() {
-    s_.ConstantChoice = prim::Variant(S(ValueBox->text()));
+void ConstantsWindow::Take_Value() {
+    s_.ConstantChoice = prim::Variant(S(value_->text()));
     accept();
 }
 
-void ConstantsWindow::ExitButton_Click() {
+void ConstantsWindow::Leave() {
     s_.ConstantChoice = prim::Variant();
     reject();
 }

@@ -21,15 +21,15 @@ public:
     static void Open(CalculatorState& s, QWidget* parent);
 
 private:
-    void Form_Load();
-    void ItemBox_ItemClick(QTreeWidgetItem* item);
-    void OKButton_Click();
-    void ExitButton_Click();
+    void Fill_List();
+    void Row_Picked(QTreeWidgetItem* item);
+    void Take_Value();
+    void Leave();
 
     CalculatorState& s_;
-    QTreeWidget* ItemBox = nullptr;
-    QGroupBox* ValueFrame = nullptr;
-    QLineEdit* ValueBox = nullptr;
-    QPushButton* OKButton = nullptr;
-    QPushButton* ExitButton = nullptr;
+    QTreeWidget* list_ = nullptr;
+    QGroupBox* valueFrame_ = nullptr;
+    QLineEdit* value_ = nullptr;
+    QPushButton* ok_ = nullptr;
+    QPushButton* exit_ = nullptr;
 };

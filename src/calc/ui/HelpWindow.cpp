@@ -31,47 +31,47 @@ HelpWindow::HelpWindow(CalculatorState& s, QWidget* parent) : QDialog(parent), s
     setObjectName("CalcHelpFrm");
     setWindowTitle("Calculator Help");
 
-    MenuBox = new QListWidget(this);
-    MenuBox->setObjectName("MenuBox");
-    MenuBox->setFixedWidth(fontMetrics().horizontalAdvance("Angle Specification Modes") + 40);
+    topics_ = new QListWidget(this);
+    topics_->setObjectName("MenuBox");
+    topics_->setFixedWidth(fontMetrics().horizontalAdvance("Angle Specification Modes") + 40);
 
-    HBox = new QTextEdit(this);
-    HBox->setObjectName("HBox");
-    HBox->setReadOnly(true);
+    text_ = new QTextEdit(this);
+    text_->setObjectName("HBox");
+    text_->setReadOnly(true);
     // The marked word stays visible while the topic list keeps the focus.
-    QPalette pal = HBox->palette();
+    QPalette pal = text_->palette();
     pal.setColor(QPalette::Inactive, QPalette::Highlight, pal.color(QPalette::Active, QPalette::Highlight));
     pal.setColor(QPalette::Inactive, QPalette::HighlightedText, pal.color(QPalette::Active, QPalette::HighlightedText));
-    HBox->setPalette(pal);
+    text_->setPalette(pal);
 
-    DemImage = new QLabel(this);
-    DemImage->setObjectName("DemImage");
-    DemImage->setText(kAuthorText);
-    DemImage->setWordWrap(true);
-    DemImage->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    DemImage->setFrameShape(QFrame::StyledPanel);
-    DemImage->setMargin(16);
-    DemImage->hide();
+    author_ = new QLabel(this);
+    author_->setObjectName("DemImage");
+    author_->setText(kAuthorText);
+    author_->setWordWrap(true);
+    author_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    author_->setFrameShape(QFrame::StyledPanel);
+    author_->setMargin(16);
+    author_->hide();
 
-    ExitButton = new QPushButton("Exit", this);
-    ExitButton->setObjectName("ExitButton");
-    ExitButton->setAutoDefault(false);
+    exit_ = new QPushButton("Exit", this);
+    exit_->setObjectName("ExitButton");
+    exit_->setAutoDefault(false);
 
     auto* panes = new QHBoxLayout;
-    panes->addWidget(MenuBox);
-    panes->addWidget(HBox, 1);
-    panes->addWidget(DemImage, 1);
+    panes->addWidget(topics_);
+    panes->addWidget(text_, 1);
+    panes->addWidget(author_, 1);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    buttons->addWidget(ExitButton);
+    buttons->addWidget(exit_);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(panes, 1);
     layout->addLayout(buttons);
     resize(640, 400);
 
-    connect(MenuBox, &QListWidget::currentRowChanged, this, &HelpWindow::MenuBox_Click);
-    connect(ExitButton, &QPushButton::clicked, this, &HelpWindow::ExitButton_Click);
-    Form_Load();
+    connect(topics_, &QListWidget::currentRowChanged, this, &HelpWindow::Show_Topic);
+    connect(exit_, &QPushButton::clicked, this, &HelpWindow::Leave);
+    Fill_Topics();
 }
 
 HelpWindow::~HelpWindow() = default;
@@ -81,48 +81,48 @@ void HelpWindow::Open(CalculatorState& s, QWidget* parent) {
     frm.exec();
 }
 
-void HelpWindow::Form_Load() {
+void HelpWindow::Fill_Topics() {
     voice_ = new Voice(this);
-    connect(voice_, &Voice::Word, this, &HelpWindow::Voice_Word);
-    MenuBox->clear();
-    for (int i = 1; i <= CalcHelp::kHelpIndexCount; ++i) {
+    connect(voice_, &Voice::Word, this, &HelpWindow::Mark_Word);
+    topics_->clear();
+    for (int i = 1; i <= HelpTopics::kHelpIndexCount; ++i) {
         std::string title, text;
-        CalcHelp::Fill_Help(i, title, text);
-        if (!prim::Trim(title).empty()) MenuBox->addItem(Q(title));
+        HelpTopics::Fill_Help(i, title, text);
+        if (!prim::Trim(title).empty()) topics_->addItem(Q(title));
     }
-    MenuBox->addItem(CalcHelp::kAuthorItem);
+    topics_->addItem(HelpTopics::kAuthorItem);
 }
 
-void HelpWindow::MenuBox_Click(int row) {
+void HelpWindow::Show_Topic(int row) {
     if (row < 0) return;
     std::string title, text;
-    CalcHelp::Fill_Help(row + 1, title, text);
+    HelpTopics::Fill_Help(row + 1, title, text);
     // One character a line break, as the pane counts them.
-    HBox->setPlainText(Q(prim::Replace(text, "\r\n", "\n")));
-    QTextCursor c = HBox->textCursor();
+    text_->setPlainText(Q(prim::Replace(text, "\r\n", "\n")));
+    QTextCursor c = text_->textCursor();
     c.setPosition(0);
-    HBox->setTextCursor(c);
+    text_->setTextCursor(c);
 
     titleLength_ = Q(title).size();
-    if (s_.ReadOutOn) voice_->Speak(Q(CalcHelp::Spoken_Topic(title, text)));
+    if (s_.ReadOutOn) voice_->Speak(Q(HelpTopics::Spoken_Topic(title, text)));
 
-    const bool author = row == MenuBox->count() - 1;
-    HBox->setVisible(!author);
-    DemImage->setVisible(author);
+    const bool author = row == topics_->count() - 1;
+    text_->setVisible(!author);
+    author_->setVisible(author);
 }
 
-void HelpWindow::Voice_Word(int characterPosition, int length) {
-    const auto mark = CalcHelp::Word_Mark(characterPosition, length, titleLength_);
+void HelpWindow::Mark_Word(int characterPosition, int length) {
+    const auto mark = HelpTopics::Word_Mark(characterPosition, length, titleLength_);
     if (!mark) return;
-    const int end = HBox->document()->characterCount() - 1;
+    const int end = text_->document()->characterCount() - 1;
     const int start = std::min(mark->Start, end);
-    QTextCursor c = HBox->textCursor();
+    QTextCursor c = text_->textCursor();
     c.setPosition(start);
     c.setPosition(std::min(start + mark->Length, end), QTextCursor::KeepAnchor);
-    HBox->setTextCursor(c);
+    text_->setTextCursor(c);
 }
 
-void HelpWindow::ExitButton_Click() {
+void HelpWindow::Leave() {
     voice_->Speak(QString());
     close();
 }

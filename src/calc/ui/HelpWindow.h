@@ -28,16 +28,16 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void Form_Load();
-    void MenuBox_Click(int row);
-    void Voice_Word(int characterPosition, int length);
-    void ExitButton_Click();
+    void Fill_Topics();
+    void Show_Topic(int row);
+    void Mark_Word(int characterPosition, int length);
+    void Leave();
 
     CalculatorState& s_;
     Voice* voice_ = nullptr;
     int titleLength_ = 0;  // title of the topic being read, for the marking
-    QListWidget* MenuBox = nullptr;
-    QTextEdit* HBox = nullptr;
-    QLabel* DemImage = nullptr;
-    QPushButton* ExitButton = nullptr;
+    QListWidget* topics_ = nullptr;
+    QTextEdit* text_ = nullptr;
+    QLabel* author_ = nullptr;
+    QPushButton* exit_ = nullptr;
 };

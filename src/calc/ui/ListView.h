@@ -31,6 +31,19 @@ inline void Size_Columns(QTreeWidget* list, std::initializer_list<int> twips) {
     }
 }
 
+// How many rows have their check box set.
+inline int Checked_Count(const QTreeWidget* list) {
+    int n = 0;
+    for (int i = 0; i < list->topLevelItemCount(); ++i)
+        if (list->topLevelItem(i)->checkState(0) == Qt::Checked) ++n;
+    return n;
+}
+
+// Sets or clears the check box of every row.
+inline void Set_All_Checks(QTreeWidget* list, Qt::CheckState state) {
+    for (int i = 0; i < list->topLevelItemCount(); ++i) list->topLevelItem(i)->setCheckState(0, state);
+}
+
 // Sum of the column widths, for the window's first size.
 inline int Columns_Width(const QTreeWidget* list) {
     int width = 0;

@@ -22,58 +22,58 @@ RegistersWindow::RegistersWindow(CalculatorState& s, QWidget* parent) : QDialog(
     setObjectName("CalcMemoryFrm");
     action_ = s.MemoryAction;
 
-    Lab1 = new QLabel(this);
-    Lab1->setObjectName("Lab1");
+    prompt_ = new QLabel(this);
+    prompt_->setObjectName("Lab1");
 
-    ItemBox = ListView::New_ItemBox(this);
+    list_ = ListView::New_ItemBox(this);
 
-    DecFrame = new QGroupBox(this);
-    DecFrame->setObjectName("DecFrame");
-    DescBox = new QLineEdit(DecFrame);
-    DescBox->setObjectName("DescBox");
-    auto* descLayout = new QHBoxLayout(DecFrame);
-    descLayout->addWidget(DescBox);
+    descriptionFrame_ = new QGroupBox(this);
+    descriptionFrame_->setObjectName("DecFrame");
+    description_ = new QLineEdit(descriptionFrame_);
+    description_->setObjectName("DescBox");
+    auto* descLayout = new QHBoxLayout(descriptionFrame_);
+    descLayout->addWidget(description_);
 
-    DeleteFrame = new QGroupBox("Selection", this);
-    DeleteFrame->setObjectName("DeleteFrame");
-    SelectAllButton = new QPushButton("Select All", DeleteFrame);
-    SelectAllButton->setObjectName("SelectAllButton");
-    CLRButton = new QPushButton("Clear", DeleteFrame);
-    CLRButton->setObjectName("CLRButton");
-    auto* delLayout = new QHBoxLayout(DeleteFrame);
-    delLayout->addWidget(SelectAllButton);
-    delLayout->addWidget(CLRButton);
+    selectionFrame_ = new QGroupBox("Selection", this);
+    selectionFrame_->setObjectName("DeleteFrame");
+    selectAll_ = new QPushButton("Select All", selectionFrame_);
+    selectAll_->setObjectName("SelectAllButton");
+    clearChecks_ = new QPushButton("Clear", selectionFrame_);
+    clearChecks_->setObjectName("CLRButton");
+    auto* delLayout = new QHBoxLayout(selectionFrame_);
+    delLayout->addWidget(selectAll_);
+    delLayout->addWidget(clearChecks_);
 
-    OKButton = new QPushButton(this);
-    OKButton->setObjectName("OKButton");
-    ExitButton = new QPushButton("Exit", this);
-    ExitButton->setObjectName("ExitButton");
-    for (QPushButton* b : {SelectAllButton, CLRButton, OKButton, ExitButton}) b->setAutoDefault(false);
+    ok_ = new QPushButton(this);
+    ok_->setObjectName("OKButton");
+    exit_ = new QPushButton("Exit", this);
+    exit_->setObjectName("ExitButton");
+    for (QPushButton* b : {selectAll_, clearChecks_, ok_, exit_}) b->setAutoDefault(false);
 
     auto* buttons = new QHBoxLayout;
-    buttons->addWidget(DeleteFrame);
+    buttons->addWidget(selectionFrame_);
     buttons->addStretch(1);
-    buttons->addWidget(OKButton, 0, Qt::AlignBottom);
-    buttons->addWidget(ExitButton, 0, Qt::AlignBottom);
+    buttons->addWidget(ok_, 0, Qt::AlignBottom);
+    buttons->addWidget(exit_, 0, Qt::AlignBottom);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(Lab1);
-    layout->addWidget(ItemBox, 1);
-    layout->addWidget(DecFrame);
+    layout->addWidget(prompt_);
+    layout->addWidget(list_, 1);
+    layout->addWidget(descriptionFrame_);
     layout->addLayout(buttons);
 
     // A row picked by click or arrow key is selected; the list's own choice of
     // a current row when it takes the focus is not, and picks nothing.
-    connect(ItemBox, &QTreeWidget::itemSelectionChanged, this, [this] {
-        if (!ItemBox->selectedItems().isEmpty()) ItemBox_ItemClick(ItemBox->currentItem());
+    connect(list_, &QTreeWidget::itemSelectionChanged, this, [this] {
+        if (!list_->selectedItems().isEmpty()) Row_Picked(list_->currentItem());
     });
-    connect(ItemBox, &QTreeWidget::itemChanged, this, [this] {
-        if (!filling_) ItemBox_ItemCheck();
+    connect(list_, &QTreeWidget::itemChanged, this, [this] {
+        if (!filling_) Checks_Changed();
     });
-    connect(SelectAllButton, &QPushButton::clicked, this, &RegistersWindow::SelectAllButton_Click);
-    connect(CLRButton, &QPushButton::clicked, this, &RegistersWindow::CLRButton_Click);
-    connect(OKButton, &QPushButton::clicked, this, &RegistersWindow::OKButton_Click);
-    connect(ExitButton, &QPushButton::clicked, this, &RegistersWindow::ExitButton_Click);
-    Form_Load();
+    connect(selectAll_, &QPushButton::clicked, this, &RegistersWindow::Select_All);
+    connect(clearChecks_, &QPushButton::clicked, this, &RegistersWindow::Clear_Checks);
+    connect(ok_, &QPushButton::clicked, this, &RegistersWindow::Take_Register);
+    connect(exit_, &QPushButton::clicked, this, &RegistersWindow::Leave);
+    Set_Captions();
 }
 
 void RegistersWindow::Open(CalculatorState& s, QWidget* parent) {
@@ -81,27 +81,27 @@ void RegistersWindow::Open(CalculatorState& s, QWidget* parent) {
     frm.exec();
 }
 
-void RegistersWindow::Form_Load() {
+void RegistersWindow::Set_Captions() {
     const RegisterList::MemoryCaptions c = RegisterList::Memory_Captions(action_);
     setWindowTitle(c.Title);
-    Lab1->setText(c.Prompt);
-    OKButton->setText(c.OkCaption);
-    DescBox->setReadOnly(!c.DescriptionOpen);
-    DecFrame->setTitle(c.FrameCaption);
-    DeleteFrame->setVisible(action_ == RegisterAction::Delete);
-    OKButton->setEnabled(false);
+    prompt_->setText(c.Prompt);
+    ok_->setText(c.OkCaption);
+    description_->setReadOnly(!c.DescriptionOpen);
+    descriptionFrame_->setTitle(c.FrameCaption);
+    selectionFrame_->setVisible(action_ == RegisterAction::Delete);
+    ok_->setEnabled(false);
 
-    ItemBox->setHeaderLabels({"   Address", "              Value"});
+    list_->setHeaderLabels({"   Address", "              Value"});
     Fill_List();
-    ListView::Size_Columns(ItemBox, {1200, 2900});
-    resize(ListView::Columns_Width(ItemBox) + 60, 440);
+    ListView::Size_Columns(list_, {1200, 2900});
+    resize(ListView::Columns_Width(list_) + 60, 440);
 }
 
 void RegistersWindow::Fill_List() {
     filling_ = true;
-    ItemBox->clear();
+    list_->clear();
     for (int i = 0; i < CalculatorFiles::kRegisterCount; ++i) {
-        auto* item = new QTreeWidgetItem(ItemBox);
+        auto* item = new QTreeWidgetItem(list_);
         item->setText(0, Q(CalculatorFiles::Register_Name(i)));
         item->setText(1, Q(Calculator::Register_Value_Text(s_.Registers[size_t(i)].Value)));
         item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
@@ -111,73 +111,66 @@ void RegistersWindow::Fill_List() {
     filling_ = false;
 }
 
-int RegistersWindow::CheckedCount() const {
-    int n = 0;
-    for (int i = 0; i < ItemBox->topLevelItemCount(); ++i)
-        if (ItemBox->topLevelItem(i)->checkState(0) == Qt::Checked) ++n;
-    return n;
-}
-
-void RegistersWindow::ItemBox_ItemClick(QTreeWidgetItem* item) {
+void RegistersWindow::Row_Picked(QTreeWidgetItem* item) {
     if (filling_ || item == nullptr) return;
-    const int row = ItemBox->indexOfTopLevelItem(item);
+    const int row = list_->indexOfTopLevelItem(item);
     if (row < 0) return;
-    OKButton->setEnabled(true);
+    ok_->setEnabled(true);
     previous_ = current_;
-    current_ = int16_t(row + 1);
+    current_ = row + 1;
 
     filling_ = true;
     if (action_ != RegisterAction::Recall && action_ != RegisterAction::Delete)
         item->setText(1, Q(RegisterList::Register_Preview_Text(s_, action_, row)));
     if (previous_ != 0 && previous_ != current_)
-        ItemBox->topLevelItem(previous_ - 1)
+        list_->topLevelItem(previous_ - 1)
             ->setText(1, Q(Calculator::Register_Value_Text(s_.Registers[size_t(previous_ - 1)].Value)));
     filling_ = false;
-    if (action_ == RegisterAction::Delete) OKButton->setEnabled(CheckedCount() > 0);
+    if (action_ == RegisterAction::Delete) ok_->setEnabled(ListView::Checked_Count(list_) > 0);
 
-    DescBox->setText(Q(RegisterList::Register_Description_Text(s_.Registers[size_t(row)])));
+    description_->setText(Q(RegisterList::Register_Description_Text(s_.Registers[size_t(row)])));
 }
 
-void RegistersWindow::ItemBox_ItemCheck() { OKButton->setEnabled(CheckedCount() > 0); }
+void RegistersWindow::Checks_Changed() { ok_->setEnabled(ListView::Checked_Count(list_) > 0); }
 
-void RegistersWindow::SelectAllButton_Click() {
+void RegistersWindow::Select_All() {
     filling_ = true;
-    for (int i = 0; i < ItemBox->topLevelItemCount(); ++i) ItemBox->topLevelItem(i)->setCheckState(0, Qt::Checked);
+    ListView::Set_All_Checks(list_, Qt::Checked);
     filling_ = false;
-    OKButton->setEnabled(true);
-    DescBox->clear();
+    ok_->setEnabled(true);
+    description_->clear();
 }
 
-void RegistersWindow::CLRButton_Click() {
+void RegistersWindow::Clear_Checks() {
     filling_ = true;
-    for (int i = 0; i < ItemBox->topLevelItemCount(); ++i) ItemBox->topLevelItem(i)->setCheckState(0, Qt::Unchecked);
+    ListView::Set_All_Checks(list_, Qt::Unchecked);
     filling_ = false;
-    OKButton->setEnabled(false);
-    DescBox->clear();
+    ok_->setEnabled(false);
+    description_->clear();
 }
 
 bool RegistersWindow::Ask(const QString& question) {
     return QMessageBox::critical(this, "Warning", question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
-void RegistersWindow::OKButton_Click() {
+void RegistersWindow::Take_Register() {
     const int i = current_ - 1;
     s_.RegisterText.clear();
     if (action_ == RegisterAction::Recall) {
         if (i < 0) return;
-        s_.RegisterChoice = int16_t(i);
+        s_.RegisterChoice = i;
         accept();
         return;
     }
     if (action_ == RegisterAction::Delete) {
         if (!Ask("Are you sure you want to delete Selected Data?")) return;
-        OKButton->setEnabled(false);
+        ok_->setEnabled(false);
         std::vector<int> checked;
-        for (int r = 0; r < ItemBox->topLevelItemCount(); ++r)
-            if (ItemBox->topLevelItem(r)->checkState(0) == Qt::Checked) checked.push_back(r);
+        for (int r = 0; r < list_->topLevelItemCount(); ++r)
+            if (list_->topLevelItem(r)->checkState(0) == Qt::Checked) checked.push_back(r);
         Calculator::Delete_Registers(s_, checked);
         Fill_List();
-        DescBox->clear();
+        description_->clear();
         return;
     }
     if (i < 0) return;
@@ -186,12 +179,12 @@ void RegistersWindow::OKButton_Click() {
         s_.RegisterChoice = -1;
         return;
     }
-    s_.RegisterText = prim::Trim(S(DescBox->text()));
-    s_.RegisterChoice = int16_t(i);
+    s_.RegisterText = prim::Trim(S(description_->text()));
+    s_.RegisterChoice = i;
     accept();
 }
 
-void RegistersWindow::ExitButton_Click() { reject(); }
+void RegistersWindow::Leave() { reject(); }
 
 void RegistersWindow::reject() {
     s_.RegisterText.clear();

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QDialog>
-#include <cstdint>
 
 #include "calc/core/CalculatorState.h"
 
@@ -29,30 +28,29 @@ public:
     void reject() override;
 
 private:
-    void Form_Load();
+    void Set_Captions();
     void Fill_List();
-    void ItemBox_ItemClick(QTreeWidgetItem* item);
-    void ItemBox_ItemCheck();
-    void SelectAllButton_Click();
-    void CLRButton_Click();
-    void OKButton_Click();
-    void ExitButton_Click();
-    int CheckedCount() const;
+    void Row_Picked(QTreeWidgetItem* item);
+    void Checks_Changed();
+    void Select_All();
+    void Clear_Checks();
+    void Take_Register();
+    void Leave();
     bool Ask(const QString& question);
 
     CalculatorState& s_;
     RegisterAction action_ = RegisterAction::In;
-    int16_t current_ = 0;   // list row (from 1) last clicked, 0 for none
-    int16_t previous_ = 0;  // the one clicked before it
+    int current_ = 0;       // list row (from 1) last clicked, 0 for none
+    int previous_ = 0;      // the one clicked before it
     bool filling_ = false;
 
-    QLabel* Lab1 = nullptr;
-    QTreeWidget* ItemBox = nullptr;
-    QGroupBox* DecFrame = nullptr;
-    QLineEdit* DescBox = nullptr;
-    QGroupBox* DeleteFrame = nullptr;
-    QPushButton* SelectAllButton = nullptr;
-    QPushButton* CLRButton = nullptr;
-    QPushButton* OKButton = nullptr;
-    QPushButton* ExitButton = nullptr;
+    QLabel* prompt_ = nullptr;
+    QTreeWidget* list_ = nullptr;
+    QGroupBox* descriptionFrame_ = nullptr;
+    QLineEdit* description_ = nullptr;
+    QGroupBox* selectionFrame_ = nullptr;
+    QPushButton* selectAll_ = nullptr;
+    QPushButton* clearChecks_ = nullptr;
+    QPushButton* ok_ = nullptr;
+    QPushButton* exit_ = nullptr;
 };

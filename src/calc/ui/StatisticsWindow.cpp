@@ -17,37 +17,37 @@ StatisticsWindow::StatisticsWindow(CalculatorState& s, QWidget* parent) : QDialo
     setObjectName("CalcDataFrm");
     setWindowTitle("Statistics Data");
 
-    ItemBox = ListView::New_ItemBox(this);
+    list_ = ListView::New_ItemBox(this);
 
-    AllButton = new QPushButton("Select All", this);
-    AllButton->setObjectName("AllButton");
-    ClearButton = new QPushButton("Clear", this);
-    ClearButton->setObjectName("ClearButton");
-    DeleteButton = new QPushButton("Delete", this);
-    DeleteButton->setObjectName("DeleteButton");
-    DeleteButton->setEnabled(false);
-    ExitButton = new QPushButton("Exit", this);
-    ExitButton->setObjectName("ExitButton");
-    for (QPushButton* b : {AllButton, ClearButton, DeleteButton, ExitButton}) b->setAutoDefault(false);
+    selectAll_ = new QPushButton("Select All", this);
+    selectAll_->setObjectName("AllButton");
+    clearChecks_ = new QPushButton("Clear", this);
+    clearChecks_->setObjectName("ClearButton");
+    delete_ = new QPushButton("Delete", this);
+    delete_->setObjectName("DeleteButton");
+    delete_->setEnabled(false);
+    exit_ = new QPushButton("Exit", this);
+    exit_->setObjectName("ExitButton");
+    for (QPushButton* b : {selectAll_, clearChecks_, delete_, exit_}) b->setAutoDefault(false);
 
     auto* buttons = new QHBoxLayout;
-    buttons->addWidget(AllButton);
-    buttons->addWidget(ClearButton);
+    buttons->addWidget(selectAll_);
+    buttons->addWidget(clearChecks_);
     buttons->addStretch(1);
-    buttons->addWidget(DeleteButton);
-    buttons->addWidget(ExitButton);
+    buttons->addWidget(delete_);
+    buttons->addWidget(exit_);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(ItemBox, 1);
+    layout->addWidget(list_, 1);
     layout->addLayout(buttons);
 
-    connect(ItemBox, &QTreeWidget::itemChanged, this, [this] {
-        if (!filling_) ItemBox_ItemCheck();
+    connect(list_, &QTreeWidget::itemChanged, this, [this] {
+        if (!filling_) Checks_Changed();
     });
-    connect(AllButton, &QPushButton::clicked, this, &StatisticsWindow::AllButton_Click);
-    connect(ClearButton, &QPushButton::clicked, this, &StatisticsWindow::ClearButton_Click);
-    connect(DeleteButton, &QPushButton::clicked, this, &StatisticsWindow::DeleteButton_Click);
-    connect(ExitButton, &QPushButton::clicked, this, &QDialog::reject);
-    Form_Load();
+    connect(selectAll_, &QPushButton::clicked, this, &StatisticsWindow::Select_All);
+    connect(clearChecks_, &QPushButton::clicked, this, &StatisticsWindow::Clear_Checks);
+    connect(delete_, &QPushButton::clicked, this, &StatisticsWindow::Delete_Checked);
+    connect(exit_, &QPushButton::clicked, this, &QDialog::reject);
+    Set_Up();
 }
 
 void StatisticsWindow::Open(CalculatorState& s, QWidget* parent) {
@@ -55,20 +55,20 @@ void StatisticsWindow::Open(CalculatorState& s, QWidget* parent) {
     frm.exec();
 }
 
-void StatisticsWindow::Form_Load() {
-    ItemBox->setHeaderLabels({"   Data", "              Value"});
+void StatisticsWindow::Set_Up() {
+    list_->setHeaderLabels({"   Data", "              Value"});
     Fill_List();
-    ListView::Size_Columns(ItemBox, {1200, 2900});
-    resize(ListView::Columns_Width(ItemBox) + 60, 400);
+    ListView::Size_Columns(list_, {1200, 2900});
+    resize(ListView::Columns_Width(list_) + 60, 400);
 }
 
 void StatisticsWindow::Fill_List() {
     filling_ = true;
-    ItemBox->clear();
+    list_->clear();
     if (s_.DataValues.IsList()) {
         const std::vector<double>& values = s_.DataValues.Values;
         for (size_t i = 0; i < values.size(); ++i) {
-            auto* item = new QTreeWidgetItem(ItemBox);
+            auto* item = new QTreeWidgetItem(list_);
             item->setText(0, Q(CalculatorFiles::Data_Name(int(i))));
             item->setText(1, Q(Calculator::Data_Value_Text(values[i])));
             item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
@@ -78,37 +78,32 @@ void StatisticsWindow::Fill_List() {
     filling_ = false;
 }
 
-void StatisticsWindow::ItemBox_ItemCheck() {
-    bool any = false;
-    for (int i = 0; i < ItemBox->topLevelItemCount() && !any; ++i)
-        any = ItemBox->topLevelItem(i)->checkState(0) == Qt::Checked;
-    DeleteButton->setEnabled(any);
-}
+void StatisticsWindow::Checks_Changed() { delete_->setEnabled(ListView::Checked_Count(list_) > 0); }
 
 void StatisticsWindow::SetAllChecks(Qt::CheckState state) {
     filling_ = true;
-    for (int i = 0; i < ItemBox->topLevelItemCount(); ++i) ItemBox->topLevelItem(i)->setCheckState(0, state);
+    ListView::Set_All_Checks(list_, state);
     filling_ = false;
 }
 
-void StatisticsWindow::AllButton_Click() {
+void StatisticsWindow::Select_All() {
     SetAllChecks(Qt::Checked);
-    DeleteButton->setEnabled(true);
+    delete_->setEnabled(true);
 }
 
-void StatisticsWindow::ClearButton_Click() {
+void StatisticsWindow::Clear_Checks() {
     SetAllChecks(Qt::Unchecked);
-    DeleteButton->setEnabled(false);
+    delete_->setEnabled(false);
 }
 
-void StatisticsWindow::DeleteButton_Click() {
+void StatisticsWindow::Delete_Checked() {
     if (QMessageBox::critical(this, "Warning", "Are you sure you want to delete Selected Data?",
                               QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
         return;
     std::vector<bool> checked;
-    for (int i = 0; i < ItemBox->topLevelItemCount(); ++i)
-        checked.push_back(ItemBox->topLevelItem(i)->checkState(0) == Qt::Checked);
+    for (int i = 0; i < list_->topLevelItemCount(); ++i)
+        checked.push_back(list_->topLevelItem(i)->checkState(0) == Qt::Checked);
     Calculator::Delete_Data(s_, checked);
     Fill_List();
-    DeleteButton->setEnabled(false);
+    delete_->setEnabled(false);
 }

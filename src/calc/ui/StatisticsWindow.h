@@ -17,19 +17,19 @@ public:
     static void Open(CalculatorState& s, QWidget* parent);
 
 private:
-    void Form_Load();
+    void Set_Up();
     void Fill_List();
-    void ItemBox_ItemCheck();
-    void AllButton_Click();
-    void ClearButton_Click();
-    void DeleteButton_Click();
+    void Checks_Changed();
+    void Select_All();
+    void Clear_Checks();
+    void Delete_Checked();
     void SetAllChecks(Qt::CheckState state);
 
     CalculatorState& s_;
     bool filling_ = false;
-    QTreeWidget* ItemBox = nullptr;
-    QPushButton* AllButton = nullptr;
-    QPushButton* ClearButton = nullptr;
-    QPushButton* DeleteButton = nullptr;
-    QPushButton* ExitButton = nullptr;
+    QTreeWidget* list_ = nullptr;
+    QPushButton* selectAll_ = nullptr;
+    QPushButton* clearChecks_ = nullptr;
+    QPushButton* delete_ = nullptr;
+    QPushButton* exit_ = nullptr;
 };

@@ -24,13 +24,13 @@ void detail::Dispatch(CalculatorState& s, const KeyDef* key) {
         Clock_Off(s);  // the key press only ends the clock
         return;
     }
-    s.TimeShown = 0;
+    s.TimeShown = false;
     s.KeyToken.clear();
     if (!s.ErrorLock && key && key->dispatched && key->action) key->action(s, key->token);
     if (key && std::string_view(key->token) == "AC") Clear_All(s);  // AC works through the error lock
     if (!s.FractionMode) s.FractionText.clear();
     Process_Key(s);
-    s.TimeShown = 0;
+    s.TimeShown = false;
 }
 
 void Dispatch_Key(CalculatorState& s, std::string& token) { Dispatch(s, Find_Key(token)); }
@@ -59,7 +59,7 @@ void Process_Key(CalculatorState& s) {
         return;
     }
     if (n >= 15) return;  // the 16th digit is ignored
-    s.NumberEntered = -1;
+    s.NumberEntered = true;
     if (!s.ErrorLock) Enter_Digit(s);
 }
 
@@ -71,13 +71,13 @@ void detail::Digit_Key(CalculatorState& s, const std::string& token) { s.KeyToke
 
 void detail::Operator_Key(CalculatorState& s, const std::string& token) {
     Prepare(s);
-    s.ExpNegative = 0;
+    s.ExpNegative = false;
     s.KeyToken = token;
 }
 
 void detail::Power_Key(CalculatorState& s, const std::string& token) {
     Prepare(s);
-    s.ExpNegative = 0;
+    s.ExpNegative = false;
     s.KeyToken = token == "xy" ? "expt" : "invexpt";
 }
 
@@ -86,7 +86,7 @@ void detail::Dot_Key(CalculatorState& s, const std::string&) { s.KeyToken = s.Fr
 void detail::Clear_Key(CalculatorState& s, const std::string&) {
     if (s.FractionMode) {
         s.FractionText.clear();
-        s.FractionMode = 0;
+        s.FractionMode = false;
     }
     ClearEntryModes(s);
     s.KeyToken.clear();
@@ -97,7 +97,7 @@ void detail::Clear_Key(CalculatorState& s, const std::string&) {
 void detail::All_Clear_Key(CalculatorState&, const std::string&) {}
 
 void detail::Fraction_Key(CalculatorState& s, const std::string&) {
-    s.FractionMode = -1;
+    s.FractionMode = true;
     s.KeyToken = "/";
     Enter_Fraction(s);
     s.KeyToken.clear();
@@ -105,12 +105,12 @@ void detail::Fraction_Key(CalculatorState& s, const std::string&) {
 
 void detail::Sign_Key(CalculatorState& s, const std::string&) {
     if (s.ExpMode) {
-        s.ExpNegative = s.ExpNegative ? 0 : -1;
+        s.ExpNegative = !s.ExpNegative;
         s.KeyToken.clear();
         Enter_Exponent(s);
         return;
     }
-    if (!s.EntryText.empty()) s.SignPressed = -1;
+    if (!s.EntryText.empty()) s.SignPressed = true;
     if (s.FractionMode) {
         s.KeyToken = "-";
         return;
@@ -131,7 +131,7 @@ void detail::Sign_Key(CalculatorState& s, const std::string&) {
 void detail::Exponent_Key(CalculatorState& s, const std::string&) {
     s.SexaCount = Variant();
     if ((!s.EntryText.empty() || s.SignPressed) && !s.FractionMode) {
-        s.ExpMode = -1;
+        s.ExpMode = true;
         if (s.ExponentText.empty()) s.KeyToken = "00";
     }
 }
@@ -144,14 +144,14 @@ void Delete_Fraction(CalculatorState& s) {
     std::string f = s.FractionText;
     bool neg = !f.empty() && f[0] == '-';
     std::string rest = neg ? f.substr(1) : f;
-    s.SignPressed = 0;
-    s.ExpMode = 0;
+    s.SignPressed = false;
+    s.ExpMode = false;
     if (rest.size() < 2) {
         Show_Fraction(s, "0");
         s.CarryText = "0.0";
         s.FractionText.clear();
         s.EntryText.clear();
-        s.FractionMode = 0;
+        s.FractionMode = false;
         return;
     }
     rest.pop_back();
@@ -160,13 +160,13 @@ void Delete_Fraction(CalculatorState& s) {
     if (!Has(s.FractionText, '/')) {
         s.EntryText = s.FractionText;
         s.FractionText.clear();
-        s.FractionMode = 0;
+        s.FractionMode = false;
     }
 }
 
 void Delete_Mantissa(CalculatorState& s) {
-    s.ExpMode = 0;
-    s.SignPressed = 0;
+    s.ExpMode = false;
+    s.SignPressed = false;
     std::string& e = s.EntryText;
     if (e.size() == 1 || (e.size() == 2 && e[0] == '-')) {
         Show_Value(s, Variant(), "0.");
@@ -188,12 +188,12 @@ void Delete_Exponent(CalculatorState& s) {
         Show_Value(s, Variant(), s.MantissaText);
         s.EntryText = s.MantissaText;
         s.ExponentText.clear();
-        s.ExpMode = 0;
-        s.SignPressed = 0;
+        s.ExpMode = false;
+        s.SignPressed = false;
         s.KeyToken.clear();
         return;
     }
-    if (!s.ExponentText.empty() && s.ExponentText.back() == '0') s.ExpNegative = 0;
+    if (!s.ExponentText.empty() && s.ExponentText.back() == '0') s.ExpNegative = false;
     std::string d = Right(s.ExponentText, 2);
     if (!d.empty()) d.back() = '0';
     s.ExponentText = (s.ExpNegative ? "-" : "+") + d;
@@ -246,7 +246,7 @@ void Enter_Digit(CalculatorState& s) {
     if (s.ResultPending) {
         e.clear();
         s.CarryText = s.ResultFullText;
-        s.ResultPending = 0;
+        s.ResultPending = false;
     }
 }
 
@@ -272,7 +272,7 @@ void Enter_Fraction(CalculatorState& s) {
         s.SexaCount = Variant();
     }
     if (s.FractionText.empty()) {
-        s.FractionMode = 0;
+        s.FractionMode = false;
         return;
     }
     const std::string& k = s.KeyToken;
@@ -295,33 +295,33 @@ void Clear_All(CalculatorState& s) {
     s.PriorOp.clear();
     s.Operands.clear();
     s.OldestOp.clear();
-    s.ErrorLock = 0;
+    s.ErrorLock = false;
     s.EntryText.clear();
     s.RegisterWork = 0;
-    s.NumberEntered = 0;
-    s.SignPressed = 0;
+    s.NumberEntered = false;
+    s.SignPressed = false;
     s.DisplayText = Variant();
     s.RunningTotal = Variant();
     s.ErrorWord = Variant();
-    s.ExpMode = 0;
+    s.ExpMode = false;
     s.ExponentText.clear();
     s.MantissaText.clear();
-    s.ResultPending = 0;
+    s.ResultPending = false;
     s.ResultFullText.clear();
-    s.ExpNegative = 0;
+    s.ExpNegative = false;
     s.FractionText.clear();
     s.SexaCount = Variant();
-    s.FractionMode = 0;
+    s.FractionMode = false;
     s.KOperator.clear();
     s.PolarRadius = Variant();
-    s.PolarPending = 0;
+    s.PolarPending = false;
     s.KValue = Variant();
     s.RectX = Variant();
-    s.RectPending = 0;
+    s.RectPending = false;
     s.SecondValue = Variant();
     s.RepeatOps.clear();
-    s.ConversionArmed = 0;
-    s.CCalc_Indicator.clear();
+    s.ConversionArmed = false;
+    s.Shown.ConstantMark.clear();
     Show_Result(s, 0);
     s.EntryText.clear();
 }

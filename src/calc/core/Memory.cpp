@@ -25,8 +25,8 @@ void detail::Data_Key(CalculatorState& s, const std::string&) {
 }
 
 void detail::Statistic_Key(CalculatorState& s, const std::string& t) {
-    s.FractionMode = 0;
-    s.ExpMode = 0;
+    s.FractionMode = false;
+    s.ExpMode = false;
     s.ExponentText.clear();
     if (!s.DataValues.IsList() || s.DataValues.Values.empty()) {
         s.KeyToken = "Error";
@@ -99,7 +99,7 @@ void Register_Add(CalculatorState& s, RegisterAction action, double sign) {
 void detail::Register_Recall_Key(CalculatorState& s, const std::string&) {
     if (!Open_Register_Window(s, RegisterAction::Recall)) return;
     ClearEntryModes(s);
-    s.FractionMode = 0;
+    s.FractionMode = false;
     Show_Result(s, Chosen_Register(s).Value);
     s.EntryText.clear();
 }
@@ -107,7 +107,7 @@ void detail::Register_Recall_Key(CalculatorState& s, const std::string&) {
 void detail::Register_Swap_Key(CalculatorState& s, const std::string&) {
     if (!Open_Register_Window(s, RegisterAction::Swap)) return;
     ClearEntryModes(s);
-    s.FractionMode = 0;
+    s.FractionMode = false;
     auto& reg = Chosen_Register(s);
     s.RegisterWork = reg.Value;
     Commit_Fraction(s);
@@ -121,29 +121,29 @@ void detail::Constant_Key(CalculatorState& s, const std::string&) {
     if (s.ShowConstantWindow) s.ShowConstantWindow(s);
     if (Empty(s.ConstantChoice)) return;
     ClearEntryModes(s);
-    s.FractionMode = 0;
+    s.FractionMode = false;
     Show_Result(s, Num(s.ConstantChoice));
     s.EntryText.clear();
 }
 
 void detail::Memory_Recall_Key(CalculatorState& s, const std::string&) {
     ClearEntryModes(s);
-    s.FractionMode = 0;
+    s.FractionMode = false;
     Show_Result(s, s.MemoryValue);
     s.EntryText.clear();
 }
 
-void key_Min_Click(CalculatorState& s) {
+void detail::Memory_In_Key(CalculatorState& s, const std::string&) {
     if (s.ErrorLock) return;
     Clock_Off(s);
     Commit_Fraction(s);
     s.MemoryValue = X(s);
     s.CarryText = PlainText(X(s));
-    s.Mem_Indicator = s.MemoryValue != 0 ? "MEM" : "";
+    s.Shown.MemoryMark = s.MemoryValue != 0 ? "MEM" : "";
     Speak_Text(s, "memory in");
 }
 
-void key_Kin_Click(CalculatorState& s) {
+void detail::Register_In_Key(CalculatorState& s, const std::string&) {
     if (s.ErrorLock) return;
     Clock_Off(s);
     if (!Open_Register_Window(s, RegisterAction::In)) return;
@@ -152,15 +152,11 @@ void key_Kin_Click(CalculatorState& s) {
     reg.Description = s.RegisterText;
 }
 
-void key_Mplus_Click(CalculatorState& s) { Register_Add(s, RegisterAction::Add, 1); }
-void key_Mminus_Click(CalculatorState& s) { Register_Add(s, RegisterAction::Minus, -1); }
-void key_KAC_Click(CalculatorState& s) { Open_Register_Window(s, RegisterAction::Delete); }
-
-void detail::Memory_In_Key(CalculatorState& s, const std::string&) { key_Min_Click(s); }
-void detail::Memory_Plus_Key(CalculatorState& s, const std::string&) { key_Mplus_Click(s); }
-void detail::Memory_Minus_Key(CalculatorState& s, const std::string&) { key_Mminus_Click(s); }
-void detail::Register_In_Key(CalculatorState& s, const std::string&) { key_Kin_Click(s); }
-void detail::Register_Delete_Key(CalculatorState& s, const std::string&) { key_KAC_Click(s); }
+void detail::Memory_Plus_Key(CalculatorState& s, const std::string&) { Register_Add(s, RegisterAction::Add, 1); }
+void detail::Memory_Minus_Key(CalculatorState& s, const std::string&) { Register_Add(s, RegisterAction::Minus, -1); }
+void detail::Register_Delete_Key(CalculatorState& s, const std::string&) {
+    Open_Register_Window(s, RegisterAction::Delete);
+}
 
 void Delete_Registers(CalculatorState& s, const std::vector<int>& checked) {
     for (int i : checked)

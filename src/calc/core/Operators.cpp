@@ -3,7 +3,7 @@
 // last step of a lower one, and the constant (K) calculation.
 #include <cmath>
 
-#include "calc/core/CalcFunctions.h"
+#include "calc/core/Functions.h"
 #include "calc/core/EngineInternal.h"
 
 namespace Calculator {
@@ -24,7 +24,7 @@ void Operator_Step(CalculatorState& s) {
         if (s.ErrorLock) return;
         Press_Equal(s);
     } else {
-        s.ConversionArmed = 0;
+        s.ConversionArmed = false;
         return;
     }
     if (!s.PolarPending && !s.RectPending) s.SecondValue = s.RunningTotal;
@@ -32,9 +32,9 @@ void Operator_Step(CalculatorState& s) {
     // conversion starts from its own radius or x.
     if (s.PolarPending) s.PolarRadius = Variant();
     if (s.RectPending) s.RectX = Variant();
-    s.PolarPending = 0;
-    s.RectPending = 0;
-    s.ConversionArmed = 0;
+    s.PolarPending = false;
+    s.RectPending = false;
+    s.ConversionArmed = false;
 }
 
 void Press_Operator(CalculatorState& s) {
@@ -52,11 +52,11 @@ void Press_Operator(CalculatorState& s) {
     if (s.RepeatOps.size() % 2 == 0) {
         s.KValue = Variant(X(s));
         s.KOperator = s.RepeatOps.front();
-        s.CCalc_Indicator.assign(1, 'K');
+        s.Shown.ConstantMark.assign(1, 'K');
     } else {
         s.KValue = Variant();
         s.KOperator.clear();
-        s.CCalc_Indicator.clear();
+        s.Shown.ConstantMark.clear();
     }
     Evaluate_Pending(s);
     if (!s.PriorOp.empty()) s.OldestOp = s.PriorOp;
@@ -143,7 +143,7 @@ void PowerOrRoot(CalculatorState& s, bool root) {
     bool invalid = false;
     auto P = [&](double a, double b) {
         double r = 0;
-        if (!std::isfinite(a) || !std::isfinite(b) || !CalcFunctions::Safe_Power(a, b, r)) invalid = true;
+        if (!std::isfinite(a) || !std::isfinite(b) || !Functions::Safe_Power(a, b, r)) invalid = true;
         return r;
     };
     double ex = root ? g(1 / x0) : x0;  // the exponent where x0 stands
@@ -250,10 +250,10 @@ void Reduce_Operands(CalculatorState& s) {
         if (at(1) != 0) keep(at(2) / at(1));
     } else if ((p == "expt" && q == "expt") || (p == "invexpt" && q == "expt")) {
         double r = 0;
-        if (CalcFunctions::Safe_Power(at(2), at(1), r)) keep(r);
+        if (Functions::Safe_Power(at(2), at(1), r)) keep(r);
     } else if ((p == "invexpt" && q == "invexpt") || (p == "expt" && q == "invexpt")) {
         double r = 0;
-        if (at(1) != 0 && CalcFunctions::Safe_Power(at(2), 1 / at(1), r)) keep(r);
+        if (at(1) != 0 && Functions::Safe_Power(at(2), 1 / at(1), r)) keep(r);
     } else {
         reduce = false;
     }
@@ -277,13 +277,13 @@ void Apply_Constant(CalculatorState& s) {
     bool error = false;
     if (op == "expt") {
         if (k == 0 && t == 0) error = true;
-        else if (!CalcFunctions::Safe_Power(t, k, r)) {
+        else if (!Functions::Safe_Power(t, k, r)) {
             SetError(s, "Invalid Power");
             return;
         }
     } else if (op == "invexpt") {
         if (k == 0) error = true;
-        else if (!CalcFunctions::Safe_Power(t, 1 / k, r)) {
+        else if (!Functions::Safe_Power(t, 1 / k, r)) {
             SetError(s, "Invalid Power");
             return;
         }

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "calc/core/CalcFunctions.h"
+#include "calc/core/Functions.h"
 #include "calc/core/EngineInternal.h"
 
 namespace Calculator {
@@ -36,10 +36,10 @@ std::string WholeText(double v) { return PlainText(v); }
 void Show_Fraction(CalculatorState& s, const std::string& t) {
     auto parts = SplitSlash(t);
     if (parts.size() == 3)
-        s.DisplayBox = Trim(parts[0]) + " " + Trim(parts[1]) + "/" + Trim(parts[2]) + ".";
+        s.Shown.Number = Trim(parts[0]) + " " + Trim(parts[1]) + "/" + Trim(parts[2]) + ".";
     else
-        s.DisplayBox = t + ".";
-    s.ExpoBox.clear();
+        s.Shown.Number = t + ".";
+    s.Shown.Exponent.clear();
 }
 
 Variant Fraction_Value(CalculatorState& s, const std::string& t) {
@@ -83,7 +83,7 @@ void Commit_Fraction(CalculatorState& s) {
         }
     }
     s.FractionText.clear();
-    s.FractionMode = 0;
+    s.FractionMode = false;
 }
 
 namespace {
@@ -94,14 +94,14 @@ void Fraction_Finish(CalculatorState& s, std::string text, bool neg) {
     if (neg) text = "-" + text;
     if (CharLen(text) > 15) return;
     Show_Fraction(s, text);
-    s.FractionStep = static_cast<int16_t>(s.FractionStep + 1);
+    ++s.FractionStep;
     if (s.FractionStep > 2) s.FractionStep = 1;
     if (s.FractionStep == 2) {
         Fraction_Value(s, text);
         auto parts = SplitSlash(s.ImproperText);
         if (parts.size() != 2) return;
         double a = Val(parts[0]), b = Val(parts[1]);
-        double g = CalcFunctions::Greatest_Divisor(std::fabs(a), b);
+        double g = Functions::Greatest_Divisor(std::fabs(a), b);
         if (g == 0) return;
         std::string t = WholeText(a / g);
         if (b / g != 1) t += "/" + WholeText(std::fabs(b / g));
@@ -124,20 +124,20 @@ void Fraction_Toggle(CalculatorState& s) {
                 Show_Fraction(s, sign + "1");
                 return;
             }
-            double g = CalcFunctions::Greatest_Divisor(n[0], n[1]);
+            double g = Functions::Greatest_Divisor(n[0], n[1]);
             if (g == 0) return;
             std::string t = WholeText(n[0] / g) + "/" + WholeText(n[1] / g);
-            s.FractionStep = std::min<int16_t>(s.FractionStep, 2);
+            s.FractionStep = std::min(s.FractionStep, 2);
             Fraction_Finish(s, t, neg);
         } else if (parts.size() == 3) {
             if (n[1] == n[2]) {
                 Show_Fraction(s, sign + WholeText(n[0] + 1));
                 return;
             }
-            double g = CalcFunctions::Greatest_Divisor(n[1], n[2]);
+            double g = Functions::Greatest_Divisor(n[1], n[2]);
             if (g == 0) return;
             std::string t = WholeText(n[0]) + "/" + WholeText(n[1] / g) + "/" + WholeText(n[2] / g);
-            s.FractionStep = std::min<int16_t>(s.FractionStep, 2);
+            s.FractionStep = std::min(s.FractionStep, 2);
             Fraction_Finish(s, t, neg);
         }
         return;
@@ -145,7 +145,7 @@ void Fraction_Toggle(CalculatorState& s) {
     double v = X(s);
     s.DisplayText = Variant(v);
     bool neg = v < 0;
-    double snapped = CalcFunctions::Near_Whole_Short(v);
+    double snapped = Functions::Near_Whole_Short(v);
     if (snapped == Fix(snapped)) {
         Show_Fraction(s, PlainText(snapped));
         return;
@@ -157,12 +157,12 @@ void Fraction_Toggle(CalculatorState& s) {
     double N = Val(f), D = std::pow(10.0, static_cast<double>(f.size()));
     int k = -1;
     std::string pattern;
-    CalcFunctions::Find_Repeat(v, k, pattern);
+    Functions::Find_Repeat(v, k, pattern);
     if (k > 0) {
         N = Val(pattern);
         D = std::pow(10.0, k) - 1;  // k nines
     }
-    double g = CalcFunctions::Greatest_Divisor(N, D);
+    double g = Functions::Greatest_Divisor(N, D);
     if (g != 0) {
         N /= g;
         D /= g;

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <cmath>
 
-#include "calc/core/CalcFunctions.h"
+#include "calc/core/Functions.h"
 #include "calc/core/EngineInternal.h"
 
 namespace Calculator {
@@ -14,16 +14,16 @@ using namespace prim;
 void detail::Function_Key(CalculatorState& s, const std::string& token) {
     Prepare(s);
     if (s.ErrorLock) return;  // a fraction that failed to commit already shows its error
-    auto r = CalcFunctions::Evaluate_Function(s, token, X(s));
+    auto r = Functions::Evaluate_Function(s, token, X(s));
     switch (r.kind) {
-        case CalcFunctions::FunctionResult::Kind::Value:
+        case Functions::FunctionResult::Kind::Value:
             Show_Result(s, r.value);
             break;
-        case CalcFunctions::FunctionResult::Kind::Error:
+        case Functions::FunctionResult::Kind::Error:
             s.KeyToken = "Error";
             s.ErrorWord = r.word.empty() ? Variant() : Variant(r.word);
             break;
-        case CalcFunctions::FunctionResult::Kind::NoChange:
+        case Functions::FunctionResult::Kind::NoChange:
             return;
     }
     s.EntryText.clear();
@@ -37,12 +37,12 @@ void detail::Swap_Key(CalculatorState& s, const std::string&) {
     s.SecondValue = Variant(former);
     s.EntryText.clear();
     ClearEntryModes(s);
-    s.FractionMode = 0;
+    s.FractionMode = false;
 }
 
 void detail::Finish_Polar(CalculatorState& s) {
     if (!s.PolarPending) return;
-    double a = CalcFunctions::To_Degrees(s, X(s)) / (180 / CalcFunctions::kPi);
+    double a = Functions::To_Degrees(s, X(s)) / (180 / Functions::kPi);
     double r = Num(s.PolarRadius);
     if (!Empty(s.RunningTotal))
         s.SecondValue = Variant(0.0);
@@ -63,40 +63,44 @@ void detail::Finish_Rect(CalculatorState& s) {
         if (x == 0) {
             s.ErrorWord = Variant("Divide by Zero");
             s.EntryText.clear();
-            s.RectPending = 0;
+            s.RectPending = false;
             Show_Error(s);
             return;
         }
-        s.SecondValue = Variant(CalcFunctions::To_Unit(s, std::atan(y / x) * 180 / CalcFunctions::kPi));
+        s.SecondValue = Variant(Functions::To_Unit(s, std::atan(y / x) * 180 / Functions::kPi));
     }
     s.RectX = Variant(std::pow(x * x + y * y, 0.5));
     s.EntryText = Text(s.RectX);
 }
 
-void detail::Polar_Key(CalculatorState& s, const std::string&) {
+namespace {
+
+// The polar and rectangular keys: a conversion pending is finished, the first
+// value (radius or x) is kept, and the conversion waits for the next operator.
+void Conversion_Key(CalculatorState& s, void (*finish)(CalculatorState&), Variant& first, bool& pending) {
     if (s.ErrorLock || s.ConversionArmed) return;
-    Finish_Polar(s);
-    if (Empty(s.PolarRadius)) s.PolarRadius = s.EntryText.empty() ? Variant(X(s)) : Variant(Val(s.EntryText));
-    if (s.PolarPending) Show_Value(s, Variant(), s.EntryText);
-    s.PolarPending = -1;
-    s.ConversionArmed = -1;
+    finish(s);
+    if (s.ErrorLock) return;
+    if (Empty(first)) first = s.EntryText.empty() ? Variant(X(s)) : Variant(Val(s.EntryText));
+    if (pending) Show_Value(s, Variant(), s.EntryText);
+    pending = true;
+    s.ConversionArmed = true;
     s.EntryText.clear();
 }
 
+}  // namespace
+
+void detail::Polar_Key(CalculatorState& s, const std::string&) {
+    Conversion_Key(s, Finish_Polar, s.PolarRadius, s.PolarPending);
+}
+
 void detail::Rect_Key(CalculatorState& s, const std::string&) {
-    if (s.ErrorLock || s.ConversionArmed) return;
-    Finish_Rect(s);
-    if (s.ErrorLock) return;
-    if (Empty(s.RectX)) s.RectX = s.EntryText.empty() ? Variant(X(s)) : Variant(Val(s.EntryText));
-    if (s.RectPending) Show_Value(s, Variant(), s.EntryText);
-    s.RectPending = -1;
-    s.ConversionArmed = -1;
-    s.EntryText.clear();
+    Conversion_Key(s, Finish_Rect, s.RectX, s.RectPending);
 }
 
 void detail::Pi_Key(CalculatorState& s, const std::string&) {
     if (s.ExpMode) return;
-    Show_Result(s, CalcFunctions::kPi);
+    Show_Result(s, Functions::kPi);
     s.EntryText.clear();
 }
 
@@ -112,18 +116,18 @@ double SystemNow() {
 }  // namespace
 
 void detail::Random_Key(CalculatorState& s, const std::string&) {
-    s.RandomShown = -1;
+    s.RandomShown = true;
     double now = s.Now ? s.Now() : SystemNow();
     std::string t = Format(now, "0.0" + kHashes100);
     Show_Result(s, Val(Right(t, 3)) / 1000);
     s.EntryText.clear();
     ClearEntryModes(s);
-    s.FractionMode = 0;
+    s.FractionMode = false;
 }
 
 void detail::Paste_Key(CalculatorState& s, const std::string&) {
     ClearEntryModes(s);
-    s.FractionMode = 0;
+    s.FractionMode = false;
     std::string clip = s.ClipboardText ? s.ClipboardText() : std::string();
     if (Trim(clip).empty()) {
         const std::string msg = "Nothing to paste. Clipboard is EMPTY !";

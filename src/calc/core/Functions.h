@@ -6,7 +6,7 @@
 
 #include "calc/core/CalculatorState.h"
 
-namespace CalcFunctions {
+namespace Calculator::Functions {
 
 // The value of pi used all through the program.
 constexpr double kPi = 3.14159265358979;
@@ -20,8 +20,6 @@ struct FunctionResult {
     std::string word;
 };
 
-// True for the tokens handled by Evaluate_Function.
-bool Is_Function_Token(const std::string& token);
 // Applies the function named by `token` to x (the displayed value).
 FunctionResult Evaluate_Function(const CalculatorState& s, const std::string& token, double x);
 
@@ -50,4 +48,4 @@ double Greatest_Divisor(double a, double b);
 // first place.
 void Find_Repeat(double x, int& k, std::string& pattern);
 
-}  // namespace CalcFunctions
+}  // namespace Calculator::Functions

@@ -1,6 +1,6 @@
 // The key table and the window-level key procedures that read it: Press_Key
 // (operator mark, dispatch, spoken word), the keyboard and the key speech.
-#include "calc/core/CalcKeys.h"
+#include "calc/core/KeyTable.h"
 
 #include <array>
 
@@ -17,16 +17,18 @@ using K = KeyKind;
 using S = KeySpeech;
 using R = ShiftRule;
 using A = RegisterAction;
-constexpr std::array<KeyboardKey, 3> kNoKeys{};
+using B = Keyboard;
+constexpr std::array<KeyBinding, 3> kNoKeys{};
 
-constexpr std::array<KeyboardKey, 3> Keys(int a, R ra = R::Any, int b = 0, R rb = R::Any, int c = 0, R rc = R::Any) {
-    return {KeyboardKey{a, ra}, KeyboardKey{b, rb}, KeyboardKey{c, rc}};
+constexpr std::array<KeyBinding, 3> Keys(B a, R ra = R::Any, B b = B::None, R rb = R::Any, B c = B::None,
+                                         R rc = R::Any) {
+    return {KeyBinding{a, ra}, KeyBinding{b, rb}, KeyBinding{c, rc}};
 }
 
 // A digit key: the row of digits (with the Shift rule of that digit) and the keypad.
 constexpr KeyDef DigitKey(const char* token, const char* control, int digit, R rule) {
-    return {token, K::Digit, control, token, true, nullptr, S::Word, token, Keys(48 + digit, rule, 96 + digit),
-            std::nullopt, Digit_Key};
+    const auto keys = Keys(Row_Digit(digit), rule, Keypad_Digit(digit));
+    return {token, K::Digit, control, token, true, nullptr, S::Word, token, keys, std::nullopt, Digit_Key};
 }
 
 // A function key: dispatched, spoken by its word.
@@ -56,29 +58,31 @@ const KeyDef kKeys[] = {
     DigitKey("7", "key_7", 7, R::None),
     DigitKey("8", "key_8", 8, R::NotShift),
     DigitKey("9", "key_9", 9, R::None),
-    {"dot", K::Entry, "key_dot", ".", true, nullptr, S::Word, ".", Keys(110, R::Any, 190), std::nullopt, Dot_Key},
-    {"+", K::Operator, "key_plus", "+", true, "+", S::Word, "+", Keys(187, R::Shift, 43, R::Any, 107), std::nullopt,
+    {"dot", K::Entry, "key_dot", ".", true, nullptr, S::Word, ".", Keys(B::Point), std::nullopt, Dot_Key},
+    {"+", K::Operator, "key_plus", "+", true, "+", S::Word, "+", Keys(B::Equal, R::Shift, B::Plus), std::nullopt,
      Operator_Key},
-    {"-", K::Operator, "key_minus", "\xE2\x88\x92", true, "-", S::Word, "minus", Keys(109, R::Any, 189, R::None),
+    {"-", K::Operator, "key_minus", "\xE2\x88\x92", true, "-", S::Word, "minus",
+     Keys(B::KeypadMinus, R::Any, B::Minus, R::None), std::nullopt, Operator_Key},
+    {"*", K::Operator, "key_multiply", "\xC3\x97", true, "x", S::Word, "times",
+     Keys(B::Asterisk, R::Any, B::Digit8, R::Shift), std::nullopt, Operator_Key},
+    {"/", K::Operator, "key_divide", "\xC3\xB7", true, "\xC3\xB7", S::Word, "divided by", Keys(B::Slash), std::nullopt,
+     Operator_Key},
+    {"=", K::Operator, "key_equal", "=", true, "", S::Result, nullptr, Keys(B::Enter, R::Any, B::Equal, R::NotShift),
      std::nullopt, Operator_Key},
-    {"*", K::Operator, "key_multiply", "\xC3\x97", true, "x", S::Word, "times", Keys(106, R::Any, 56, R::Shift),
-     std::nullopt, Operator_Key},
-    {"/", K::Operator, "key_divide", "\xC3\xB7", true, "\xC3\xB7", S::Word, "divided by", Keys(191, R::Any, 111),
-     std::nullopt, Operator_Key},
-    {"=", K::Operator, "key_equal", "=", true, "", S::Result, nullptr, Keys(13, R::Any, 108, R::Any, 187, R::NotShift),
-     std::nullopt, Operator_Key},
-    {"xy", K::Operator, "key_Xy", "x\xCA\xB8", true, "^", S::Word, "to the power", Keys(38), std::nullopt, Power_Key},
+    {"xy", K::Operator, "key_Xy", "x\xCA\xB8", true, "^", S::Word, "to the power", Keys(B::Up), std::nullopt,
+     Power_Key},
     {"root", K::Operator, "key_Root", "\xCA\xB8\xE2\x88\x9Ax", true, nullptr, S::Word, "root", kNoKeys, std::nullopt,
      Power_Key},
     {"pm", K::Entry, "key_PM", "\xC2\xB1", true, nullptr, S::Sign, nullptr, kNoKeys, std::nullopt, Sign_Key},
-    {"exp", K::Entry, "key_exp", "EXP", true, nullptr, S::Word, "exponent", Keys(119, R::Any, 54, R::Shift),
+    {"exp", K::Entry, "key_exp", "EXP", true, nullptr, S::Word, "exponent", Keys(B::F8, R::Any, B::Digit6, R::Shift),
      std::nullopt, Exponent_Key},
     PlainKey("frc", K::Entry, "key_Frc", "a b/c", true, Fraction_Key),
-    {"C", K::Entry, "key_C", "C", true, nullptr, S::Word, "", Keys(27), std::nullopt, Clear_Key},
-    {"AC", K::Entry, "key_AC", "AC", true, "", S::Word, "", Keys(46), std::nullopt, All_Clear_Key},
-    {"ers", K::Entry, "key_Ers", "\xE2\x8C\xAB", true, nullptr, S::Silent, nullptr, Keys(8), std::nullopt, Delete_Key},
+    {"C", K::Entry, "key_C", "C", true, nullptr, S::Word, "", Keys(B::Escape), std::nullopt, Clear_Key},
+    {"AC", K::Entry, "key_AC", "AC", true, "", S::Word, "", Keys(B::Delete), std::nullopt, All_Clear_Key},
+    {"ers", K::Entry, "key_Ers", "\xE2\x8C\xAB", true, nullptr, S::Silent, nullptr, Keys(B::Backspace), std::nullopt,
+     Delete_Key},
     PlainKey("x-y", K::Value, "key_XtoY", "x\xE2\x86\x94y", true, Swap_Key),
-    {"PI", K::Value, "key_PI", "\xCF\x80", true, nullptr, S::Word, "pi", Keys(120), std::nullopt, Pi_Key},
+    {"PI", K::Value, "key_PI", "\xCF\x80", true, nullptr, S::Word, "pi", Keys(B::F9), std::nullopt, Pi_Key},
     PlainKey("rand", K::Value, "com_Random", "RND", true, Random_Key),
     {"mo", K::Memory, "key_Mr", "MR", true, nullptr, S::Word, "memory recall", kNoKeys, std::nullopt,
      Memory_Recall_Key},
@@ -132,29 +136,29 @@ const KeyDef kKeys[] = {
     PlainKey("del", K::Window, "key_Del", "DATA\xE2\x80\xA6", false, nullptr),
 };
 
-bool Accepts(ShiftRule rule, int shift) {
+bool Accepts(ShiftRule rule, Modifiers held) {
     switch (rule) {
         case ShiftRule::Any: return true;
-        case ShiftRule::None: return shift == 0;
-        case ShiftRule::Shift: return shift == 1;
-        case ShiftRule::NotShift: return shift != 1;
+        case ShiftRule::None: return held == Modifiers::None;
+        case ShiftRule::Shift: return held == Modifiers::Shift;
+        case ShiftRule::NotShift: return held != Modifiers::Shift;
     }
     return false;
 }
 
 // The operator mark beside the display, written only while it holds a number.
 void Set_Operator_Mark(CalculatorState& s, const std::string& mark) {
-    if (IsNumeric(Trim(s.DisplayBox))) s.OperatorIndicator = mark;
+    if (IsNumeric(Trim(s.Shown.Number))) s.Shown.OperatorMark = mark;
 }
 
 // The result at "=": the number as the voice reads it.
 void Speak_Result(CalculatorState& s) {
-    if (!s.ReadOutOn || !IsNumeric(Trim(s.DisplayBox))) return;
+    if (!s.ReadOutOn || !IsNumeric(Trim(s.Shown.Number))) return;
     std::string t;
-    if (Val(s.ExpoBox) == 0) {
-        t = prim::PlainText(Val(s.DisplayBox));
+    if (Val(s.Shown.Exponent) == 0) {
+        t = prim::PlainText(Val(s.Shown.Number));
     } else {
-        t = prim::PlainText(Val(s.DisplayBox)) + "E" + prim::PlainText(Val(s.ExpoBox));
+        t = prim::PlainText(Val(s.Shown.Number)) + "E" + prim::PlainText(Val(s.Shown.Exponent));
         t = prim::Replace(t, "E-", "times 10 to the power negative");
         t = prim::Replace(t, "E+", "times 10 to the power");
         t = prim::Replace(t, "E", "times 10 to the power");
@@ -170,7 +174,7 @@ void Speak_Key(CalculatorState& s, const KeyDef& key) {
         case KeySpeech::Word: Speak_Text(s, key.word); break;
         case KeySpeech::Result: Speak_Result(s); break;
         case KeySpeech::Sign:
-            if (LTrim(s.DisplayBox).rfind('-', 0) == 0) Speak_Text(s, "negative");
+            if (LTrim(s.Shown.Number).rfind('-', 0) == 0) Speak_Text(s, "negative");
             break;
     }
 }
@@ -207,24 +211,34 @@ bool Press_Key(CalculatorState& s, const std::string& token) {
         if (*key->mark)
             Set_Operator_Mark(s, key->mark);
         else
-            s.OperatorIndicator.clear();
+            s.Shown.OperatorMark.clear();
     }
     detail::Dispatch(s, key);
     Speak_Key(s, *key);
     return true;
 }
 
-std::string Keyboard_Token(int code, int shift) {
-    if (code >= 112 && code <= 115) return "tab" + std::to_string(code - 112);
+const KeyDef* Keyboard_Key(Keyboard key, Modifiers modifiers) {
+    if (key == Keyboard::None) return nullptr;
     for (const KeyDef& k : kKeys)
-        for (const KeyboardKey& b : k.keyboard)
-            if (b.code != 0 && b.code == code && Accepts(b.shift, shift)) return k.token;
-    return "";
+        for (const KeyBinding& b : k.keyboard)
+            if (b.key == key && Accepts(b.shift, modifiers)) return &k;
+    return nullptr;
+}
+
+int Keyboard_Page(Keyboard key) {
+    switch (key) {
+        case Keyboard::F1: return 0;
+        case Keyboard::F2: return 1;
+        case Keyboard::F3: return 2;
+        case Keyboard::F4: return 3;
+        default: return -1;
+    }
 }
 
 void Speak_Text(CalculatorState& s, const std::string& word) {
     if (!s.ReadOutOn) return;
-    if (!IsNumeric(Trim(s.DisplayBox))) return;
+    if (!IsNumeric(Trim(s.Shown.Number))) return;
     Say(s, word);
 }
 

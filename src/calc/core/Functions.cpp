@@ -1,11 +1,11 @@
-#include "calc/core/CalcFunctions.h"
+#include "calc/core/Functions.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "shell/core/Primitives.h"
 
-namespace CalcFunctions {
+namespace Calculator::Functions {
 
 using prim::Fix;
 using prim::Format;
@@ -77,15 +77,6 @@ FunctionResult HypTangent(double x) {
 
 }  // namespace
 
-bool Is_Function_Token(const std::string& t) {
-    static const char* const kTokens[] = {"sqr",  "sqrt", "cubt", "cube", "log",  "alog",  "ln",    "aln",
-                                          "tan",  "sin",  "cos",  "rcp",  "fact", "iTan",  "iCos",  "iSin",
-                                          "tanh", "sinh", "cosh", "itanh", "isinh", "icosh"};
-    for (const char* k : kTokens)
-        if (t == k) return true;
-    return false;
-}
-
 FunctionResult Evaluate_Function(const CalculatorState& s, const std::string& t, double x) {
     if (t == "sqr") return Checked(std::pow(x, 2), "Infinity");
     if (t == "sqrt") return Checked(std::pow(x, 0.5), "Undefined");
@@ -149,15 +140,15 @@ FunctionResult Evaluate_Function(const CalculatorState& s, const std::string& t,
 
 double To_Unit(const CalculatorState& s, double deg) {
     double f = deg - 360 * Fix(deg / 360);
-    if (s.IsRadian) return f * kPi / 180;
-    if (s.IsGradian) return f * 200 / 180;
+    if (s.Angle == AngleMode::Radian) return f * kPi / 180;
+    if (s.Angle == AngleMode::Gradian) return f * 200 / 180;
     return deg;
 }
 
 double To_Degrees(const CalculatorState& s, double x) {
     double f = x - 360 * Fix(x / 360);
-    if (s.IsRadian) return f * 180 / kPi;
-    if (s.IsGradian) return f * 180 / 200;
+    if (s.Angle == AngleMode::Radian) return f * 180 / kPi;
+    if (s.Angle == AngleMode::Gradian) return f * 180 / 200;
     return x;
 }
 
@@ -268,4 +259,4 @@ void Find_Repeat(double x, int& k, std::string& pattern) {
     }
 }
 
-}  // namespace CalcFunctions
+}  // namespace Calculator::Functions
