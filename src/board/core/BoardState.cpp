@@ -28,6 +28,43 @@ void Place(board::BoardMarks::Box& box, const PointRec& p) {
 
 }  // namespace
 
+// An event that may change the layout: the outermost one opens the step (if
+// none is open) and closes it at its end, unless a command is still under way.
+class StepScope {
+public:
+    explicit StepScope(Board& b, bool on = true) : b_(b), on_(on) {
+        if (on_ && b_.stepDepth_++ == 0) b_.Open_Step();
+    }
+    ~StepScope() {
+        if (on_ && --b_.stepDepth_ == 0) b_.Close_Step(false);
+    }
+    StepScope(const StepScope&) = delete;
+    StepScope& operator=(const StepScope&) = delete;
+
+private:
+    Board& b_;
+    bool on_;
+};
+
+// A change of the view rewrites the coordinates the rows hold: a step under
+// way is recorded before it (if it changed anything) and opened again after
+// it, so that no step holds a view change it did not make.
+class ViewScope {
+public:
+    explicit ViewScope(Board& b, bool on = true) : b_(b), reopen_(on && b.stepDepth_ == 0 && b.History.Pending()) {
+        if (reopen_) b_.Close_Step(true);
+    }
+    ~ViewScope() {
+        if (reopen_ && b_.active_->Busy()) b_.Open_Step();
+    }
+    ViewScope(const ViewScope&) = delete;
+    ViewScope& operator=(const ViewScope&) = delete;
+
+private:
+    Board& b_;
+    bool reopen_;
+};
+
 void BoardMode::Redisplay() { board_.Repaint(true); }
 
 Board::Board(LayoutDocument& doc, board::DrawSurface& surface)
@@ -97,6 +134,7 @@ void Board::Set_Pointer(Pointer p) {
 }
 
 void Board::Set_Mode(int16_t index) {
+    ViewScope step(*this);
     BoardMode* next = nullptr;
     for (const auto& m : modes_)
         if (m->Index() == index) next = m.get();
@@ -150,6 +188,7 @@ void Board::Show_Grips(const Layout::LineRec& line) {
 }
 
 bool Board::Form_KeyDown(Key key) {
+    StepScope step(*this);
     switch (key) {
         case Key::Escape:
         case Key::Delete:
@@ -228,7 +267,12 @@ void Board::Show_Echo(const CommandLine::EchoResult& e) {
     Ui.CommandSelectAll = Ui.CommandSelectAll || e.SelectAll;
 }
 
+// PAN and ZOOM change only the view; every other mode may change the layout.
+bool Board::Views_Only() const { return active_->Index() == PAN || active_->Index() == ZOOM; }
+
 void Board::DrawingBoard_MouseDown(Button button, bool shift, double x, double y) {
+    ViewScope view(*this, Views_Only());
+    StepScope step(*this, !Views_Only());
     LastButton = button;
     if (button == Button::Right && !shift) Cancel_Band();
     active_->Press(button, shift, x, y);
@@ -236,6 +280,7 @@ void Board::DrawingBoard_MouseDown(Button button, bool shift, double x, double y
 }
 
 void Board::DrawingBoard_MouseMove(Button button, bool /*shift*/, double x, double y) {
+    ViewScope view(*this, Views_Only());
     PointerX = x;
     PointerY = y;
     HoverLine = Selection::Hover_Line(doc_, static_cast<float>(x), static_cast<float>(y), active_->Selects());
@@ -254,6 +299,8 @@ void Board::DrawingBoard_MouseMove(Button button, bool /*shift*/, double x, doub
 }
 
 PopUp Board::DrawingBoard_MouseUp(Button button, bool shift, double x, double y) {
+    ViewScope view(*this, Views_Only());
+    StepScope step(*this, !Views_Only());
     const PopUp popup = active_->Release(button, shift, x, y);
     Ui.CommandFocus = true;
     Show_Prompt();
@@ -261,14 +308,21 @@ PopUp Board::DrawingBoard_MouseUp(Button button, bool shift, double x, double y)
 }
 
 void Board::DrawingBoard_Click() {
+    StepScope step(*this, !Views_Only());
     if (LastButton == Button::Left) active_->Click();
 }
 
-void Board::DrawingBoard_DblClick() { active_->DoubleClick(); }
+void Board::DrawingBoard_DblClick() {
+    StepScope step(*this, !Views_Only());
+    active_->DoubleClick();
+}
 
 // ---- Command line ---------------------------------------------------------------
 
-void Board::CommandBox_KeyDown(Key key, const std::string& text) { active_->Reply(key, text); }
+void Board::CommandBox_KeyDown(Key key, const std::string& text) {
+    StepScope step(*this);
+    active_->Reply(key, text);
+}
 
 void Board::Apply_Reply(const CommandLine::ReplyResult& r, void (Board::*pick)()) {
     switch (r.Status) {
@@ -298,21 +352,27 @@ void Board::Press_Typed() { DrawingBoard_MouseDown(Button::Left, false, 0.0, 0.0
 
 // Starting either command ends the band of a move in progress.
 void Board::MoveButton_Click() {
+    StepScope step(*this);
     Erase_Move_Band();
     Selection::MoveButton_Click(doc_, Sel, editHooks_);
 }
 
 void Board::RotateButton_Click() {
+    StepScope step(*this);
     Erase_Move_Band();
     Selection::RotateButton_Click(doc_, Sel, editHooks_);
 }
 
 void Board::DeleteButton_Click() {
+    StepScope step(*this);
+    Name_Step("Delete", true);
     Selection::DeleteButton_Click(doc_, !active_->ShowsWorkingDisplay(), editHooks_);
     surface_.Refresh();
 }
 
 void Board::ClearButton_Click() {
+    StepScope step(*this);
+    Name_Step("Delete All", false);
     if (Selection::ClearButton_Click(doc_, !active_->ShowsWorkingDisplay(), editHooks_)) {
         HoverLine = PrevHover = {};
         HoverShown = false;
@@ -322,6 +382,8 @@ void Board::ClearButton_Click() {
 }
 
 void Board::ClearDimButton_Click() {
+    StepScope step(*this);
+    Name_Step("Clear Dimensions", false);
     Selection::ClearDimButton_Click(doc_, !active_->ShowsWorkingDisplay(), editHooks_);
     surface_.Refresh();
 }
@@ -349,6 +411,7 @@ void Board::Drop_Pointer_Feedback() {
 }
 
 void Board::RefreshButton_Click() {
+    ViewScope step(*this);
     Cancel_Band();
     active_->Redisplay();
 }
@@ -361,6 +424,7 @@ void Board::Zoom_Done() {
 }
 
 void Board::Zoom_Button(float factor) {
+    ViewScope step(*this);
     Cancel_Band();
     Viewport::Zoom_Factor(doc_, factor);
     Repaint(true);
@@ -368,12 +432,14 @@ void Board::Zoom_Button(float factor) {
 }
 
 void Board::ZoomExtentButton_Click() {
+    ViewScope step(*this);
     Cancel_Band();
     if (Viewport::Zoom_Fit(doc_, 0.925f)) Repaint(true);
     Zoom_Done();
 }
 
 void Board::Surface_Resized() {
+    ViewScope step(*this);
     doc_.ScaleWidth = static_cast<float>(surface_.ScaleWidth());
     doc_.ScaleHeight = static_cast<float>(surface_.ScaleHeight());
     if (Viewport::Lines_Empty(doc_.Lines) && Dimensions::Dims_Empty(doc_.Dims)) Viewport::Set_Viewport(doc_);
@@ -381,12 +447,14 @@ void Board::Surface_Resized() {
 }
 
 void Board::Show_Document() {
+    History.Clear();
     Set_Mode(DRAW);
     Show_Prompt();
     Repaint(true);
 }
 
 void Board::Reset_View() {
+    History.Clear();
     Set_Mode(DRAW);
     Show_Prompt();
     Viewport::Set_Viewport(doc_);
@@ -406,15 +474,102 @@ void Board::Reset_View() {
 const CalculationView::CalcState& Board::Load_Inputs() const { return calculation_->Display(); }
 
 bool Board::Apply_Eccentricity(const std::string& text) {
+    StepScope step(*this);
+    Name_Step("Load Eccentricity", false);
     if (!CalculationView::Apply_Eccentricity(text, doc_.Load, calculation_->Display())) return false;
     active_->Load_Changed();
     return true;
 }
 
 bool Board::Apply_Rotation(const std::string& text) {
+    StepScope step(*this);
+    Name_Step("Load Angle", false);
     if (!CalculationView::Apply_Rotation(text, doc_.Load, calculation_->Display())) return false;
     active_->Load_Changed();
     return true;
+}
+
+}  // namespace BoardState
+
+namespace BoardState {
+
+// ---- Undo and redo ---------------------------------------------------------------
+
+void Board::Open_Step() {
+    if (History.Pending()) return;
+    History.Begin(doc_);
+    // A move or rotate under way names the step its last point makes.
+    stepNamed_ = false;
+    stepVerb_ = Sel.MovePending ? "Move" : Sel.RotatePending ? "Rotate" : "";
+    stepCountLines_ = true;
+}
+
+void Board::Name_Step(const std::string& verb, bool countLines) {
+    stepVerb_ = verb;
+    stepCountLines_ = countLines;
+    stepNamed_ = true;
+}
+
+void Board::Close_Step(bool force) {
+    if (!History.Pending() || (!force && active_->Busy())) return;
+    if (!stepNamed_ && stepVerb_.empty()) {
+        // Draws and dimensions are named by the mode that made them.
+        if (active_->Index() == DIMENSION)
+            Name_Step("Dimension", false);
+        else if (active_->Index() != DRAW)
+            Name_Step("Edit", true);
+    }
+    History.Commit(doc_, stepVerb_, stepCountLines_);
+    stepVerb_.clear();
+    stepNamed_ = false;
+}
+
+bool Board::Undo_Step() {
+    if (stepDepth_ > 0) return false;
+    if (active_->Busy()) {
+        active_->Abandon();
+        Close_Step(true);
+        Show_Prompt();
+        return false;
+    }
+    Close_Step(true);
+    if (!History.Undo(doc_)) return false;
+    After_History();
+    return true;
+}
+
+bool Board::Redo_Step() {
+    if (stepDepth_ > 0) return false;
+    if (active_->Busy()) active_->Abandon();
+    Close_Step(true);
+    if (!History.Redo(doc_)) return false;
+    After_History();
+    return true;
+}
+
+// The layout was put back: no line stays selected, no command waits on the
+// lines it had, and the board is drawn anew (CALCULATION makes its display
+// again).
+void Board::After_History() {
+    Selection::Clear_Selection(doc_.Lines);
+    Sel.MovePending = Sel.RotatePending = Sel.CornerPicked = false;
+    Sel.MoveClick = Sel.RotateClick = 0;
+    Viewport::Build_Intersections(doc_.Lines, doc_.Intersections, doc_.IntersectionsFound, Yield);
+    HoverLine = PrevHover = {};
+    HoverShown = false;
+    Hide_Marks();
+    active_->Redisplay();
+    Show_Prompt();
+}
+
+void Board::Begin_Change() {
+    Close_Step(true);
+    History.Begin(doc_);
+}
+
+void Board::End_Change(const std::string& name, bool countLines) {
+    Name_Step(name, countLines);
+    Close_Step(true);
 }
 
 }  // namespace BoardState

@@ -21,6 +21,7 @@
 #include "board/core/LayoutDocument.h"
 #include "board/core/LayoutRender.h"
 #include "board/core/SelectionCommands.h"
+#include "board/core/UndoHistory.h"
 #include "board/core/modes/BoardMode.h"
 
 namespace CalculationView {
@@ -126,6 +127,24 @@ public:
     bool Apply_Eccentricity(const std::string& text);
     bool Apply_Rotation(const std::string& text);
 
+    // ---- Undo and redo --------------------------------------------------------------------
+    // Every event that may change the layout runs inside a step; the step is
+    // recorded when no command is under way any more, under the name the
+    // command gave it (or, for a draw or a dimension, of the mode).
+    Undo::History History;
+    // Undo: a command under way is given up and nothing else happens;
+    // otherwise the last step is taken back, the selection cleared and the
+    // board drawn anew. Redo makes the step again. True when the layout changed.
+    bool Undo_Step();
+    bool Redo_Step();
+    // Names the step under way: `verb` alone, or with `countLines` followed by
+    // the number of lines it touched ("Move 3 Lines").
+    void Name_Step(const std::string& verb, bool countLines);
+    // The window changed the layout outside the board (a document read in, an
+    // import); `Begin_Change` and `End_Change` bracket it as one step.
+    void Begin_Change();
+    void End_Change(const std::string& name, bool countLines = false);
+
     LayoutDocument& Doc() { return doc_; }
     board::DrawSurface& Surface() { return surface_; }
     // Lets window events run inside a long crossing search (the one loop of
@@ -173,6 +192,13 @@ public:
     const Selection::EditHooks& Edit_Hooks() const { return editHooks_; }
 
 private:
+    friend class StepScope;
+    friend class ViewScope;
+    bool Views_Only() const;
+    void Open_Step();
+    void Close_Step(bool force);
+    void After_History();
+
     void Status_Coordinates(double x, double y);
     void Drop_Pointer_Feedback();
     void Build_Edit_Hooks();
@@ -186,6 +212,10 @@ private:
     SelectionMode* selection_ = nullptr;
     CalculationMode* calculation_ = nullptr;
     BoardMode* active_ = nullptr;
+    int stepDepth_ = 0;  // events nested in the one that opened the step
+    std::string stepVerb_;
+    bool stepCountLines_ = false;
+    bool stepNamed_ = false;
 };
 
 }  // namespace BoardState

@@ -35,6 +35,33 @@ bool Same(const LoadRec& a, const LoadRec& b) {
            Same(a.LoadEccentricity, b.LoadEccentricity) && a.LoadPlaced == b.LoadPlaced;
 }
 
+// The same line but for its selection mark.
+bool SameButSelection(const LineRec& a, const LineRec& b) {
+    return Same(a.EndPt, b.EndPt) && Same(a.StartPt, b.StartPt) && Same(a.MidPt, b.MidPt) && a.Exists == b.Exists &&
+           a.LineName == b.LineName && Same(a.Length, b.Length);
+}
+
+size_t ExistingLines(const std::vector<LineRec>& lines) {
+    return static_cast<size_t>(std::count_if(lines.begin(), lines.end(), [](const LineRec& r) { return r.Exists != 0; }));
+}
+
+// How many lines a splice touched: those it added or removed, or else those
+// whose rows it changed other than by their selection mark.
+template <class Splice>
+size_t LinesTouched(const Splice& s) {
+    const size_t before = ExistingLines(s.before), after = ExistingLines(s.after);
+    if (before != after) return before > after ? before - after : after - before;
+    size_t n = s.before.size() > s.after.size() ? s.before.size() - s.after.size() : s.after.size() - s.before.size();
+    for (size_t i = 0; i < std::min(s.before.size(), s.after.size()); ++i)
+        if (!SameButSelection(s.before[i], s.after[i])) ++n;
+    return n;
+}
+
+std::string Named(const std::string& verb, size_t lines) {
+    const std::string count = lines == 1 ? "Line" : std::to_string(lines) + " Lines";
+    return verb.empty() ? count : verb + " " + count;
+}
+
 size_t RowBytes(const LineRec& r) { return sizeof(LineRec) + r.LineName.capacity(); }
 size_t RowBytes(const DimensionRec&) { return sizeof(DimensionRec); }
 
@@ -76,11 +103,13 @@ void Replace(std::vector<Row>& table, size_t first, size_t count, const std::vec
 
 History::History(size_t budgetBytes) : budget_(budgetBytes) {}
 
-void History::Begin(const LayoutDocument& doc) { before_ = doc; }
+void History::Begin(const LayoutDocument& doc) {
+    before_ = Before{doc.ZoomBase, doc.ZoomScale, doc.OriginX, doc.OriginY, doc.Lines, doc.Dims, doc.Load, doc.LineCounter};
+}
 
-bool History::Commit(const LayoutDocument& doc, const std::string& name) {
+bool History::Commit(const LayoutDocument& doc, const std::string& name, bool countLines) {
     if (!before_) return false;
-    const LayoutDocument& was = *before_;
+    const Before& was = *before_;
     Step step;
     step.name = name;
     step.viewBefore = {was.ZoomBase, was.ZoomScale, was.OriginX, was.OriginY};
@@ -91,10 +120,12 @@ bool History::Commit(const LayoutDocument& doc, const std::string& name) {
     step.loadAfter = doc.Load;
     step.counterBefore = was.LineCounter;
     step.counterAfter = doc.LineCounter;
-    const bool changed = !step.lines.before.empty() || !step.lines.after.empty() || !step.dims.before.empty() ||
-                         !step.dims.after.empty() || !Same(was.Load, doc.Load) || was.LineCounter != doc.LineCounter;
+    const size_t touched = LinesTouched(step.lines);
+    const bool changed = touched > 0 || !step.dims.before.empty() || !step.dims.after.empty() ||
+                         !Same(was.Load, doc.Load) || was.LineCounter != doc.LineCounter;
     before_.reset();
     if (!changed) return false;
+    if (countLines) step.name = Named(name, touched);
     step.bytes += sizeof(Step) + step.name.capacity();
     while (steps_.size() > done_) {
         bytes_ -= steps_.back().bytes;
@@ -139,8 +170,13 @@ void History::Apply(LayoutDocument& doc, const Step& step, bool forward) const {
         carry.from.ZoomScale = recorded.ZoomScale;
         carry.from.OriginX = recorded.OriginX;
         carry.from.OriginY = recorded.OriginY;
-        for (LineRec& r : lines)
-            for (PointRec* p : {&r.EndPt, &r.StartPt, &r.MidPt}) carry(*p);
+        for (LineRec& r : lines) {
+            carry(r.EndPt);
+            carry(r.StartPt);
+            // The middle stays the mean of the ends, as every line's is.
+            r.MidPt.X = static_cast<float>((static_cast<double>(r.StartPt.X) + r.EndPt.X) / 2);
+            r.MidPt.Y = static_cast<float>((static_cast<double>(r.StartPt.Y) + r.EndPt.Y) / 2);
+        }
         for (DimensionRec& d : dims)
             for (PointRec* p : {&d.DimP1, &d.DimP2, &d.DimMid, &d.DimPos}) carry(*p);
         carry(load.LoadPoint);

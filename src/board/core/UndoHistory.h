@@ -30,10 +30,13 @@ public:
 
     // Before a command that may change the document.
     void Begin(const Layout::LayoutDocument& doc);
-    // After it: records the step `name` ("Move 3 Lines", "Delete All") when
-    // the document changed, and forgets the steps that could be redone.
-    // Returns whether a step was recorded.
-    bool Commit(const Layout::LayoutDocument& doc, const std::string& name);
+    // After it: records the step `name` ("Delete All", "Dimension") when the
+    // document changed, and forgets the steps that could be redone. With
+    // `countLines` the name is followed by the number of lines the step
+    // touched: "Move" gives "Move Line" or "Move 3 Lines", "" gives "Line".
+    // A change of the selection alone is no step. Returns whether a step was
+    // recorded.
+    bool Commit(const Layout::LayoutDocument& doc, const std::string& name, bool countLines = false);
     // A command that did not finish (a rubber band given up): no step.
     void Cancel() { before_.reset(); }
     bool Pending() const { return before_.has_value(); }
@@ -81,7 +84,16 @@ private:
     void Trim();
 
     size_t budget_;
-    std::optional<Layout::LayoutDocument> before_;
+    // What Begin keeps of the document: the tables a step may change, not
+    // the crossings or the saved copies.
+    struct Before {
+        float ZoomBase = 1, ZoomScale = 1, OriginX = 0, OriginY = 0;
+        Layout::LineTable Lines;
+        std::vector<Layout::DimensionRec> Dims;
+        Layout::LoadRec Load;
+        int16_t LineCounter = 0;
+    };
+    std::optional<Before> before_;
     std::deque<Step> steps_;
     size_t done_ = 0;  // steps_[0, done_) are done, the rest can be redone
     size_t bytes_ = 0;

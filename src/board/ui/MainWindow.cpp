@@ -133,6 +133,20 @@ void MainWindow::BuildMenus() {
         for (const Entry& e : m.entries) AddAction(menu, QString::fromLatin1(e.name), QString::fromLatin1(e.caption));
     }
 
+    // Undo and redo head the Edit menu; their captions name the step.
+    QMenu* edit = menu(QStringLiteral("mnuEdit"));
+    QAction* undo = new QAction(QStringLiteral("Undo"), edit);
+    undo->setObjectName(QStringLiteral("mnuUndo"));
+    undo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    QAction* redo = new QAction(QStringLiteral("Redo"), edit);
+    redo->setObjectName(QStringLiteral("mnuRedo"));
+    redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    QAction* editFirst = edit->actions().value(0);
+    edit->insertActions(editFirst, {undo, redo});
+    edit->insertSeparator(editFirst);
+    connect(undo, &QAction::triggered, this, [this] { History_Command(true); });
+    connect(redo, &QAction::triggered, this, [this] { History_Command(false); });
+
     // Board commands behind the menus.
     auto route = [this](const char* name, auto fn) {
         QAction* a = action(QString::fromLatin1(name));
@@ -401,6 +415,14 @@ void MainWindow::SyncUi() {
     const QSignalBlocker b1(OrthoBox), b2(PolyBox);
     OrthoBox->setChecked(ui.OrthoBox);
     PolyBox->setChecked(ui.PolyBox);
+    // Undo also gives up a command under way.
+    const Undo::History& history = board_->History;
+    QAction* undo = action(QStringLiteral("mnuUndo"));
+    undo->setText(Q(history.UndoText()));
+    undo->setEnabled(history.CanUndo() || board_->Mode().Busy());
+    QAction* redo = action(QStringLiteral("mnuRedo"));
+    redo->setText(Q(history.RedoText()));
+    redo->setEnabled(history.CanRedo());
 }
 
 void MainWindow::Set_Mode(int16_t index) {

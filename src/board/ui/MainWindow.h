@@ -86,6 +86,11 @@ private:
     // A menu entry that types a reply for the user: the letter, then Enter.
     void Type_Reply(const QString& text);
     void PopUp_Menu(const QString& name, double x, double y);
+    // Edit > Undo (or Redo, `undo` false): the layout taken back a step.
+    void History_Command(bool undo);
+    // Ctrl+Z and its kin in the command box edit the text typed there, and
+    // reach the layout's history when it holds none.
+    bool History_Key(QObject* watched, QEvent* event);
     // A button or menu entry that runs a board command, then shows its outcome.
     std::function<void()> Board_Command(void (BoardState::Board::*command)());
 

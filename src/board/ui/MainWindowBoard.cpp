@@ -118,7 +118,37 @@ void MainWindow::Type_Reply(const QString& text) {
     SyncUi();
 }
 
+void MainWindow::History_Command(bool undo) {
+    if (undo)
+        board_->Undo_Step();
+    else
+        board_->Redo_Step();
+    SyncUi();
+    FocusCommandBox();
+}
+
+bool MainWindow::History_Key(QObject* watched, QEvent* event) {
+    if (watched != CommandBox || (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress))
+        return false;
+    auto* key = static_cast<QKeyEvent*>(event);
+    const QKeyCombination k = key->keyCombination();
+    const bool undo = k == QKeyCombination(Qt::ControlModifier, Qt::Key_Z);
+    const bool redo = k == QKeyCombination(Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_Z) ||
+                      k == QKeyCombination(Qt::ControlModifier, Qt::Key_Y);
+    if (!undo && !redo) return false;
+    // The box takes the key in any case, so that the menu's shortcut does not
+    // fire behind its back; the key itself decides below.
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->accept();
+        return true;
+    }
+    if (CommandBox->isModified() && !CommandBox->text().isEmpty()) return false;
+    History_Command(undo);
+    return true;
+}
+
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (History_Key(watched, event)) return true;
     if (event->type() != QEvent::KeyPress || QApplication::activeModalWidget() != nullptr)
         return QMainWindow::eventFilter(watched, event);
     // Key preview: the form sees a key before the control that has the focus.

@@ -1,5 +1,5 @@
-// Thousands of random replies, pointer events, keys and buttons on the board
-// in every mode, with random line data and load inputs: whatever comes, the
+// Thousands of random replies, pointer events, keys, buttons, undos and
+// redos on the board in every mode, with random line data and load inputs: whatever comes, the
 // document and its load stay valid, and the calculation display does not
 // follow the pointer.
 #include <gtest/gtest.h>
@@ -85,11 +85,17 @@ TEST(BoardFuzz, RandomRepliesAndPointerEventsKeepTheDocumentValid) {
         if (what == 9) board.Form_KeyDown(std::array{Key::Escape, Key::Delete, Key::F8, Key::F9}[choice(4)]);
         if (what == 10) board.Zoom_Button(choice(2) ? 1.05f : 0.95f);
         if (what == 11 && choice(4) == 0) (board.*tools[choice(8)])();
+        if (what == 11 && choice(8) == 0) choice(3) ? board.Undo_Step() : board.Redo_Step();
         ASSERT_TRUE(Valid(doc)) << "step " << i << ", reply \"" << text << "\"";
         mostLines = std::max<int>(mostLines, Viewport::Line_Count(doc.Lines));
         if (surface.Ops.size() > 100000) surface.Ops.clear();
     }
     EXPECT_GT(mostLines, 5) << "the run drew lines";
+    // Every step taken back and made again leaves a valid document.
+    int steps = 0;
+    for (; board.Undo_Step(); ++steps) ASSERT_TRUE(Valid(doc)) << "undo " << steps;
+    while (board.Redo_Step()) ASSERT_TRUE(Valid(doc)) << "redo " << --steps;
+    EXPECT_EQ(steps, 0);
     EXPECT_GT(calcMoves, 0) << "the run moved the pointer on the calculation display";
 }
 

@@ -131,6 +131,10 @@ public:
             yes_ = rest == "yes";
         } else if (verb == "saved") {
             std::tie(doc_.LinesSaved, doc_.DimsSaved) = std::tie(doc_.Lines, doc_.Dims);
+        } else if (verb == "undo" || verb == "redo") {
+            (board_.*(verb == "undo" ? &Board::Undo_Step : &Board::Redo_Step))();
+        } else if (verb == "keep") {
+            kept_[rest] = LayoutFile::Layout_Bytes(doc_);
         } else if (verb == "ecc" || verb == "rot") {
             if (!(verb == "ecc" ? board_.Apply_Eccentricity(rest) : board_.Apply_Rotation(rest)))
                 messages_.push_back("refused");
@@ -176,6 +180,7 @@ private:
             {"linedata", [&] { return std::to_string(std::exchange(lineData_, -1)); }},
             {"popup", [&] { return std::to_string(static_cast<int>(popup_)); }},
             {"messages", [&] { return Join(std::exchange(messages_, {}), "|"); }},
+            {"history", [&] { return board_.History.UndoText() + "|" + board_.History.RedoText(); }},
         };
         if (simple.count(what)) return simple.at(what)();
         std::vector<std::string> parts;
@@ -218,6 +223,8 @@ private:
                 ++count[turn ? std::vector{o.X2, o.Y2, o.X1, o.Y1} : std::vector{o.X1, o.Y1, o.X2, o.Y2}];
             }
             for (const auto& [key, n] : count) EXPECT_EQ(n % 2, 0) << "a figure left at " << key[0] << "," << key[1];
+        } else if (what == "bytes") {
+            EXPECT_TRUE(LayoutFile::Layout_Bytes(doc_) == kept_.at(want)) << "the file differs from " << want;
         } else if (what == "printed") {
             EXPECT_NE(Shown(what).find(want), std::string::npos) << Shown(what);
         } else {
@@ -233,6 +240,7 @@ private:
     int lineData_ = -1;
     PopUp popup_ = PopUp::None;
     size_t drawn_ = 0;
+    std::map<std::string, std::string> kept_;  // file bytes kept by name
 };
 
 TEST(BoardScript, ReplaysEveryCase) {

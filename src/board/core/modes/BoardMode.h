@@ -67,6 +67,13 @@ public:
     virtual PromptLine Prompt() const = 0;
     // Ends a command in progress: its rubber band goes and its clicks start again.
     virtual void Cancel() {}
+    // A command is under way: a band or a box follows the pointer, or a
+    // command waits for its next point. The step it makes is recorded when
+    // it ends.
+    virtual bool Busy() const { return false; }
+    // Undo pressed while the mode is busy: the command in progress is given
+    // up, as Esc gives it up.
+    virtual void Abandon() { Cancel(); }
     // Esc and Delete from the form's key preview.
     virtual void KeyDown(Key /*key*/) {}
 

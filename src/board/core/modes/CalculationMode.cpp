@@ -23,7 +23,10 @@ PromptLine CalculationMode::Prompt() const {
 }
 
 // The load goes to the side of the group the click was on.
-void CalculationMode::Click() { CalculationView::Calculation_Click(board_, display_); }
+void CalculationMode::Click() {
+    board_.Name_Step("Load Side", false);
+    CalculationView::Calculation_Click(board_, display_);
+}
 
 // The calculation display is made anew for the view as it is now.
 void CalculationMode::Redisplay() { board_.Set_Mode(CALCULATION); }

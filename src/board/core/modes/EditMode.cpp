@@ -39,6 +39,7 @@ void EditMode::DoubleClick() {
 void EditMode::KeyDown(Key key) {
     if (key != Key::Delete) return;
     Board& b = board_;
+    b.Name_Step("Delete", true);
     Selection::Edit_DeleteKey(b.Doc(), b.HoverLine, b.PrevHover, b.HoverShown, b.Edit_Hooks());
     b.Ui.Marks.StartBox.Visible = b.Ui.Marks.EndBox.Visible = b.Ui.Marks.MidBox.Visible = false;
     b.Surface().Refresh();

@@ -40,6 +40,7 @@ public:
     PromptLine Prompt() const override;
     void Cancel() override;
     void KeyDown(Key key) override;
+    bool Busy() const override { return clicks_ == 1; }
 
 private:
     int clicks_ = 0;   // 1 once the start point is down; 2 only while the line is made
@@ -60,6 +61,8 @@ public:
     void Reply(Key key, const std::string& text) override;
     PromptLine Prompt() const override;
     void KeyDown(Key key) override;
+    bool Busy() const override;
+    void Abandon() override { KeyDown(Key::Escape); }
     bool Selects() const override { return true; }
     // The pick box for picking, the window box while a box kind is set.
     void Renew_Pointer();
@@ -75,6 +78,7 @@ public:
     PromptLine Prompt() const override;
     void Cancel() override;
     void KeyDown(Key key) override;
+    bool Busy() const override { return clicks_ > 0; }
 
 private:
     void Add_Dimension(double x, double y);

@@ -57,6 +57,12 @@ void SelectionMode::KeyDown(Key key) {
     }
 }
 
+// A box with its first corner down, or a move or rotate past its base point.
+bool SelectionMode::Busy() const {
+    const Selection::SelectionState& sel = board_.Sel;
+    return sel.CornerPicked || (sel.MovePending && sel.MoveClick == 1) || (sel.RotatePending && sel.RotateClick == 1);
+}
+
 void SelectionMode::Press(Button button, bool /*shift*/, double x, double y) {
     Selection::SelectionState& sel = board_.Sel;
     if (button != Button::Left || Pending(sel) || !Boxing(sel)) return;
