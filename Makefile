@@ -57,7 +57,7 @@ coverage: bootstrap
 # libclang-rt-dev; the ordinary build replays the committed seeds instead).
 FUZZ_DIR ?= build-fuzz
 FUZZ_SECONDS ?= 60
-FUZZ_TARGETS = fuzz_wld fuzz_bolt_data fuzz_calc_mem fuzz_sdf_input
+FUZZ_TARGETS = fuzz_wld fuzz_bolt_data fuzz_calc_mem fuzz_sdf_input fuzz_dxf
 fuzz:
 	cmake -S . -B $(FUZZ_DIR) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
 		-DFERROLITH_FUZZ=ON -DFERROLITH_BUILD_GUI=OFF \

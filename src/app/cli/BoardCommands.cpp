@@ -13,6 +13,7 @@
 #include "board/core/Dimensions.h"
 #include "board/core/LayoutDocument.h"
 #include "board/core/LayoutFile.h"
+#include "board/core/LoadSymbol.h"
 #include "board/core/Viewport.h"
 #include "shell/core/Primitives.h"
 #include "weld/core/WeldSolve.h"
@@ -36,22 +37,6 @@ std::string DoubleText(double v) { return prim::PlainText(v); }
 
 std::string WorldPoint(const LayoutDocument& doc, const PointRec& p) {
     return "(" + SingleText(cm::To_WorldX(doc, p.X)) + ", " + SingleText(cm::To_WorldY(doc, p.Y)) + ")";
-}
-
-// Places the load symbol beside the group at the start viewport: a margin of
-// half the group's left offset (at most half the board's height), on the
-// chosen side, at the height of the group's center of gravity.
-void PlaceLoad(LayoutDocument& doc, int16_t side) {
-    bool found = false;
-    const float minX = cm::Min_X(doc.Lines, found);
-    const double a = std::min(static_cast<double>(minX), doc.ScaleHeight / 2.0);
-    const double r = std::fabs(a * 0.5 * 0.95);
-    const double cy = cm::Centroid_Y(doc.Lines);
-    const double x = side == 0 ? r : doc.ScaleWidth - r;
-    doc.Load.LoadSide = side;
-    doc.Load.LoadPoint.X = static_cast<float>(x);
-    doc.Load.LoadPoint.Y = static_cast<float>(cy);
-    doc.Load.LoadPlaced = cm::Lines_Empty(doc.Lines) ? 0 : -1;
 }
 
 bool ReadLine(const LayoutDocument& doc, const std::string& text, PointRec& a, PointRec& b, std::string& error) {
@@ -90,7 +75,7 @@ int WldNew(const cli::Parsed& p) {
         if (!ReadLine(doc, t, a, b, error)) return cli::UsageError(error);
         if (!cm::Add_Drawn_Line(doc, a, b)) return cli::Fail("too many lines", 1);
     }
-    PlaceLoad(doc, side == "left" ? 0 : 1);
+    LoadSymbol::Place_Beside(doc, side == "left" ? 0 : 1);
     doc.LinesSaved = doc.Lines;
     doc.DimsSaved = doc.Dims;
 

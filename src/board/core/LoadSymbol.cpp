@@ -147,4 +147,17 @@ void Draw_LoadSymbol(DrawSurface& board, const LineTable& lines, const PointRec&
     else Draw_LoadArrowDown(board, loadPoint, loadSide, loadAngle);
 }
 
+void Place_Beside(Layout::LayoutDocument& doc, int16_t loadSide) {
+    bool found = false;
+    const float minX = Viewport::Min_X(doc.Lines, found);
+    const double a = std::min(static_cast<double>(minX), doc.ScaleHeight / 2.0);
+    const double r = std::fabs(a * 0.5 * 0.95);
+    const double cy = Viewport::Centroid_Y(doc.Lines);
+    const double x = loadSide == 0 ? r : doc.ScaleWidth - r;
+    doc.Load.LoadSide = loadSide;
+    doc.Load.LoadPoint.X = static_cast<float>(x);
+    doc.Load.LoadPoint.Y = static_cast<float>(cy);
+    doc.Load.LoadPlaced = Viewport::Lines_Empty(doc.Lines) ? 0 : -1;
+}
+
 }  // namespace LoadSymbol

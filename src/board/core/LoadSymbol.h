@@ -30,6 +30,12 @@ void Draw_LoadSymbol(DrawSurface& board, const LineTable& lines, const PointRec&
 void Draw_LoadArrowUp(DrawSurface& board, const PointRec& anchor, int16_t loadSide, double loadAngle);
 void Draw_LoadArrowDown(DrawSurface& board, const PointRec& anchor, int16_t loadSide, double loadAngle);
 
+// Places the load beside the group at the present view: a margin of half
+// the group's left offset (at most half the board's height), on side
+// `loadSide` (0 left, 1 right), at the height of the group's center of
+// gravity. A board without lines gets no load placed.
+void Place_Beside(Layout::LayoutDocument& doc, int16_t loadSide);
+
 // An angle in the format "0.####" without a dangling point: 30 gives "30",
 // 22.5 gives "22.5".
 std::string Angle_Text(double degrees);
