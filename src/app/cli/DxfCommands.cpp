@@ -91,7 +91,7 @@ const cli::Registrar kDxfImport({
     {"Reads LINEs and the straight pieces of LWPOLYLINEs and POLYLINEs (closed ones closed);",
      "arcs, circles, splines, texts and blocks are skipped and counted. Duplicates, lines of zero",
      "length and lines not longer than the strip are dropped. Prints a one-line summary."},
-    {},
+    {"dxf-import examples/c-shape-right.dxf /tmp/c-shape-right.wld --layer WELD"},
     DxfImport});
 
 const cli::Registrar kDxfExport({
@@ -100,7 +100,7 @@ const cli::Registrar kDxfExport({
     "writes a layout as a DXF drawing in inches",
     {},
     {"Weld lines on the layer WELD, dimensions as lines and texts on DIMS, the load symbol on LOAD."},
-    {},
+    {"dxf-export examples/c-shape-right.wld /tmp/c-shape-right.dxf"},
     DxfExport});
 
 }  // namespace

@@ -13,19 +13,21 @@ SaveFn& SaveHook() {
     static SaveFn fn;
     return fn;
 }
-const char* const kFilter = "Wld Files (*.wld)";
+QString Filter(Kind kind) {
+    return kind == Kind::Dxf ? QStringLiteral("DXF Drawings (*.dxf *.DXF)") : QStringLiteral("Wld Files (*.wld)");
+}
 }  // namespace
 
-QString GetOpenPath(QWidget* parent, const QString& title) {
+QString GetOpenPath(QWidget* parent, const QString& title, Kind kind) {
     if (OpenHook()) return OpenHook()(parent, title);
-    return QFileDialog::getOpenFileName(parent, title, QString(), QString::fromLatin1(kFilter));
+    return QFileDialog::getOpenFileName(parent, title, QString(), Filter(kind));
 }
 
-QString GetSavePath(QWidget* parent, const QString& title, bool confirmOverwrite) {
+QString GetSavePath(QWidget* parent, const QString& title, bool confirmOverwrite, Kind kind) {
     if (SaveHook()) return SaveHook()(parent, title, confirmOverwrite);
-    QFileDialog dlg(parent, title, QString(), QString::fromLatin1(kFilter));
+    QFileDialog dlg(parent, title, QString(), Filter(kind));
     dlg.setAcceptMode(QFileDialog::AcceptSave);
-    dlg.setDefaultSuffix(QStringLiteral("wld"));
+    dlg.setDefaultSuffix(kind == Kind::Dxf ? QStringLiteral("dxf") : QStringLiteral("wld"));
     dlg.setOption(QFileDialog::DontConfirmOverwrite, !confirmOverwrite);
     if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return QString();
     return dlg.selectedFiles().first();

@@ -13,8 +13,11 @@ namespace filedialogs {
 using OpenFn = std::function<QString(QWidget* parent, const QString& title)>;
 using SaveFn = std::function<QString(QWidget* parent, const QString& title, bool confirmOverwrite)>;
 
-QString GetOpenPath(QWidget* parent, const QString& title);
-QString GetSavePath(QWidget* parent, const QString& title, bool confirmOverwrite);
+// Layouts (*.wld) or DXF drawings (*.dxf); the seam sees only the title.
+enum class Kind { Layout, Dxf };
+
+QString GetOpenPath(QWidget* parent, const QString& title, Kind kind = Kind::Layout);
+QString GetSavePath(QWidget* parent, const QString& title, bool confirmOverwrite, Kind kind = Kind::Layout);
 
 // Replaces the dialogs; an empty function puts the real dialog back.
 void SetOpenDialog(OpenFn fn);

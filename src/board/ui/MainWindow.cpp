@@ -89,6 +89,11 @@ void MainWindow::BuildMenus() {
     connect(AddAction(file, QStringLiteral("mnuSaveAs"), QStringLiteral("Save Data &As..."), true),
             &QAction::triggered, this, &MainWindow::mnuSaveAs_Click);
     file->addSeparator();
+    connect(AddAction(file, QStringLiteral("mnuImportDxf"), QStringLiteral("&Import DXF..."), true),
+            &QAction::triggered, this, &MainWindow::mnuImportDxf_Click);
+    connect(AddAction(file, QStringLiteral("mnuExportDxf"), QStringLiteral("&Export DXF..."), true),
+            &QAction::triggered, this, &MainWindow::mnuExportDxf_Click);
+    file->addSeparator();
     recentAnchor_ = file;
     QAction* first = AddAction(file, QStringLiteral("mnuRecDocs"), QStringLiteral("Empty"));
     connect(first, &QAction::triggered, this, [this, first] { mnuRecDocs_Click(first->text()); });

@@ -68,6 +68,11 @@ public:
     void mnuRecDocs_Click(const QString& path);
     void ClearButton_Click();
     void ClearDimButton_Click();
+    // DXF drawings in and out (MainWindowDxf.cpp). An import is one step of
+    // the undo history; false when it changed nothing.
+    void mnuImportDxf_Click();
+    bool Import_Dxf(const QString& path);
+    void mnuExportDxf_Click();
 
 protected:
     void closeEvent(QCloseEvent* e) override;
