@@ -109,28 +109,6 @@ TEST(WholeNumbers, TiesToEvenAndRangeChecks) {
     EXPECT_TRUE(ToInt32(1e9 + 0.5, l));
     EXPECT_EQ(l, 1000000000);
     EXPECT_FALSE(ToInt32(3e9, l));
-    EXPECT_EQ(Fix(-2.7), -2);
-    EXPECT_EQ(Fix(2.7), 2);
-    EXPECT_EQ(Sgn(-0.1), -1);
-    EXPECT_EQ(Sgn(0.0), 0);
-    EXPECT_EQ(Sgn(5), 1);
-}
-
-TEST(Strings, PositionsAreOneBased) {
-    EXPECT_EQ(InStr("5'-3", "'"), 2u);
-    EXPECT_EQ(InStr("5'-3", "x"), 0u);
-    EXPECT_EQ(InStr("a-b-c", "-", 3), 4u);
-    EXPECT_EQ(InStr("abc", "c", 9), 0u);
-    EXPECT_EQ(Mid("5'-3 1/2", 4), "3 1/2");
-    EXPECT_EQ(Mid("5'-3 1/2", 4, 1), "3");
-    EXPECT_EQ(Mid("abc", 9), "");
-    EXPECT_EQ(Left("abc", 9), "abc");
-    EXPECT_EQ(Right("abc", 2), "bc");
-    EXPECT_EQ(Trim("  a b  "), "a b");
-    EXPECT_EQ(LTrim("  a "), "a ");
-    EXPECT_EQ(RTrim("  a "), "  a");
-    EXPECT_EQ(Replace("a - - b", " -", "-"), "a-- b");
-    EXPECT_EQ(UCase("UnNamed.wld"), "UNNAMED.WLD");
 }
 
 TEST(CodePage, RoundTripsWindows1252) {

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <string>
 #include <tuple>
 
@@ -31,14 +30,6 @@ TEST(ImperialValue, ReadsAndRefuses) {
         EXPECT_EQ(Imperial_Value(text, "IN").text, kError) << text;
         EXPECT_FALSE(Imperial_InputOk(text)) << text;
     }
-}
-
-TEST(ImperialValue, UnitChoosesTheScaleOnly) {
-    EXPECT_DOUBLE_EQ(Imperial_Value("5'-6\"", "ft").number, 5.5);
-    EXPECT_DOUBLE_EQ(Imperial_Value("5'-6\"", "In").number, 66);
-    EXPECT_DOUBLE_EQ(Imperial_Value("6", "FT").number, 0.5) << "a bare number is inches";
-    EXPECT_TRUE(Imperial_Value("5", "MM").IsEmpty());
-    EXPECT_EQ(Imperial_Value("5-3", "FT").text, kError);
 }
 
 TEST(ImperialClassify, KindsAndOrderOfMarks) {
@@ -81,17 +72,6 @@ TEST(ImperialText, ReadsBackWhatItWrites) {
 }
 
 TEST(ImperialText, ZeroDenominatorAddsAnInch) { EXPECT_EQ(Imperial_Text(0, 0, 0, 0), "1\""); }
-
-TEST(ImperialArithmetic, ModAndGcdOnDoubles) {
-    EXPECT_DOUBLE_EQ(Imperial_Mod(7, 3), 1);
-    EXPECT_DOUBLE_EQ(Imperial_Mod(-7, 3), -1);
-    EXPECT_DOUBLE_EQ(Imperial_Mod(7.5, 2), 1.5);
-    EXPECT_TRUE(std::isnan(Imperial_Mod(1, 0)));
-    EXPECT_DOUBLE_EQ(Imperial_Gcd(8, 16), 8);
-    EXPECT_DOUBLE_EQ(Imperial_Gcd(0, 16), 16);
-    EXPECT_DOUBLE_EQ(Imperial_Gcd(6, 0), 0);
-    EXPECT_DOUBLE_EQ(Imperial_Gcd(12, 18), 6);
-}
 
 TEST(NumberWords, GroupsAndScales) {
     const std::pair<double, const char*> cases[] = {
@@ -139,17 +119,6 @@ TEST(ImperialText, WordsForm) {
     EXPECT_EQ(Imperial_Text(0, 16, 0, -1), "0 Inch");
     EXPECT_EQ(Imperial_Text(-5, 16, 0, -1), "(Five Feet-0 Inch)");
     EXPECT_EQ(Imperial_Text(5, 16, 1, -1), "Sixty Inches");
-}
-
-TEST(WordPieces, Helpers) {
-    EXPECT_EQ(Pad_Groups("1000"), "001000");
-    EXPECT_EQ(Pad_Groups("123"), "000123");
-    EXPECT_EQ(Group_Words("000", 3), "");
-    EXPECT_EQ(Group_Words("305", 2), "Three Hundred Five Thousand");
-    EXPECT_EQ(Tens_Words(2, 0), "Twenty ");
-    EXPECT_EQ(Tens_Words(1, 3), "Thirteen");
-    EXPECT_EQ(Hundred_Words(0), "");
-    EXPECT_EQ(Ones_Words(0), "");
 }
 
 }  // namespace
