@@ -53,26 +53,6 @@ const double kHalfPi = kPi / 2;
 
 }  // namespace
 
-TEST(WeldGeometry, LineAngleAndSlope) {
-    struct Case {
-        WeldLineRec line;
-        double angle, slope;
-    };
-    const Case cases[] = {
-        {Line(1, 0, 1, 5), kHalfPi, 0.0},                                             // vertical: slope 0
-        {Line(1, 5, 1, 0), kHalfPi, 0.0},          {Line(0, 2, 4, 2), 0.0, 0.0},      // horizontal
-        {Line(0, 0, 2, 2), std::atan(1.0), 1.0},                                      // left to right
-        {Line(2, 2, 0, 0), std::atan(1.0), 1.0},                                      // same line, points swapped
-        {Line(0, 3, 3, 0), std::atan(-1.0), -1.0}, {Line(0, 0, 0, 0), kHalfPi, 0.0},  // a point counts as vertical
-    };
-    for (const Case& c : cases) {
-        EXPECT_DOUBLE_EQ(LineAngle(c.line), c.angle);
-        EXPECT_DOUBLE_EQ(LineSlope(c.line.x1, c.line.y1, c.line.x2, c.line.y2), c.slope);
-    }
-    EXPECT_EQ(LineAngle(Line(1, 0, 1, 5)), kHalfPi);  // exactly, not nearly
-    EXPECT_NE(std::cos(Radians(90)), 0.0);            // the truncated pi: 90 degrees keeps an arm
-}
-
 TEST(WeldGeometry, PrepareSortsEndsAndDropsShortLines) {
     WeldLineTable lines = {
         Line(5, 1, 0, 1),     // horizontal, right to left: swapped
