@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QPointer>
 #include <QProcess>
@@ -263,6 +264,31 @@ TEST(CalcProgram, HelpNamesTheCalculatorOptionWhichStartsTheCalculatorAlone) {
     EXPECT_FALSE(calc.waitForFinished(1500)) << "the calculator should keep running";
     calc.kill();
     calc.waitForFinished(5000);
+}
+
+// Pictures of every key page, a full-length number and the clock for a look
+// by eye, written when FERROLITH_SHOTS names a folder (run once at scale 1
+// and once with QT_SCALE_FACTOR=2).
+TEST_F(CalcWindow, Screenshots) {
+    const QString dir = qEnvironmentVariable("FERROLITH_SHOTS");
+    if (dir.isEmpty()) GTEST_SKIP() << "FERROLITH_SHOTS not set";
+    auto save = [&](const QString& name) {
+        const QString file = QString("calc_%1_scale%2.png").arg(name, qEnvironmentVariable("QT_SCALE_FACTOR", "1"));
+        EXPECT_TRUE(frm_->grab().save(QDir(dir).filePath(file)));
+    };
+    Click("1 2 3 4 dot 5 exp 1 2 min");
+    frm_->adjustSize();
+    for (int i = 0; i < Tabs()->count(); ++i) {
+        Tabs()->setCurrentIndex(i);
+        QTest::qWait(20);
+        save(QString("page%1").arg(i));
+    }
+    Click("AC 1 2 3 4 5 6 7 8 9 0 1 2 3 4 5 pm *");
+    save("long");
+    PressInClock(100, [&] {
+        save("clock");
+        Click("AC");
+    });
 }
 
 }  // namespace
