@@ -12,7 +12,7 @@ using namespace prim;
 
 namespace {
 
-const std::string kCases = FERROLITH_TEST_DATA "/primitives.table";
+const std::string kCases = FERROLITH_TEST_DATA "/shell_cases.table";
 
 TEST(Format, WritesByPicture) {
     for (const casetable::Row& c : casetable::Read(kCases, "format"))

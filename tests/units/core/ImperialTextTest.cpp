@@ -12,7 +12,7 @@ using namespace Imperial;
 
 namespace {
 
-const std::string kCases = FERROLITH_TEST_DATA "/imperial.table";
+const std::string kCases = FERROLITH_TEST_DATA "/units_cases.table";
 
 TEST(ImperialValue, ReadsAndRefuses) {
     for (const casetable::Row& c : casetable::Read(kCases, "values")) {
