@@ -190,34 +190,4 @@ TEST(CalcKeys, ListFollowsTheKeyTable) {
     }
 }
 
-TEST(CalcKeys, WholeNumbersBecomeTheirKeys) {
-    const std::pair<const char*, std::vector<std::string>> cases[] = {
-        {"100", {"1", "0", "0"}}, {"2.5", {"2", "dot", "5"}},
-        {"-3", {"3", "pm"}},      {"-1.5E-03", {"1", "dot", "5", "pm", "exp", "3", "pm"}},
-        {".5", {"dot", "5"}},     {"1e0", {"1", "exp", "0"}},
-    };
-    for (const auto& [text, expected] : cases) {
-        std::vector<std::string> keys;
-        std::string error;
-        EXPECT_TRUE(cli::NumberKeys(text, keys, error) && error.empty()) << text;
-        EXPECT_EQ(keys, expected) << text;
-    }
-    // Not numbers, and numbers the display cannot take (said in `error`).
-    const std::pair<const char*, bool> others[] = {{"-", false},
-                                                   {"sqrt", false},
-                                                   {"1e", false},
-                                                   {"1.2.3", false},
-                                                   {"e5", false},
-                                                   {".", false},
-                                                   {"1234567890123456", true},
-                                                   {"1e100", true},
-                                                   {"0.0000000000000001", true}};
-    for (const auto& [text, number] : others) {
-        std::vector<std::string> keys;
-        std::string error;
-        EXPECT_EQ(cli::NumberKeys(text, keys, error), number) << text;
-        EXPECT_EQ(error.empty(), !number) << text;
-    }
-}
-
 }  // namespace

@@ -122,23 +122,6 @@ TEST(CalcEngine, ClockSwallowsTheNextKey) {
     EXPECT_EQ(Shown(s), "427.|");
 }
 
-TEST(CalcEngine, LengthRules) {
-    using Calculator::Check_Length, Calculator::Limit_Digits;
-    const struct {
-        std::string (*f)(const std::string&);
-        const char *in, *out;
-    } cases[] = {{Limit_Digits, "3.14159265358979", "3.14159265358979"},
-                 {Limit_Digits, "-12.3456789012345678", "-12.3456789012346"},
-                 {Limit_Digits, "1.5E+20", "1.5E+20"},
-                 {Check_Length, "123.45600000000000", "123.456"},
-                 {Check_Length, "-123456789012345", "-123456789012345"},
-                 {Check_Length, "1.1234567890123456789", "1.12345678901235E+00"},
-                 {Check_Length, "12.5", "12.5"},
-                 {Check_Length, "12345678901234567.5", "12345678901234600."},
-                 {Check_Length, "1.2345678901234567E+05", "1.23456789012346E+05"}};
-    for (const auto& c : cases) EXPECT_EQ(c.f(c.in), c.out) << c.in;
-}
-
 TEST(CalcEngine, SpeechSaysWordsAndResultsOnlyWhenOn) {
     CalculatorState s = Fresh();
     std::vector<std::string> said;

@@ -1,5 +1,7 @@
 // The register file CalcMem.mem and the statistics file SdfInput.sdf: their
-// bytes, the readers' refusals and what load and save do with the files.
+// bytes, the readers' refusals and what load and save do with the files (a
+// damaged or unreadable file at start-up, with its warning, is in
+// CalculatorSettingsTest).
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -128,41 +130,6 @@ TEST_F(CalcFilesDir, FirstRunThenSaveAndLoadBack) {
     WriteAll(mem, "");  // an empty file is a first run too
     EXPECT_EQ(Load_Registers(mem, regs).outcome, Outcome::FirstRun);
     EXPECT_EQ(Encode_Registers(regs), Encode_Registers(RegisterArray{}));  // values and texts
-}
-
-TEST_F(CalcFilesDir, DamagedFilesAreDeletedWithAWarning) {
-    const fs::path mem = dir_ / kRegisterFileName, sdf = dir_ / kDataFileName;
-    WriteAll(mem, Encode_Registers(SampleRegisters()).substr(0, 500));
-    WriteAll(sdf, std::string("\x0C\x20\x01\x00\x09\0\0\0\0\0\0\0", 12));  // nine values announced
-    RegisterArray regs = SampleRegisters();
-    DataList data = SampleData();
-    const FileStatus st = Load_Registers(mem, regs), sd = Load_Data(sdf, data);
-    EXPECT_EQ(st.outcome, Outcome::Damaged);
-    EXPECT_TRUE(st.ShowMessage());
-    EXPECT_EQ(st.Message(), "Error No. 62:  Input past end of file");
-    EXPECT_EQ(sd.Message(), st.Message());
-    EXPECT_TRUE(st.FileDeleted && sd.FileDeleted);
-    EXPECT_EQ(Encode_Registers(regs), Encode_Registers(RegisterArray{}));  // values and texts
-    EXPECT_FALSE(data.IsList());
-    EXPECT_EQ(Entries(), 0u);
-    EXPECT_EQ(Load_Registers(mem, regs).outcome, Outcome::FirstRun);  // the next start is a first run
-}
-
-TEST_F(CalcFilesDir, AFileThatCannotBeOpenedIsReportedAndKept) {
-    const fs::path mem = dir_ / kRegisterFileName;
-    fs::create_directory(mem);
-    RegisterArray regs = SampleRegisters();
-    const FileStatus st = Load_Registers(mem, regs);
-    EXPECT_EQ(st.outcome, Outcome::Unreadable);
-    EXPECT_EQ(st.Message(), "Error No. 75:  Path/File access error");
-    EXPECT_TRUE(st.ShowMessage());
-    EXPECT_FALSE(st.FileDeleted);
-    EXPECT_EQ(regs[0].Value, 0.0) << "the calculator starts empty";
-    const FileStatus sv = Save_Registers(mem, SampleRegisters());
-    EXPECT_EQ(sv.outcome, Outcome::Failed);
-    EXPECT_TRUE(sv.ShowMessage());
-    EXPECT_TRUE(fs::is_directory(mem));
-    EXPECT_EQ(Entries(), 1u);  // no temporary file left behind
 }
 
 TEST_F(CalcFilesDir, OversizedFileIsReportedAndSetAside) {

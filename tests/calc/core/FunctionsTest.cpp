@@ -1,11 +1,13 @@
 // Numeric helpers of the function keys: snapping, guarded powers, angle
-// units, fractions; the calls are in functions.golden.
+// units, fractions, and the length rules of the display; the calls are in
+// functions.golden.
 #include <gtest/gtest.h>
 
 #include <sstream>
 #include <vector>
 
 #include "CaseFile.h"
+#include "calc/core/CalculatorEngine.h"
 #include "calc/core/Functions.h"
 
 namespace {
@@ -22,6 +24,11 @@ std::string Call(const std::string& line) {
     if (name == "rad" || name == "grad") {
         s.Angle = name == "rad" ? AngleMode::Radian : AngleMode::Gradian;
         in >> name;
+    }
+    if (name == "Limit_Digits" || name == "Check_Length") {
+        std::string text;
+        in >> text;
+        return name == "Limit_Digits" ? Calculator::Limit_Digits(text) : Calculator::Check_Length(text);
     }
     std::vector<double> a;
     for (double v; in >> v;) a.push_back(v);
@@ -53,7 +60,7 @@ std::string Call(const std::string& line) {
 TEST(CalcFunctions, EveryCallOfTheFile) {
     const int cases = calctest::ForEachCase(
         "functions.golden", [](const std::string& call, const std::string& want) { EXPECT_EQ(Call(call), want); });
-    EXPECT_EQ(cases, 48);
+    EXPECT_EQ(cases, 57);
 }
 
 }  // namespace

@@ -22,17 +22,6 @@ TEST(CalcHelp, SevenTopicsWithLinesJoinedByCrLfAndTheRestEmpty) {
     for (int i : {0, 8, 15, 21, 22}) EXPECT_EQ(Text(i), "") << i;
 }
 
-TEST(CalcHelp, PriorityTopicListsTheOrderTheEngineKeeps) {
-    const std::string t = Text(2);
-    size_t at = 0;
-    for (const char* step : {"functions", "polar to rectangular", "exponential", "multiplication", "division",
-                             "addition", "subtraction"}) {
-        const size_t p = t.find(step, at);
-        ASSERT_NE(p, std::string::npos) << step;
-        at = p;
-    }
-}
-
 TEST(CalcHelp, SpokenFormWritesOutSignsInOrder) {
     const std::pair<const char*, const char*> cases[] = {{"'x^y'  raises", "'x TO THE POWER y'  raises"},
                                                          {"a\r\nb\r\n\r\nc", "a:::b::::::c"},

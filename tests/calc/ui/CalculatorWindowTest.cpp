@@ -179,7 +179,7 @@ TEST(CalcFromMainWindow, OneWindowOnStateThatOutlivesIt) {
     EXPECT_EQ(label("DisplayBox"), "50.");  // the pending "+" came back too
 }
 
-TEST_F(CalcWindow, ClockRunsUntilTheNextKeyWhichItSwallows) {
+TEST_F(CalcWindow, ClockRunsUntilTheNextKeyWhichItSwallowsOrTheWindowHides) {
     Click("9");
     QString date, time;
     PressInClock(150, [&] {
@@ -191,10 +191,9 @@ TEST_F(CalcWindow, ClockRunsUntilTheNextKeyWhichItSwallows) {
         << date.toStdString();
     EXPECT_TRUE(QRegularExpression("^\\d\\d:\\d\\d:\\d\\d [AP]M$").match(time).hasMatch()) << time.toStdString();
     EXPECT_EQ(Shown() + Label("DateBox"), "9.|");
-}
 
-TEST_F(CalcWindow, HidingOrClosingTheWindowEndsTheClock) {
-    Click("4");
+    // Hiding or closing the window ends the clock.
+    Click("AC 4");
     PressInClock(100, [&] { frm_->hide(); });
     EXPECT_FALSE(state_.TimeShown);
     EXPECT_EQ(Shown(), "4.|");
@@ -229,15 +228,13 @@ TEST_F(CalcWindow, CopyAndPasteThroughTheClipboard) {
     EXPECT_EQ(Shown(), "-3.25|");
 }
 
-TEST_F(CalcWindow, RegisterKeysTakeTheWindowOffTheTop) {
+TEST_F(CalcWindow, RegisterKeysTakeTheWindowOffTheTopAndReadOutIsKept) {
     frm_->setWindowFlag(Qt::WindowStaysOnTopHint, true);
     frm_->show();
     Click("5 kin");
     EXPECT_FALSE(frm_->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     EXPECT_TRUE(frm_->isVisible());
-}
-
-TEST_F(CalcWindow, ReadOutSettingIsKeptWhenToggled) {
+    // The read-out switch is kept in the settings.
     Menu("mnuReadOut")->trigger();
     EXPECT_TRUE(state_.ReadOutOn);
     frm_.reset();

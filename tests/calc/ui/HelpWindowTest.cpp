@@ -124,7 +124,7 @@ TEST_F(HelpWindowTest, ListsTheTopicsAndShowsTheChosenTextSilentlyWithReadOutOff
     EXPECT_FALSE(frm_->isVisible());
 }
 
-TEST_F(HelpWindowTest, SpokenWordsAreMarkedInThePane) {
+TEST_F(HelpWindowTest, SpokenWordsAreMarkedInThePaneAndClosingCutsOffAll) {
     if (!MemoryVoice()) GTEST_SKIP() << "no speech engine";
     s_.ReadOutOn = true;
     Voice* voice = frm_->HelpVoice();
@@ -150,12 +150,9 @@ TEST_F(HelpWindowTest, SpokenWordsAreMarkedInThePane) {
     EXPECT_GE(titleWords, 2);  // "Numeric keys"
     EXPECT_GE(said.size(), 8);
     EXPECT_EQ(marked, said);
-}
 
-// Cutting off what is said is the voice's own test above.
-TEST_F(HelpWindowTest, AnotherTopicIsSpokenOverTheLastAndClosingCutsOffAll) {
-    if (!MemoryVoice()) GTEST_SKIP() << "no speech engine";
-    s_.ReadOutOn = true;
+    // Another topic is spoken over the last (cutting off is the voice's own
+    // test above) and closing cuts off all.
     ClickTopic(1);
     ClickTopic(4);
     EXPECT_EQ(frm_->HelpVoice()->Speaking(), Topic(5));

@@ -128,7 +128,7 @@ TEST_F(ListWindow, RegistersSaveWithPreviewAndDescription) {
     EXPECT_EQ(s_.Shown.Number, "12.5");
 }
 
-TEST_F(ListWindow, RegistersOverwriteIsAskedAndNoKeepsTheWindowOpen) {
+TEST_F(ListWindow, RegistersOverwriteAndAddAskAndNoKeepsTheWindowOpen) {
     s_.Registers[6] = {3, "old"};
     Keys("9");
     Open("kin", [&] {
@@ -145,18 +145,17 @@ TEST_F(ListWindow, RegistersOverwriteIsAskedAndNoKeepsTheWindowOpen) {
     });
     EXPECT_EQ(s_.Registers[6].Value, 9.0);
     EXPECT_EQ(s_.Registers[6].Description, "old");  // the description box showed it and gave it back
-}
 
-TEST_F(ListWindow, RegistersAddPreviewsTheSumAndKeepsTheDescription) {
+    // M+ previews the sum, asks as the register holds a value, keeps its description.
     s_.Registers[99] = {10, "total"};
-    Keys("2 dot 5");
+    Keys("AC 2 dot 5");
     Open("mplus", [&] {
         ClickRow(100);
         EXPECT_EQ(Value(100), "12.5   ");
         Desc()->setText("changed");
         Click("OKButton");
     });
-    EXPECT_EQ(boxes_.Seen().size(), 1);  // the register held a value: asked
+    EXPECT_EQ(boxes_.Seen().size(), 3);  // the register held a value: asked
     EXPECT_EQ(s_.Registers[99].Value, 12.5);
     EXPECT_EQ(s_.Registers[99].Description, "total");
 }
@@ -224,7 +223,7 @@ TEST_F(ListWindow, ConstantsAll128RowsWithColumnsAndFormats) {
     });
 }
 
-TEST_F(ListWindow, ConstantsClickShowsTheValueAndOkTakesIt) {
+TEST_F(ListWindow, ConstantsClickShowsTheValueOkOrADoubleClickTakesItExitDoesNot) {
     Keys("5 +");
     Open("cnst", [&] {
         ClickRow(115);
@@ -237,10 +236,9 @@ TEST_F(ListWindow, ConstantsClickShowsTheValueAndOkTakesIt) {
     });
     Keys("=");
     EXPECT_EQ(s_.Shown.Number, "-12.7778");  // the constant was the operand
-}
 
-TEST_F(ListWindow, ConstantsExitLeavesTheCalculatorAsItWasAndADoubleClickTakesTheRow) {
-    Keys("4 2");
+    // Exit leaves the calculator as it was; a double click takes the row.
+    Keys("AC 4 2");
     Open("cnst", [&] {
         ClickRow(5);
         Click("ExitButton");
@@ -267,7 +265,7 @@ TEST_F(ListWindow, DataInEntryOrder) {
     EXPECT_EQ(list_->topLevelItem(0)->checkState(0), Qt::Unchecked);
 }
 
-TEST_F(ListWindow, DataDeleteCheckedRowsAsksFirst) {
+TEST_F(ListWindow, DataDeleteCheckedRowsAsksFirstAndDeleteAllLeavesNoList) {
     OpenData("1 data 2 data 3 data 4");
     calctest::CheckRow(list_, 2);
     calctest::CheckRow(list_, 4);
@@ -283,10 +281,8 @@ TEST_F(ListWindow, DataDeleteCheckedRowsAsksFirst) {
     EXPECT_EQ(boxes_.Seen()[1].icon, QMessageBox::Critical);
     EXPECT_EQ(Rows(), (QStringList{"Data-01=1   ", "Data-02=3   "}));
     EXPECT_FALSE(Button("DeleteButton")->isEnabled());
-}
 
-TEST_F(ListWindow, DataDeleteAllLeavesNoList) {
-    OpenData("5 data 6");
+    // Delete all leaves no list.
     Click("AllButton");
     EXPECT_TRUE(Button("DeleteButton")->isEnabled());
     Click("ClearButton");

@@ -45,14 +45,6 @@ TEST(KeyFilters, PointAndMinusDependOnTheText) {
     EXPECT_EQ(Key_Architectural('.', Box("1.5")), '.');
 }
 
-TEST(KeyFilters, BoxHasMinus) {
-    EXPECT_FALSE(Box_HasMinus(Box("")));
-    EXPECT_FALSE(Box_HasMinus(Box("", true)));
-    EXPECT_FALSE(Box_HasMinus(Box("12")));
-    EXPECT_TRUE(Box_HasMinus(Box("1-2")));
-    EXPECT_FALSE(Box_HasMinus(Box("-12", true)));
-}
-
 TEST(KeyFilters, NormalizeAngle) {
     const struct {
         double in, out;

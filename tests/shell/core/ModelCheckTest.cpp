@@ -2,30 +2,16 @@
 
 #include "shell/core/ModelCheck.h"
 
+#include "support/CaseTable.h"
+
 using namespace modelcheck;
 
 TEST(ModelCheck, LinesAndTheWarningThreshold) {
-    struct Case {
-        double system;
-        std::optional<double> element;
-        double threshold;
-        const char* line;
-        bool exceeds;
-    };
-    const Case cases[] = {
-        {169.10115, 115.12027, 5, "AISC element model: 115.12 kips (-31.9 %)", true},
-        {42.45258, 49.85849, 5, "AISC element model: 49.86 kips (+17.4 %)", false},
-        {105.0, 100.0, 5, "AISC element model: 100.00 kips (-4.8 %)", false},  // 5 % above: not beyond
-        {105.01, 100.0, 5, "AISC element model: 100.00 kips (-4.8 %)", true},
-        {105.01, 100.0, 10, "AISC element model: 100.00 kips (-4.8 %)", false},
-        {100.0, 100.004, 5, "AISC element model: 100.00 kips (+0.0 %)", false},  // no "-0.0"
-        {100.0, std::nullopt, 5, "AISC element model: no equilibrium for this load", false},
-        {100.0, 0.0, 5, "AISC element model: no equilibrium for this load", false},
-    };
-    for (const Case& c : cases) {
-        const Comparison cmp = Compare(c.system, c.element, c.threshold);
-        EXPECT_EQ(CheckLine(cmp, "kips", 2), c.line) << c.system;
-        EXPECT_EQ(cmp.exceeds, c.exceeds) << c.system;
+    for (const casetable::Row& c : casetable::Read(FERROLITH_TEST_DATA "/shell_cases.table", "model checks")) {
+        const Comparison cmp =
+            Compare(c.Num(0), c[1] == "none" ? std::nullopt : std::optional<double>(c.Num(1)), c.Num(2));
+        EXPECT_EQ(CheckLine(cmp, "kips", 2), c[3]) << "line " << c.line;
+        EXPECT_EQ(cmp.exceeds, c[4] == "yes") << "line " << c.line;
     }
     EXPECT_EQ(WarningLine(Compare(169.10115, 115.12027, 5)),
               "The iteration exceeds the AISC element model by 46.9 %: the lower value governs.");

@@ -44,7 +44,7 @@ TEST(RunPump, ServesEventsAtMostOncePerIntervalAndFlushesFirst) {
     EXPECT_GT(ticks, 0);
 }
 
-TEST(RunPump, CloseDuringARunWaitsForTheOutermostHandler) {
+TEST(RunPump, CloseDuringARunWaitsForTheOutermostHandlerAndWithoutOneIsImmediate) {
     auto* w = new RunWindow;
     w->show();
     QPointer<RunWindow> alive(w);
@@ -64,15 +64,13 @@ TEST(RunPump, CloseDuringARunWaitsForTheOutermostHandler) {
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(alive.isNull());
-}
-
-TEST(RunPump, CloseWithNoRunIsImmediate) {
-    auto* w = new RunWindow;
-    QPointer<RunWindow> alive(w);
-    w->show();
-    w->close();
+    // With no run on the stack a close is immediate.
+    auto* idle = new RunWindow;
+    QPointer<RunWindow> gone(idle);
+    idle->show();
+    idle->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(alive.isNull());
+    EXPECT_TRUE(gone.isNull());
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 using namespace WeldCoefficient;
 
+// Incomplete and impossible rows are explained in CoefficientWindowTest.
 TEST(WeldCoefficient, CellTextRules) {
     EXPECT_EQ(CellText("12.3456"), "12.346     ");
     EXPECT_EQ(CellText("  "), "  ");
@@ -40,16 +41,6 @@ TEST(WeldCoefficient, CentroidRowsByConfiguration) {
         EXPECT_EQ(rows.xL, c.xL);
         EXPECT_EQ(rows.yL, c.yL);
     }
-}
-
-TEST(WeldCoefficient, CompletenessAndImpossibleRows) {
-    ConfigCells cells{"10", "5", "8", "15", "", ""};
-    EXPECT_TRUE(InputsComplete(cells));
-    cells[3] = " ";
-    EXPECT_FALSE(InputsComplete(cells));
-    EXPECT_EQ(ImpossibleReason(2, 10, 5), "");
-    EXPECT_NE(ImpossibleReason(2, 0, 5), "");
-    EXPECT_NE(ImpossibleReason(6, 10, -1), "");
 }
 
 // The pictures are drawn from the shapes: the welds are the configuration's
