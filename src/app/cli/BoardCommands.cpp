@@ -190,33 +190,57 @@ bool ReadWeldSize(const std::string& text, int& sizeIndex, std::string& error) {
     return true;
 }
 
+}  // namespace
+
+namespace weldcli {
+
+const cli::Options& StrengthOptionList() {
+    static const cli::Options list = {
+        {"--electrode", "60|70|80|90|100|110", "electrode strength Fexx in ksi (default 90)"},
+        {"--size", "SIXTEENTHS", "weld size 1 to 16 sixteenths of an inch, or 1/4\" (default 4)"},
+        {"--method", "nominal|asd|lrfd", "design method (default nominal)"}};
+    return list;
+}
+
+bool ReadStrength(const cli::Parsed& p, StrengthChoice& c, std::string& error) {
+    if (p.Has("--electrode")) {
+        long long v = 0;
+        c.electrode = -1;
+        if (cli::ReadWhole("--electrode", p.Value("--electrode"), 0, 1000, v, error))
+            for (size_t i = 0; i < WeldStrength::kElectrodeStrength.size(); ++i)
+                if (WeldStrength::kElectrodeStrength[i] == static_cast<double>(v)) c.electrode = static_cast<int>(i);
+        if (c.electrode < 0) {
+            error = "--electrode must be 60, 70, 80, 90, 100 or 110";
+            return false;
+        }
+    }
+    if (p.Has("--size") && !ReadWeldSize(p.Value("--size"), c.size, error)) return false;
+    if (p.Has("--method")) {
+        const std::string m = prim::LCase(p.Value("--method"));
+        c.method = m == "nominal" ? 0 : m == "asd" ? 1 : m == "lrfd" ? 2 : -1;
+        if (c.method < 0) {
+            error = "--method must be nominal, asd or lrfd";
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace weldcli
+
+namespace {
+
 // The capacity as the capacity window shows it after a run at its settings.
 int Capacity(const cli::Parsed& p) {
     std::string error;
-    // First-start defaults of the capacity window: E90XX, 1/4", Nominal, 1/32".
-    int electrodeIndex = WeldStrength::kWeldClassSetting.defaultValue;
-    int sizeIndex = WeldStrength::kWeldSizeSetting.defaultValue;
-    int methodIndex = WeldStrength::kDesignMethodSetting.defaultValue;
     weldcli::RunOptions opt{WeldStrength::kWeldStripSetting.defaultValue};
     shell::SolverModel model = shell::SolverModel::Iterative;
+    weldcli::StrengthChoice choice;
     if (!weldcli::ReadRunOptions(p, opt, error) || !modelcli::ReadModel(p, model, error))
         return cli::UsageError(error);
     if (p.positional.size() != 1) return cli::UsageError(p, "capacity needs one FILE.wld");
-
-    if (p.Has("--electrode")) {
-        long long v = 0;
-        electrodeIndex = -1;
-        if (cli::ReadWhole("--electrode", p.Value("--electrode"), 0, 1000, v, error))
-            for (size_t i = 0; i < WeldStrength::kElectrodeStrength.size(); ++i)
-                if (WeldStrength::kElectrodeStrength[i] == static_cast<double>(v)) electrodeIndex = static_cast<int>(i);
-        if (electrodeIndex < 0) return cli::UsageError("--electrode must be 60, 70, 80, 90, 100 or 110");
-    }
-    if (p.Has("--size") && !ReadWeldSize(p.Value("--size"), sizeIndex, error)) return cli::UsageError(error);
-    if (p.Has("--method")) {
-        const std::string m = prim::LCase(p.Value("--method"));
-        methodIndex = m == "nominal" ? 0 : m == "asd" ? 1 : m == "lrfd" ? 2 : -1;
-        if (methodIndex < 0) return cli::UsageError("--method must be nominal, asd or lrfd");
-    }
+    if (!weldcli::ReadStrength(p, choice, error)) return cli::UsageError(error);
+    const int electrodeIndex = choice.electrode, sizeIndex = choice.size, methodIndex = choice.method;
 
     const std::string& file = p.positional[0];
     LayoutDocument doc;
@@ -275,10 +299,7 @@ const cli::Registrar kCapacity({
     "capacity",
     "FILE.wld",
     "the capacity of a layout in kips and the caption of its design method",
-    cli::Options{{"--electrode", "60|70|80|90|100|110", "electrode strength Fexx in ksi (default 90)"},
-                 {"--size", "SIXTEENTHS", "weld size 1 to 16 sixteenths of an inch, or 1/4\" (default 4)"},
-                 {"--method", "nominal|asd|lrfd", "design method (default nominal)"}} +
-        weldcli::RunOptionList() + cli::Options{modelcli::ModelOption(), weldcli::NoCheckOption()},
+    weldcli::StrengthOptionList() + weldcli::RunOptionList() + cli::Options{modelcli::ModelOption(), weldcli::NoCheckOption()},
     {"Text: the capacity to five decimals, then the caption of the method, as the capacity",
      "window shows them; exit 3 and nothing on stdout when the pass limit ends the run."},
     {"capacity examples/c-shape-right.wld", "capacity examples/c-shape-right.wld --method lrfd --size '5/16\"'",

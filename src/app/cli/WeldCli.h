@@ -12,6 +12,7 @@
 #include "Progress.h"
 #include "shell/core/ModelCheck.h"
 #include "weld/core/WeldSolve.h"
+#include "weld/core/WeldStrength.h"
 
 namespace weldcli {
 
@@ -27,6 +28,16 @@ struct RunOptions {
     bool verbose = false;
 };
 bool ReadRunOptions(const cli::Parsed& p, RunOptions& options, std::string& error);
+
+// --electrode, --size and --method of the capacity window, by list index;
+// the first-start defaults are E90XX, 1/4" and Nominal.
+const cli::Options& StrengthOptionList();
+struct StrengthChoice {
+    int electrode = WeldStrength::kWeldClassSetting.defaultValue;
+    int size = WeldStrength::kWeldSizeSetting.defaultValue;
+    int method = WeldStrength::kDesignMethodSetting.defaultValue;
+};
+bool ReadStrength(const cli::Parsed& p, StrengthChoice& choice, std::string& error);
 
 // "X1,Y1,X2,Y2", four lengths in inches that fit a single.
 bool ReadCoords(const std::string& what, const std::string& text, double (&v)[4], std::string& error);
