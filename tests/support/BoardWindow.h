@@ -13,7 +13,7 @@
 
 #include "board/core/Viewport.h"
 #include "board/ui/BoardSurface.h"
-#include "board/ui/FileDialogs.h"
+#include "shell/ui/FileDialogs.h"
 #include "board/ui/MainWindow.h"
 
 namespace boardwindow {

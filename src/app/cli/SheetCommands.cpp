@@ -9,6 +9,7 @@
 #include "WeldCli.h"
 #include "board/core/CapacitySheet.h"
 #include "board/core/LayoutFile.h"
+#include "shell/core/AppInfo.h"
 #include "shell/print/SheetPrinter.h"
 
 namespace sheetcli {
@@ -87,7 +88,7 @@ int Sheet(const cli::Parsed& p) {
     if (!run.Result.Converged)
         return cli::Fail("no converged run for " + cli::Quote(file) + ": no sheet is made", 3);
     sheetprint::PaintingContext painting;
-    return sheetcli::Write(capsheet::Capacity_Sheet(doc, in, run, title, BaseName(file), FERROLITH_VERSION), paper,
+    return sheetcli::Write(capsheet::Capacity_Sheet(doc, in, run, title, BaseName(file), appinfo::kVersion), paper,
                            p.Value("-o"));
 }
 

@@ -52,6 +52,17 @@ std::string Trimmed(std::string_view s) { return prim::Trim(std::string(s)); }
 
 }  // namespace
 
+bool Same_Group(const Layout::LayoutDocument& a, const Layout::LayoutDocument& b) {
+    const weld::LoadedGroup ga = weld::Layout_Group(a), gb = weld::Layout_Group(b);
+    if (ga.Ex != gb.Ex || ga.Angle != gb.Angle || a.Load.LoadSide != b.Load.LoadSide || ga.Lines.size() != gb.Lines.size())
+        return false;
+    for (size_t i = 0; i < ga.Lines.size(); ++i) {
+        const weld::WeldLineRec &p = ga.Lines[i], &q = gb.Lines[i];
+        if (p.x1 != q.x1 || p.y1 != q.y1 || p.x2 != q.x2 || p.y2 != q.y2) return false;
+    }
+    return true;
+}
+
 std::optional<double> Other_Model(const Layout::LayoutDocument& doc, const Inputs& in, int64_t maxPasses) {
     const weld::SolveResult r = Limited(doc, Options(in, OtherOf(in.Model)), maxPasses);
     if (!r.Converged || r.Stopped) return std::nullopt;

@@ -1,6 +1,7 @@
 #include "board/ui/CapacityWindow.h"
 
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -13,6 +14,8 @@
 #include <QVBoxLayout>
 
 #include "board/core/CapacityHandOver.h"
+#include "shell/core/AppInfo.h"
+#include "shell/ui/SheetOutput.h"
 #include "shell/ui/ModelCheckLine.h"
 #include "shell/ui/QtText.h"
 #include "shell/ui/SettingsStore.h"
@@ -48,8 +51,8 @@ void Save(const SavedIndex& setting, int16_t value) {
 
 }  // namespace
 
-CapacityWindow::CapacityWindow(const Layout::LayoutDocument& doc, QWidget* parent)
-    : QDialog(parent), doc_(doc) {
+CapacityWindow::CapacityWindow(const Layout::LayoutDocument& doc, QWidget* parent, const QString& fileName)
+    : QDialog(parent), doc_(doc), fileName_(fileName) {
     setObjectName(QStringLiteral("CalculateFrm"));
     setWindowTitle(QStringLiteral("Weld Group Capacity"));
     setSizeGripEnabled(true);
@@ -59,8 +62,10 @@ CapacityWindow::CapacityWindow(const Layout::LayoutDocument& doc, QWidget* paren
 
 CapacityWindow::~CapacityWindow() = default;
 
-void CapacityWindow::ShowModal(const Layout::LayoutDocument& doc, QWidget* parent) {
-    auto* frm = new CapacityWindow(doc, parent);
+void CapacityWindow::ShowModal(const Layout::LayoutDocument& doc, QWidget* parent, const QString& fileName,
+                               RecordFn converged) {
+    auto* frm = new CapacityWindow(doc, parent, fileName);
+    frm->converged_ = std::move(converged);
     frm->setAttribute(Qt::WA_DeleteOnClose);
     frm->exec();
 }
@@ -110,6 +115,20 @@ void CapacityWindow::BuildControls() {
     left->addWidget(run_.StopButton());
     left->addWidget(run_.ClearButton());
     left->addStretch(1);
+    // The calculation sheet of the last converged run.
+    SheetPdfButton = new QPushButton(QStringLiteral("Sheet as PDF..."), this);
+    SheetPdfButton->setObjectName(QStringLiteral("SheetPdfButton"));
+    SheetPdfButton->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    SheetPrintButton = new QPushButton(QStringLiteral("Print Sheet..."), this);
+    SheetPrintButton->setObjectName(QStringLiteral("SheetPrintButton"));
+    SheetPrintButton->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    for (QPushButton* b : {SheetPdfButton, SheetPrintButton}) {
+        b->setAutoDefault(false);
+        b->setEnabled(false);
+        left->addWidget(b);
+    }
+    connect(SheetPdfButton, &QPushButton::clicked, this, [this] { Sheet_Click(false); });
+    connect(SheetPrintButton, &QPushButton::clicked, this, [this] { Sheet_Click(true); });
 
     auto* right = new QVBoxLayout;
     right->addWidget(display, 1);
@@ -178,6 +197,32 @@ void CapacityWindow::ApplyControls() {
     ModelBox->setEnabled(!c.InputsLocked);
     ElectrodeBox->setEnabled(!c.SizesLocked);
     SizeBox->setEnabled(!c.SizesLocked);
+    if (SheetPdfButton != nullptr) {
+        SheetPdfButton->setEnabled(last_.has_value() && !run_.Active());
+        SheetPrintButton->setEnabled(last_.has_value() && !run_.Active());
+    }
+}
+
+sheet::Sheet CapacityWindow::Sheet_Of(const Layout::LayoutDocument& doc, Record& record,
+                                      const sheet::TitleBlock& title, const QString& fileName) {
+    // The other model once per run; the sheet states it beside the result.
+    if (!record.Run.Other) record.Run.Other = capsheet::Other_Model(doc, record.Inputs);
+    return capsheet::Capacity_Sheet(doc, record.Inputs, record.Run, title,
+                                    S(QFileInfo(fileName.isEmpty() ? QStringLiteral("UnNamed.wld") : fileName).fileName()),
+                                    appinfo::kVersion);
+}
+
+void CapacityWindow::Sheet_Click(bool print) {
+    if (!last_) return;
+    // The electrode, size and method as the window shows them now.
+    last_->Inputs.Electrode = WeldClass;
+    last_->Inputs.Size = WeldSize;
+    last_->Inputs.Method = DesignMethod;
+    const auto make = [this](const sheet::TitleBlock& t) { return Sheet_Of(doc_, *last_, t, fileName_); };
+    if (print)
+        sheetui::Print(this, make);
+    else
+        sheetui::Export_Pdf(this, make);
 }
 
 void CapacityWindow::Run_CapacityIteration() {
@@ -185,12 +230,18 @@ void CapacityWindow::Run_CapacityIteration() {
     WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), options.SegmentsPerInch);
     options.Model = shell::SolverModelOf(ModelBox);
     run_.BeginRun();
+    last_.reset();
+    ApplyControls();
     const auto result = run_.Run([&](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
         return weld::Solve_Layout(doc_, options, state, hooks);
     });
     if (!result) return;
     UnitCapacity = result->Value;
     if (!run_.EndRun(*result, UnitCapacity * ShownScale()).Converged) return;
+    last_ = Record{{WeldClass, WeldSize, DesignMethod, static_cast<int16_t>(WeldStripBox->currentIndex()), options.Model},
+                   {*result, std::nullopt}};
+    ApplyControls();
+    if (converged_) converged_(*last_);
     // The value of the same group and load by the model it is checked against, in kips as shown.
     if (auto check = weld::CrossCheck(weld::Layout_Group(doc_), options))
         run_.Check()->Check(UnitCapacity, std::move(check), QStringLiteral("kips"), 2, ShownScale());

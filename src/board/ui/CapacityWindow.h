@@ -6,23 +6,42 @@
 
 #include <QDialog>
 
+#include <functional>
+#include <optional>
+
+#include "board/core/CapacitySheet.h"
 #include "board/core/LayoutDocument.h"
 #include "weld/core/RunControl.h"
 #include "weld/ui/RunPanel.h"
 
 class QComboBox;
 class QLabel;
+class QPushButton;
 
 class CapacityWindow : public QDialog {
     Q_OBJECT
 public:
-    // The window works on its own copy of the document (lines and load).
-    CapacityWindow(const Layout::LayoutDocument& doc, QWidget* parent = nullptr);
+    // The window works on its own copy of the document (lines and load);
+    // `fileName` goes at the foot of its calculation sheets.
+    CapacityWindow(const Layout::LayoutDocument& doc, QWidget* parent = nullptr, const QString& fileName = QString());
     ~CapacityWindow() override;
 
+    // A converged run with the choices it was made with, for a sheet.
+    struct Record {
+        capsheet::Inputs Inputs;
+        capsheet::Run Run;
+    };
+    using RecordFn = std::function<void(const Record&)>;
+
     // Shows the window modally and deletes it when it closes; the run starts
-    // as soon as it is shown.
-    static void ShowModal(const Layout::LayoutDocument& doc, QWidget* parent);
+    // as soon as it is shown. `converged` hears of every converged run.
+    static void ShowModal(const Layout::LayoutDocument& doc, QWidget* parent, const QString& fileName = QString(),
+                          RecordFn converged = {});
+
+    // The calculation sheet of the last converged run, with the electrode,
+    // size and method chosen now (the other model solved for it).
+    static sheet::Sheet Sheet_Of(const Layout::LayoutDocument& doc, Record& record, const sheet::TitleBlock& title,
+                                 const QString& fileName);
 
     // Whether a run is on the stack (tests and the main window's closing).
     bool RunActive() const;
@@ -51,6 +70,7 @@ private:
     double ShownScale() const;
 
     void ApplyControls();
+    void Sheet_Click(bool print);
 
     Layout::LayoutDocument doc_;
     // Run buttons, display, elapsed caption and CBox.
@@ -72,4 +92,9 @@ private:
     QComboBox* DesignMethodBox = nullptr;
     QComboBox* ModelBox = nullptr;
     QLabel* MethodLabel = nullptr;
+    QPushButton* SheetPdfButton = nullptr;
+    QPushButton* SheetPrintButton = nullptr;
+    QString fileName_;
+    RecordFn converged_;
+    std::optional<Record> last_;  // the last converged run
 };

@@ -1,4 +1,5 @@
 #include "board/ui/MainWindow.h"
+#include "shell/ui/SheetOutput.h"
 
 #include <QAction>
 #include <QApplication>
@@ -93,6 +94,18 @@ void MainWindow::BuildMenus() {
             &QAction::triggered, this, &MainWindow::mnuImportDxf_Click);
     connect(AddAction(file, QStringLiteral("mnuExportDxf"), QStringLiteral("&Export DXF..."), true),
             &QAction::triggered, this, &MainWindow::mnuExportDxf_Click);
+    file->addSeparator();
+    QAction* print = AddAction(file, QStringLiteral("mnuPrintCalc"), QStringLiteral("&Print Calculation..."));
+    print->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    connect(print, &QAction::triggered, this, [this] { mnuSheet_Click(true); });
+    QAction* pdf = AddAction(file, QStringLiteral("mnuExportCalcPdf"), QStringLiteral("Export Calculation as P&DF..."));
+    pdf->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    connect(pdf, &QAction::triggered, this, [this] { mnuSheet_Click(false); });
+    connect(AddAction(file, QStringLiteral("mnuTitleBlock"), QStringLiteral("Title &Block..."), true),
+            &QAction::triggered, this, [this] {
+                sheet::TitleBlock t;
+                sheetui::Title_Block(this, t, true);
+            });
     file->addSeparator();
     recentAnchor_ = file;
     QAction* first = AddAction(file, QStringLiteral("mnuRecDocs"), QStringLiteral("Empty"));

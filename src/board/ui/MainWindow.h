@@ -15,6 +15,7 @@
 #include "board/core/CalculationDisplay.h"
 #include "board/core/LayoutFile.h"
 #include "board/core/LayoutDocument.h"
+#include "board/ui/CapacityWindow.h"
 #include "bolt/core/BoltRowsFile.h"
 #include "calc/core/CalculatorState.h"
 #include "shell/ui/RunPump.h"
@@ -73,6 +74,10 @@ public:
     void mnuImportDxf_Click();
     bool Import_Dxf(const QString& path);
     void mnuExportDxf_Click();
+    // The calculation sheet of the last converged capacity run, while the
+    // layout and load are still those it was run on.
+    bool Sheet_Available() const;
+    void mnuSheet_Click(bool print);
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -137,6 +142,8 @@ private:
     bool RotButton_Click();
     void CalcWeldCapButton_Click();
     void Refuse_LoadInput(QLineEdit* box, const QString& text);
+    std::optional<CapacityWindow::Record> lastCapacity_;
+    Layout::LayoutDocument lastCapacityDoc_;
 
     Layout::LayoutDocument doc_;
     BoardSurface* DrawingBoard = nullptr;

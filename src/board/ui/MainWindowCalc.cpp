@@ -10,6 +10,7 @@
 #include <functional>
 
 #include "board/ui/MainWindow.h"
+#include "shell/ui/SheetOutput.h"
 #include "shell/ui/GridEditor.h"
 #include "shell/ui/QtText.h"
 #include "board/ui/CapacityWindow.h"
@@ -115,5 +116,24 @@ void MainWindow::CalcWeldCapButton_Click() {
     if (!EcButton_Click() || !RotButton_Click()) return;
     // The capacity window changes nothing on the board: its closing asks for no repaint.
     Board_Changed = false;
-    CapacityWindow::ShowModal(doc_, this);
+    CapacityWindow::ShowModal(doc_, this, FileName_, [this](const CapacityWindow::Record& r) {
+        lastCapacity_ = r;
+        lastCapacityDoc_ = doc_;
+    });
+    mnuFile_Click();
+}
+
+bool MainWindow::Sheet_Available() const {
+    return lastCapacity_.has_value() && capsheet::Same_Group(doc_, lastCapacityDoc_);
+}
+
+void MainWindow::mnuSheet_Click(bool print) {
+    if (!Sheet_Available()) return;
+    const auto make = [this](const sheet::TitleBlock& t) {
+        return CapacityWindow::Sheet_Of(doc_, *lastCapacity_, t, FileName_);
+    };
+    if (print)
+        sheetui::Print(this, make);
+    else
+        sheetui::Export_Pdf(this, make);
 }

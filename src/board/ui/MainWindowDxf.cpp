@@ -13,7 +13,7 @@
 #include "board/core/DxfLayout.h"
 #include "board/core/Viewport.h"
 #include "board/ui/DxfImportDialog.h"
-#include "board/ui/FileDialogs.h"
+#include "shell/ui/FileDialogs.h"
 #include "board/ui/MainWindow.h"
 #include "shell/core/FileIO.h"
 #include "shell/ui/QtText.h"

@@ -11,7 +11,7 @@
 #include "board/ui/BoardSurface.h"
 #include "board/core/Viewport.h"
 #include "board/core/Dimensions.h"
-#include "board/ui/FileDialogs.h"
+#include "shell/ui/FileDialogs.h"
 #include "board/core/LayoutFile.h"
 #include "board/ui/MainWindow.h"
 #include "shell/core/AppInfo.h"
@@ -284,4 +284,7 @@ int MainWindow::Add_Recent_Item(const QString& path) {
 void MainWindow::mnuFile_Click() {
     Clear_Recent_Items();
     for (const QString& p : recent::RecentPaths()) Add_Recent_Item(p);
+    const bool sheet = Sheet_Available();
+    action(QStringLiteral("mnuPrintCalc"))->setEnabled(sheet);
+    action(QStringLiteral("mnuExportCalcPdf"))->setEnabled(sheet);
 }

@@ -81,11 +81,9 @@ public:
         const double y = height_ - kMargin - kFooter + 8;
         p_->setPen(QPen(Rgb(sheet::kAxis), 0.5));
         p_->drawLine(QPointF(kMargin, y), QPointF(width_ - kMargin, y));
-        p_->setPen(Rgb(sheet::kInk));
-        p_->setFont(Font(7.5));
         const QRectF r(kMargin, y + 2, Width(), 12);
-        p_->drawText(r, Qt::AlignLeft | Qt::AlignTop, Q(s_.FileName + "   Ferrolith " + s_.Version));
-        p_->drawText(r, Qt::AlignRight | Qt::AlignTop, QStringLiteral("Page %1 of %2").arg(page_).arg(total_));
+        Text(r, Qt::AlignLeft | Qt::AlignTop, Q(s_.FileName + "   Ferrolith " + s_.Version), Font(7.5));
+        Text(r, Qt::AlignRight | Qt::AlignTop, QStringLiteral("Page %1 of %2").arg(page_).arg(total_), Font(7.5));
     }
 
     static QFont Font(double points, bool bold = false) {

@@ -1,4 +1,4 @@
-#include "board/ui/FileDialogs.h"
+#include "shell/ui/FileDialogs.h"
 
 #include <QFileDialog>
 
@@ -14,7 +14,14 @@ SaveFn& SaveHook() {
     return fn;
 }
 QString Filter(Kind kind) {
-    return kind == Kind::Dxf ? QStringLiteral("DXF Drawings (*.dxf *.DXF)") : QStringLiteral("Wld Files (*.wld)");
+    switch (kind) {
+        case Kind::Dxf: return QStringLiteral("DXF Drawings (*.dxf *.DXF)");
+        case Kind::Pdf: return QStringLiteral("PDF Files (*.pdf)");
+        default: return QStringLiteral("Wld Files (*.wld)");
+    }
+}
+QString Suffix(Kind kind) {
+    return kind == Kind::Dxf ? QStringLiteral("dxf") : kind == Kind::Pdf ? QStringLiteral("pdf") : QStringLiteral("wld");
 }
 }  // namespace
 
@@ -27,7 +34,7 @@ QString GetSavePath(QWidget* parent, const QString& title, bool confirmOverwrite
     if (SaveHook()) return SaveHook()(parent, title, confirmOverwrite);
     QFileDialog dlg(parent, title, QString(), Filter(kind));
     dlg.setAcceptMode(QFileDialog::AcceptSave);
-    dlg.setDefaultSuffix(kind == Kind::Dxf ? QStringLiteral("dxf") : QStringLiteral("wld"));
+    dlg.setDefaultSuffix(Suffix(kind));
     dlg.setOption(QFileDialog::DontConfirmOverwrite, !confirmOverwrite);
     if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return QString();
     return dlg.selectedFiles().first();

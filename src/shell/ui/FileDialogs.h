@@ -1,4 +1,4 @@
-// The board's file dialogs behind a seam: the program asks the platform's
+// The program's file dialogs behind a seam: the program asks the platform's
 // dialogs, tests put their own answers in place.
 #pragma once
 
@@ -13,8 +13,8 @@ namespace filedialogs {
 using OpenFn = std::function<QString(QWidget* parent, const QString& title)>;
 using SaveFn = std::function<QString(QWidget* parent, const QString& title, bool confirmOverwrite)>;
 
-// Layouts (*.wld) or DXF drawings (*.dxf); the seam sees only the title.
-enum class Kind { Layout, Dxf };
+// Layouts (*.wld), DXF drawings (*.dxf) or PDF files; the seam sees only the title.
+enum class Kind { Layout, Dxf, Pdf };
 
 QString GetOpenPath(QWidget* parent, const QString& title, Kind kind = Kind::Layout);
 QString GetSavePath(QWidget* parent, const QString& title, bool confirmOverwrite, Kind kind = Kind::Layout);
