@@ -6,6 +6,9 @@
 #include "ModelCli.h"
 #include "Output.h"
 #include "Progress.h"
+#include "WeldCli.h"
+#include "bolt/core/BoltSheet.h"
+#include "shell/core/AppInfo.h"
 #include "bolt/core/BoltSolve.h"
 #include "shell/core/Primitives.h"
 
@@ -53,6 +56,11 @@ int RunBoltC(const cli::Parsed& p) {
         return modelcli::NoEquilibrium(p, {modelcli::ModelField(model)}, c.CenterAtInfinity, c.CenterX, c.CenterY);
     // A group with no couple strength (one bolt, or all at one point) has C' = 0.
     const double cp = cPrime.Converged ? cPrime.Value : 0.0;
+    if (const int rc = sheetcli::WriteIfAsked(p, [&](const sheet::TitleBlock& title) {
+            return bolt::Bolt_Sheet({{pattern, {v[2], v[3]}}}, model, title, appinfo::kVersion);
+        });
+        rc != 0)
+        return rc;
     if (p.format != cli::Format::Text) {
         cli::WriteRows(p, {{modelcli::ModelField(model),
                             {"M", cli::Num(static_cast<double>(m))},
@@ -73,7 +81,7 @@ const cli::Registrar kBoltC({
     "bolt-c",
     "M N SV SH EX ANGLE",
     "C and C' of an M by N rectangular bolt group under an eccentric load",
-    {modelcli::ModelOption()},
+    cli::Options{modelcli::ModelOption()} + sheetcli::SheetOptionList(),
     {"M, N    rows and columns of bolts (M x N from 1 to 32767 bolts)",
      "SV, SH  vertical and horizontal spacing (inches, above 0); EX eccentricity of the load",
      "        (inches, 0 or more): what the bolt window takes; other values exit 1",
@@ -81,7 +89,8 @@ const cli::Registrar kBoltC({
      "Prints C and C' (inches) to four decimals. Large groups take long; on a terminal a",
      "progress line shows on stderr.", cli::kLengthHelp},
     {"bolt-c 4 2 3 3 6 0", "bolt-c 4 2 3 3 \"1'-6\\\"\" 0 --format json",
-     "bolt-c 3 2 3 3 6 15 --format csv --no-header", "bolt-c 6 2 3 5.5 16 0 --model aisc"},
+     "bolt-c 3 2 3 3 6 15 --format csv --no-header", "bolt-c 6 2 3 5.5 16 0 --model aisc",
+     "bolt-c 4 2 3 3 6 15 --sheet /tmp/bolt-c.pdf"},
     RunBoltC,
     true});
 

@@ -1,6 +1,5 @@
 // The calculation sheet of a layout as a PDF file, painted on the offscreen
 // platform (no display needed). Only in builds with Qt.
-#include <ctime>
 #include <iostream>
 #include <string>
 
@@ -14,48 +13,21 @@
 
 namespace sheetcli {
 
-const cli::Options& TitleOptionList() {
-    static const cli::Options list = {
-        {"--project", "TEXT", "project name in the title block"},
-        {"--job", "TEXT", "job number in the title block"},
-        {"--engineer", "TEXT", "engineer in the title block"},
-        {"--checker", "TEXT", "checker in the title block"},
-        {"--date", "TEXT", "date in the title block (default today, YYYY-MM-DD)"},
-        {"--paper", "letter|a4", "paper size (default letter)"}};
-    return list;
-}
-
-std::string Today() {
-    const std::time_t now = std::time(nullptr);
-    char buf[16];
-    std::tm tm{};
-    localtime_r(&now, &tm);
-    std::strftime(buf, sizeof buf, "%Y-%m-%d", &tm);
-    return buf;
-}
-
-bool ReadTitle(const cli::Parsed& p, sheet::TitleBlock& t, sheet::Paper& paper, std::string& error) {
-    t.Project = p.Value("--project");
-    t.JobNumber = p.Value("--job");
-    t.Engineer = p.Value("--engineer");
-    t.Checker = p.Value("--checker");
-    t.Date = p.Value("--date", Today());
-    const std::string size = p.Value("--paper", "letter");
-    if (size != "letter" && size != "a4") {
-        error = "--paper must be letter or a4, not " + cli::Quote(size);
-        return false;
-    }
-    paper = size == "a4" ? sheet::Paper::A4 : sheet::Paper::Letter;
-    return true;
-}
-
-// Writes the sheet; 0, or 1 with one line on stderr.
+// Writes the sheet and says where; 1 with one line on stderr when it cannot.
 int Write(const sheet::Sheet& s, sheet::Paper paper, const std::string& out) {
     const std::string error = sheetprint::WritePdf(s, paper, out);
     if (!error.empty()) return cli::Fail("cannot write " + cli::Quote(out) + ": " + error, 1);
-    std::cout << "wrote " << out << "\n";
     return 0;
 }
+
+// This build paints sheets: the commands with --sheet write through here.
+const bool kWriterInstalled = [] {
+    SheetWriter() = [](const sheet::Sheet& s, sheet::Paper paper, const std::string& path) {
+        sheetprint::PaintingContext painting;
+        return Write(s, paper, path);
+    };
+    return true;
+}();
 
 }  // namespace sheetcli
 
@@ -88,8 +60,13 @@ int Sheet(const cli::Parsed& p) {
     if (!run.Result.Converged)
         return cli::Fail("no converged run for " + cli::Quote(file) + ": no sheet is made", 3);
     sheetprint::PaintingContext painting;
-    return sheetcli::Write(capsheet::Capacity_Sheet(doc, in, run, title, BaseName(file), appinfo::kVersion), paper,
-                           p.Value("-o"));
+    const std::string& out = p.Value("-o");
+    if (const int rc = sheetcli::Write(capsheet::Capacity_Sheet(doc, in, run, title, BaseName(file), appinfo::kVersion),
+                                       paper, out);
+        rc != 0)
+        return rc;
+    std::cout << "wrote " << out << "\n";
+    return 0;
 }
 
 const cli::Registrar kSheet({

@@ -1,5 +1,6 @@
 #include "WeldCli.h"
 
+#include <ctime>
 #include <iostream>
 
 #include "ModelCli.h"
@@ -166,3 +167,65 @@ CrossCheck CheckAgainst(const cli::Parsed& p, double system, const weld::CheckFn
 }
 
 }  // namespace weldcli
+
+namespace sheetcli {
+
+const cli::Options& TitleOptionList() {
+    static const cli::Options list = {
+        {"--project", "TEXT", "project name in the title block"},
+        {"--job", "TEXT", "job number in the title block"},
+        {"--engineer", "TEXT", "engineer in the title block"},
+        {"--checker", "TEXT", "checker in the title block"},
+        {"--date", "TEXT", "date in the title block (default today, YYYY-MM-DD)"},
+        {"--paper", "letter|a4", "paper size (default letter)"}};
+    return list;
+}
+
+const cli::Options& SheetOptionList() {
+    static const cli::Options list =
+        cli::Options{{"--sheet", "OUT.pdf", "also write the calculation sheet as a PDF file"}} + TitleOptionList();
+    return list;
+}
+
+namespace {
+std::string Today() {
+    const std::time_t now = std::time(nullptr);
+    char buf[16];
+    std::tm tm{};
+    localtime_r(&now, &tm);
+    std::strftime(buf, sizeof buf, "%Y-%m-%d", &tm);
+    return buf;
+}
+}  // namespace
+
+bool ReadTitle(const cli::Parsed& p, sheet::TitleBlock& t, sheet::Paper& paper, std::string& error) {
+    t.Project = p.Value("--project");
+    t.JobNumber = p.Value("--job");
+    t.Engineer = p.Value("--engineer");
+    t.Checker = p.Value("--checker");
+    t.Date = p.Value("--date", Today());
+    const std::string size = p.Value("--paper", "letter");
+    if (size != "letter" && size != "a4") {
+        error = "--paper must be letter or a4, not " + cli::Quote(size);
+        return false;
+    }
+    paper = size == "a4" ? sheet::Paper::A4 : sheet::Paper::Letter;
+    return true;
+}
+
+Writer& SheetWriter() {
+    static Writer writer;
+    return writer;
+}
+
+int WriteIfAsked(const cli::Parsed& p, const std::function<sheet::Sheet(const sheet::TitleBlock&)>& make) {
+    if (!p.Has("--sheet")) return 0;
+    if (!SheetWriter()) return cli::Fail("this build of ferrolith-cli makes no sheets", 1);
+    sheet::TitleBlock title;
+    sheet::Paper paper = sheet::Paper::Letter;
+    std::string error;
+    if (!ReadTitle(p, title, paper, error)) return cli::UsageError(error);
+    return SheetWriter()(make(title), paper, p.Value("--sheet"));
+}
+
+}  // namespace sheetcli

@@ -11,6 +11,7 @@
 #include "Output.h"
 #include "Progress.h"
 #include "shell/core/ModelCheck.h"
+#include "shell/core/Sheet.h"
 #include "weld/core/WeldSolve.h"
 #include "weld/core/WeldStrength.h"
 
@@ -96,3 +97,23 @@ CrossCheck CheckAgainst(const cli::Parsed& p, double system, const weld::CheckFn
                         const std::function<double(double)>& shown = {});
 
 }  // namespace weldcli
+
+// Calculation sheets from the command line: the title block options, and the
+// writer that builds with Qt install (an empty writer: no sheets in this build).
+namespace sheetcli {
+
+const cli::Options& TitleOptionList();
+// The title block and paper of --project, --job, --engineer, --checker,
+// --date (today by default) and --paper.
+bool ReadTitle(const cli::Parsed& p, sheet::TitleBlock& title, sheet::Paper& paper, std::string& error);
+// --sheet OUT.pdf, with the title options, for the commands that also print a value.
+const cli::Options& SheetOptionList();
+
+// Writes the sheet to `path` on `paper`: 0, or 1 after one line on stderr.
+using Writer = std::function<int(const sheet::Sheet& s, sheet::Paper paper, const std::string& path)>;
+Writer& SheetWriter();
+// For --sheet: the sheet `make` builds with the title block, written; 0 when
+// --sheet is not given.
+int WriteIfAsked(const cli::Parsed& p, const std::function<sheet::Sheet(const sheet::TitleBlock&)>& make);
+
+}  // namespace sheetcli

@@ -8,7 +8,9 @@
 #include "ModelCli.h"
 #include "Output.h"
 #include "WeldCli.h"
+#include "shell/core/AppInfo.h"
 #include "shell/core/Primitives.h"
+#include "weld/core/CoefficientSheet.h"
 #include "weld/core/WeldSolve.h"
 #include "weld/core/WeldStrength.h"
 
@@ -51,6 +53,12 @@ int RunWeldC(const cli::Parsed& p) {
     if (const int rc = run.Check(p, {modelcli::ModelField(model)}); rc != 0) return rc;
     const double c = run.result.Value;
     const weldcli::CrossCheck check = weldcli::CheckAgainst(p, c, CrossCheck(shape, run.options), "", 5);
+    if (const int rc = sheetcli::WriteIfAsked(p, [&](const sheet::TitleBlock& title) {
+            CoefficientRun sheetRun{shape, run.options, run.result, Other_Coefficient(shape, run.options)};
+            return Coefficient_Sheet(sheetRun, title, appinfo::kVersion);
+        });
+        rc != 0)
+        return rc;
     if (p.format != cli::Format::Text) {
         cli::WriteRows(p, {cli::Row{modelcli::ModelField(model), {"C", cli::Num(c)}} + run.Fields() + check.Fields()});
         return 0;
@@ -127,14 +135,15 @@ const cli::Registrar weldC({
     "weld-c",
     "CONFIG L kL aL ANGLE",
     "coefficient C of standard weld configuration 1-9 under an eccentric load",
-    weldcli::RunOptionList() + cli::Options{modelcli::ModelOption(), weldcli::NoCheckOption()},
+    weldcli::RunOptionList() + cli::Options{modelcli::ModelOption(), weldcli::NoCheckOption()} +
+        sheetcli::SheetOptionList(),
     {"CONFIG  configuration number 1 to 9, as in the coefficient window",
      "L       base length (inches); kL the other leg (inches); aL the load's eccentricity (inches)",
      "ANGLE   load angle in degrees from vertical",
      "Prints C to five decimals; exit 3 and nothing on stdout when the pass limit ends the run.",
      cli::kLengthHelp},
     {"weld-c 1 10 0 0 0", "weld-c 4 10 10 5 45 --verbose", "weld-c 6 10 5 5 0 --strip 16 --format json",
-     "weld-c 6 10 5 8.75 0 --model aisc"},
+     "weld-c 6 10 5 8.75 0 --model aisc", "weld-c 4 10 5 5 30 --sheet /tmp/weld-c.pdf"},
     RunWeldC,
     true});
 

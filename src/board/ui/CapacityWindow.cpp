@@ -116,19 +116,16 @@ void CapacityWindow::BuildControls() {
     left->addWidget(run_.ClearButton());
     left->addStretch(1);
     // The calculation sheet of the last converged run.
-    SheetPdfButton = new QPushButton(QStringLiteral("Sheet as PDF..."), this);
-    SheetPdfButton->setObjectName(QStringLiteral("SheetPdfButton"));
-    SheetPdfButton->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
-    SheetPrintButton = new QPushButton(QStringLiteral("Print Sheet..."), this);
-    SheetPrintButton->setObjectName(QStringLiteral("SheetPrintButton"));
-    SheetPrintButton->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
-    for (QPushButton* b : {SheetPdfButton, SheetPrintButton}) {
-        b->setAutoDefault(false);
-        b->setEnabled(false);
-        left->addWidget(b);
-    }
-    connect(SheetPdfButton, &QPushButton::clicked, this, [this] { Sheet_Click(false); });
-    connect(SheetPrintButton, &QPushButton::clicked, this, [this] { Sheet_Click(true); });
+    sheetButtons_ = sheetui::Make_SheetButtons(this, [this]() -> sheetui::Maker {
+        if (!last_) return {};
+        // The electrode, size and method as the window shows them now.
+        last_->Inputs.Electrode = WeldClass;
+        last_->Inputs.Size = WeldSize;
+        last_->Inputs.Method = DesignMethod;
+        return [this](const sheet::TitleBlock& t) { return Sheet_Of(doc_, *last_, t, fileName_); };
+    });
+    left->addWidget(sheetButtons_.Pdf);
+    left->addWidget(sheetButtons_.Print);
 
     auto* right = new QVBoxLayout;
     right->addWidget(display, 1);
@@ -197,10 +194,7 @@ void CapacityWindow::ApplyControls() {
     ModelBox->setEnabled(!c.InputsLocked);
     ElectrodeBox->setEnabled(!c.SizesLocked);
     SizeBox->setEnabled(!c.SizesLocked);
-    if (SheetPdfButton != nullptr) {
-        SheetPdfButton->setEnabled(last_.has_value() && !run_.Active());
-        SheetPrintButton->setEnabled(last_.has_value() && !run_.Active());
-    }
+    sheetButtons_.SetEnabled(last_.has_value() && !run_.Active());
 }
 
 sheet::Sheet CapacityWindow::Sheet_Of(const Layout::LayoutDocument& doc, Record& record,
@@ -212,18 +206,6 @@ sheet::Sheet CapacityWindow::Sheet_Of(const Layout::LayoutDocument& doc, Record&
                                     appinfo::kVersion);
 }
 
-void CapacityWindow::Sheet_Click(bool print) {
-    if (!last_) return;
-    // The electrode, size and method as the window shows them now.
-    last_->Inputs.Electrode = WeldClass;
-    last_->Inputs.Size = WeldSize;
-    last_->Inputs.Method = DesignMethod;
-    const auto make = [this](const sheet::TitleBlock& t) { return Sheet_Of(doc_, *last_, t, fileName_); };
-    if (print)
-        sheetui::Print(this, make);
-    else
-        sheetui::Export_Pdf(this, make);
-}
 
 void CapacityWindow::Run_CapacityIteration() {
     weld::SolveOptions options;

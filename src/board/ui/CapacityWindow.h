@@ -11,6 +11,7 @@
 
 #include "board/core/CapacitySheet.h"
 #include "board/core/LayoutDocument.h"
+#include "shell/ui/SheetOutput.h"
 #include "weld/core/RunControl.h"
 #include "weld/ui/RunPanel.h"
 
@@ -70,7 +71,6 @@ private:
     double ShownScale() const;
 
     void ApplyControls();
-    void Sheet_Click(bool print);
 
     Layout::LayoutDocument doc_;
     // Run buttons, display, elapsed caption and CBox.
@@ -92,8 +92,7 @@ private:
     QComboBox* DesignMethodBox = nullptr;
     QComboBox* ModelBox = nullptr;
     QLabel* MethodLabel = nullptr;
-    QPushButton* SheetPdfButton = nullptr;
-    QPushButton* SheetPrintButton = nullptr;
+    sheetui::SheetButtons sheetButtons_;
     QString fileName_;
     RecordFn converged_;
     std::optional<Record> last_;  // the last converged run

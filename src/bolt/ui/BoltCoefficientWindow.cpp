@@ -1,6 +1,9 @@
 #include "bolt/ui/BoltCoefficientWindow.h"
 
+#include <set>
+
 #include <QApplication>
+#include <QItemSelectionModel>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDir>
@@ -20,7 +23,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "bolt/core/BoltSheet.h"
 #include "bolt/core/BoltSolve.h"
+#include "shell/core/AppInfo.h"
 #include "shell/core/MathUtil.h"
 #include "shell/core/Primitives.h"
 #include "shell/ui/GridEditor.h"
@@ -158,6 +163,29 @@ void BoltCoefficientWindow::BuildControls() {
     buttons->addWidget(RemRowButton, 0, 1);
     buttons->addWidget(ClearButton, 1, 0);
     buttons->addWidget(SaveButton, 1, 1);
+    // The sheet of the selected rows that have a C (the current row when
+    // none is selected).
+    sheetButtons_ = sheetui::Make_SheetButtons(this, [this]() -> sheetui::Maker {
+        std::set<int> rows;
+        for (const QModelIndex& i : CaseGrid->selectionModel()->selectedIndexes())
+            if (i.row() >= 1) rows.insert(i.row());
+        if (rows.empty()) rows.insert(CaseGrid->Row());
+        std::vector<bolt::SheetCase> cases;
+        for (int r : rows) {
+            bolt::SheetCase c;
+            if (r >= 1 && !CaseGrid->TextMatrix(r, 7).trimmed().isEmpty() && ReadCase(CaseGrid, r, c.Pattern, c.Load))
+                cases.push_back(c);
+        }
+        if (cases.empty()) {
+            StatusLine->setText(QStringLiteral("Select the rows of the sheet: rows with a C."));
+            return {};
+        }
+        const shell::SolverModel model = shell::SolverModelOf(ModelBox);
+        return [cases, model](const sheet::TitleBlock& t) { return bolt::Bolt_Sheet(cases, model, t, appinfo::kVersion); };
+    });
+    sheetButtons_.SetEnabled(true);
+    buttons->addWidget(sheetButtons_.Pdf, 2, 0);
+    buttons->addWidget(sheetButtons_.Print, 2, 1);
     for (QPushButton* b : {SaveButton, ClearButton, AddRowButton, RemRowButton})
         b->setMinimumWidth(b->sizeHint().width() + 16);
 

@@ -9,6 +9,7 @@
 
 #include "bolt/core/BoltRowsFile.h"
 #include "shell/ui/RunPump.h"
+#include "shell/ui/SheetOutput.h"
 
 class CellGrid;
 class QComboBox;
@@ -79,6 +80,7 @@ private:
     CellGrid* LoadStrip = nullptr;   // its ex, angle, C, C' ("xxFlex")
     QLineEdit* CellEditor = nullptr;  // the floating editor over a cell ("EdiTxt")
     QPushButton* SaveButton = nullptr;
+    sheetui::SheetButtons sheetButtons_;
     QPushButton* ClearButton = nullptr;
     QPushButton* AddRowButton = nullptr;
     QPushButton* RemRowButton = nullptr;

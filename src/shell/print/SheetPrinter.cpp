@@ -90,6 +90,8 @@ public:
         QFont f(QStringLiteral("DejaVu Sans"));
         f.setPointSizeF(points);
         f.setBold(bold);
+        // No ligatures: a reader searching the PDF for "fi" must find it.
+        f.setStyleStrategy(QFont::PreferNoShaping);
         return f;
     }
     // The height a text takes in `width` points at this font.
@@ -213,10 +215,15 @@ void DrawFigure(Pages& pg, const Figure& f) {
         pg.Text(QRectF(left, a.y() - 6, bw, 12), align | Qt::AlignVCenter, Q(l.text), Pages::Font(7.5), l.rgb);
     }
     pg.Down(h + 3);
-    pg.Text(QRectF(x0, pg.Y(), w, 12), Qt::AlignLeft | Qt::AlignTop, Q(f.Caption), Pages::Font(8.5));
-    pg.Text(QRectF(x0, pg.Y(), w, 12), Qt::AlignRight | Qt::AlignTop, QStringLiteral("Scale: ") + Q(s.text),
-            Pages::Font(8.5));
-    pg.Down(22);
+    // The caption wraps beside the scale, which keeps the right end.
+    const double scaleW = 130;
+    const QFont small = Pages::Font(8.5);
+    const double ch = std::max(12.0, Pages::TextHeight(small, w - scaleW - 8, Q(f.Caption)));
+    pg.Text(QRectF(x0, pg.Y(), w - scaleW - 8, ch), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, Q(f.Caption),
+            small);
+    pg.Text(QRectF(x0 + w - scaleW, pg.Y(), scaleW, 12), Qt::AlignRight | Qt::AlignTop,
+            QStringLiteral("Scale: ") + Q(s.text), small);
+    pg.Down(ch + 10);
 }
 
 void DrawTable(Pages& pg, const sheet::Table& t) {

@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPushButton>
 #include <QUrl>
 
 #include "shell/print/SheetPrinter.h"
@@ -79,6 +80,34 @@ bool Ask(QWidget* parent) {
 }  // namespace
 
 void SetPrintSeam(PrintSeam seam) { Seam() = std::move(seam); }
+
+void SheetButtons::SetEnabled(bool on) const {
+    if (Pdf != nullptr) Pdf->setEnabled(on);
+    if (Print != nullptr) Print->setEnabled(on);
+}
+
+SheetButtons Make_SheetButtons(QWidget* parent, std::function<Maker()> maker) {
+    SheetButtons b{new QPushButton(QStringLiteral("Sheet as PDF..."), parent),
+                   new QPushButton(QStringLiteral("Print Sheet..."), parent)};
+    b.Pdf->setObjectName(QStringLiteral("SheetPdfButton"));
+    b.Pdf->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    b.Print->setObjectName(QStringLiteral("SheetPrintButton"));
+    b.Print->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    for (QPushButton* button : {b.Pdf, b.Print}) {
+        button->setAutoDefault(false);
+        button->setEnabled(false);
+        const bool print = button == b.Print;
+        QObject::connect(button, &QPushButton::clicked, parent, [parent, maker, print] {
+            const Maker make = maker();
+            if (!make) return;
+            if (print)
+                Print(parent, make);
+            else
+                Export_Pdf(parent, make);
+        });
+    }
+    return b;
+}
 
 bool Title_Block(QWidget* parent, sheet::TitleBlock& title, bool ask) {
     if ((ask || !asked) && !Ask(parent)) return false;

@@ -10,6 +10,7 @@
 #include "shell/core/Sheet.h"
 
 class QPrinter;
+class QPushButton;
 class QWidget;
 
 namespace sheetui {
@@ -23,6 +24,17 @@ bool Title_Block(QWidget* parent, sheet::TitleBlock& title, bool ask = false);
 // when the user cancelled.
 bool Export_Pdf(QWidget* parent, const std::function<sheet::Sheet(const sheet::TitleBlock&)>& make);
 bool Print(QWidget* parent, const std::function<sheet::Sheet(const sheet::TitleBlock&)>& make);
+
+// The two buttons of a tool window, "Sheet as PDF..." (SheetPdfButton,
+// Ctrl+E) and "Print Sheet..." (SheetPrintButton, Ctrl+P), disabled until the
+// window enables them; a click asks `maker` for the sheet's builder.
+using Maker = std::function<sheet::Sheet(const sheet::TitleBlock&)>;
+struct SheetButtons {
+    QPushButton* Pdf = nullptr;
+    QPushButton* Print = nullptr;
+    void SetEnabled(bool on) const;
+};
+SheetButtons Make_SheetButtons(QWidget* parent, std::function<Maker()> maker);
 
 // The print dialog behind a seam: a test sets the printer up (to a PDF file)
 // and answers true to print; an empty function puts the dialog back.

@@ -29,7 +29,7 @@ constexpr size_t kMostLabelledLines = 40;  // beyond, the labels would hide the 
 std::string Inches_Text(double inches) { return Imperial::Imperial_Text(inches / 12.0, 16, 0, 0); }
 
 sheet::Figure Group_Figure(const WeldLineTable& lines, const std::vector<std::string>& names, const FigureLoad& load,
-                           const shell::SolveRecord* run) {
+                           const shell::SolveRecord* run, bool lengths) {
     Figure f;
     const double cx = Centroid_X(lines), cy = Centroid_Y(lines);
     double minX = cx, maxX = cx, minY = cy, maxY = cy;
@@ -51,7 +51,7 @@ sheet::Figure Group_Figure(const WeldLineTable& lines, const std::vector<std::st
     for (size_t i = 0; i < lines.size(); ++i) {
         const WeldLineRec& l = lines[i];
         f.Lines.push_back({l.x1, l.y1, l.x2, l.y2, sheet::kInk, 2.0, false, false});
-        if (!labelled) continue;
+        if (!labelled || (!lengths && (i >= names.size() || names[i].empty()))) continue;
         double angle = shell::Degrees(std::atan2(l.y2 - l.y1, l.x2 - l.x1));
         if (angle < 0) angle += 180;
         if (angle >= 180) angle -= 180;
@@ -61,7 +61,8 @@ sheet::Figure Group_Figure(const WeldLineTable& lines, const std::vector<std::st
         // A third of the way along: the middle is where the center and the
         // axes of a symmetric group fall.
         f.Labels.push_back({l.x1 + (l.x2 - l.x1) / 3, l.y1 + (l.y2 - l.y1) / 3,
-                            name + Inches_Text(ExactLength(l)) + "  " + Degrees(angle), sheet::kInk,
+                            lengths ? name + Inches_Text(ExactLength(l)) + "  " + Degrees(angle) : names[i],
+                            sheet::kInk,
                             vertical ? Figure::Align::Right : Figure::Align::Centre, vertical ? -6.0 : 0.0,
                             vertical ? 0.0 : -8.0});
     }

@@ -22,8 +22,9 @@ struct FigureLoad {
 // `lines` in inches, Y up; `names` (may be empty) label them. A run's center
 // and forces are in the group's axes from its centroid, mirrored in x for a
 // load on the left, as the solver gives them.
+// With `lengths` false the lines carry their names only.
 sheet::Figure Group_Figure(const WeldLineTable& lines, const std::vector<std::string>& names, const FigureLoad& load,
-                           const shell::SolveRecord* run);
+                           const shell::SolveRecord* run, bool lengths = true);
 
 // "1'-6\"" for 18 inches: feet and inches to a sixteenth.
 std::string Inches_Text(double inches);

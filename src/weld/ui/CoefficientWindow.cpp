@@ -17,6 +17,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "shell/core/AppInfo.h"
 #include "shell/core/MathUtil.h"
 #include "shell/core/Primitives.h"
 #include "shell/ui/GridEditor.h"
@@ -128,6 +129,13 @@ void CoefficientWindow::BuildControls() {
     buttons->addWidget(run_.StopButton());
     buttons->addWidget(run_.ClearButton());
     buttons->addStretch(1);
+    sheetButtons_ = sheetui::Make_SheetButtons(this, [this]() -> sheetui::Maker {
+        if (!last_) return {};
+        if (!last_->Other) last_->Other = weld::Other_Coefficient(last_->Config, last_->Options);
+        return [this](const sheet::TitleBlock& t) { return weld::Coefficient_Sheet(*last_, t, appinfo::kVersion); };
+    });
+    buttons->addWidget(sheetButtons_.Pdf);
+    buttons->addWidget(sheetButtons_.Print);
 
     auto* result = new QVBoxLayout;
     result->addWidget(BoldCaption(FromView(wc::kResultCaption), this));
@@ -232,6 +240,7 @@ void CoefficientWindow::ApplyControls() {
     const RunControl::Controls& c = run_.Control().State();
     for (QWidget* w : std::initializer_list<QWidget*>{WeldStripBox, WeldFlex, WeldView, ModelBox})
         w->setEnabled(!c.InputsLocked);
+    sheetButtons_.SetEnabled(last_.has_value() && !run_.Active());
 }
 
 void CoefficientWindow::WeldView_ItemClick(int index) {
@@ -281,6 +290,7 @@ void CoefficientWindow::WipeResult() {
     run_.Check()->Clear();
     run_.DisplayBox()->clear();
     run_.Elapsed()->clear();
+    last_.reset();
     run_.ClearClick();
 }
 
@@ -303,6 +313,7 @@ void CoefficientWindow::Run_CoefficientIteration() {
     ShowStatus(Q(wc::ImpossibleReason(WeldViewIndex, config.L, WeldViewIndex == 1 ? 0.0 : config.kL)));
 
     run_.BeginRun();
+    last_.reset();
     const auto result = run_.Run([&](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
         return weld::Solve(config, options, state, hooks);
     });
@@ -311,6 +322,8 @@ void CoefficientWindow::Run_CoefficientIteration() {
     // A run with no value to show says why in the status line as well.
     if (!ending.ShowsValue) ShowStatus(Q(RunControl::ForWidget(prim::Trim(ending.Text))));
     if (!ending.Converged) return;
+    last_ = weld::CoefficientRun{config, options, *result, std::nullopt};
+    ApplyControls();
     // C of the same shape and load by the model it is checked against.
     if (auto check = weld::CrossCheck(config, options))
         run_.Check()->Check(result->Value, std::move(check), QString(), 5);

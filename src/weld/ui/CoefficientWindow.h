@@ -6,6 +6,10 @@
 
 #include <QWidget>
 
+#include <optional>
+
+#include "shell/ui/SheetOutput.h"
+#include "weld/core/CoefficientSheet.h"
 #include "weld/core/RunControl.h"
 #include "weld/core/WeldCoefficient.h"
 #include "weld/ui/RunPanel.h"
@@ -86,4 +90,6 @@ private:
     QComboBox* WeldStripBox = nullptr;
     QComboBox* ModelBox = nullptr;
     QLabel* StatusLine = nullptr;
+    sheetui::SheetButtons sheetButtons_;
+    std::optional<weld::CoefficientRun> last_;  // the last converged run, for its sheet
 };

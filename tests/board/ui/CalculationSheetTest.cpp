@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QPushButton>
 #include <QTest>
 
@@ -68,6 +69,27 @@ TEST_F(CalculationSheet, TheCommandLineSheetHoldsWhatTheCapacityCommandPrints) {
     const Ran nowhere = Cli({"sheet", "examples/c-shape-right.wld", "-o", Path("no/such/folder/x.pdf")});
     EXPECT_EQ(nowhere.code, 1);
     EXPECT_FALSE(QFile::exists(Path("none.pdf")) || QFile::exists(Path("no/such/folder/x.pdf")));
+}
+
+TEST_F(CalculationSheet, CoefficientSheetsHoldTheValuesTheCommandsPrint) {
+    const struct {
+        QStringList args;
+        QStringList want;  // besides every word of the command's own output
+    } cases[] = {{{"weld-c", "4", "10", "5", "5", "30"}, {"Configuration", "k = 0.5", "a = 0.5", "30°"}},
+                 {{"bolt-c", "4", "2", "3", "3", "6", "15"}, {"4 rows by 2 columns", "ex = 6 in", "C other"}}};
+    for (const auto& c : cases) {
+        const Ran plain = Cli(c.args + QStringList{"--no-check"}.mid(c.args[0] == "weld-c" ? 0 : 1));
+        const Ran aisc = Cli(c.args + QStringList{"--model", "aisc"});
+        const Ran made = Cli(c.args + QStringList{"--sheet", Path("c.pdf"), "--engineer", "R. Ames"});
+        ASSERT_EQ(made.code, 0) << made.err.toStdString();
+        EXPECT_EQ(made.out, plain.out);
+        const QString text = PdfText(Path("c.pdf"));
+        for (const QString& want : plain.out.split(QRegularExpression("\\s+"), Qt::SkipEmptyParts) +
+                                       QStringList{aisc.out.split(QRegularExpression("\\s+"), Qt::SkipEmptyParts)[0],
+                                                   "R. Ames"} +
+                                       c.want)
+            EXPECT_TRUE(text.contains(want)) << c.args[0].toStdString() << ": " << want.toStdString();
+    }
 }
 
 TEST_F(CalculationSheet, PageOneShowsTheGroupAndTheRedOfTheLoad) {
