@@ -134,14 +134,18 @@ void CoefficientWindow::BuildControls() {
         if (!last_->Other) last_->Other = weld::Other_Coefficient(last_->Config, last_->Options);
         return [this](const sheet::TitleBlock& t) { return weld::Coefficient_Sheet(*last_, t, appinfo::kVersion); };
     });
-    buttons->addWidget(sheetButtons_.Pdf);
-    buttons->addWidget(sheetButtons_.Print);
+
 
     auto* result = new QVBoxLayout;
     result->addWidget(BoldCaption(FromView(wc::kResultCaption), this));
     result->addWidget(run_.Result());
     result->addWidget(run_.Check());
     result->addStretch(1);
+    // Side by side under the result, so that the window keeps its height.
+    auto* sheetRow = new QHBoxLayout;
+    sheetRow->addWidget(sheetButtons_.Pdf);
+    sheetRow->addWidget(sheetButtons_.Print);
+    result->addLayout(sheetRow);
 
     auto* bottom = new QHBoxLayout;
     bottom->addLayout(buttons);
