@@ -56,15 +56,19 @@ sheet::Figure Group_Figure(const WeldLineTable& lines, const std::vector<std::st
         if (angle < 0) angle += 180;
         if (angle >= 180) angle -= 180;
         const std::string name = i < names.size() && !names[i].empty() ? names[i] + "  " : "";
-        // Beside a vertical line, above any other.
-        const bool vertical = std::fabs(angle - 90) < 30;
-        // A third of the way along: the middle is where the center and the
-        // axes of a symmetric group fall.
-        f.Labels.push_back({l.x1 + (l.x2 - l.x1) / 3, l.y1 + (l.y2 - l.y1) / 3,
-                            lengths ? name + Inches_Text(ExactLength(l)) + "  " + Degrees(angle) : names[i],
-                            sheet::kInk,
-                            vertical ? Figure::Align::Right : Figure::Align::Centre, vertical ? -6.0 : 0.0,
-                            vertical ? 0.0 : -8.0});
+        // Outside the group: beside a steep line, on the side away from the
+        // centroid, a third of the way along (the middle is where the center
+        // and the axes of a symmetric group fall); above or below any other
+        // line from its middle outwards.
+        const std::string text = lengths ? name + Inches_Text(ExactLength(l)) + "  " + Degrees(angle) : names[i];
+        const double mx = (l.x1 + l.x2) / 2, my = (l.y1 + l.y2) / 2;
+        if (std::fabs(angle - 90) < 30) {
+            const bool left = mx < cx;
+            f.Labels.push_back({l.x1 + (l.x2 - l.x1) / 3, l.y1 + (l.y2 - l.y1) / 3, text, sheet::kInk,
+                                left ? Figure::Align::Right : Figure::Align::Left, left ? -6.0 : 6.0, 0.0});
+        } else {
+            f.Labels.push_back({mx, my, text, sheet::kInk, Figure::Align::Left, 2.0, my >= cy ? -8.0 : 8.0});
+        }
     }
 
     // The load: its anchor at the eccentricity, the arrow away from it.
@@ -99,7 +103,10 @@ sheet::Figure Group_Figure(const WeldLineTable& lines, const std::vector<std::st
         f.Circles.push_back({x, y, 4, sheet::kCenter, false});
         f.Lines.push_back({x - 0.04 * size, y, x + 0.04 * size, y, sheet::kCenter, 0.8, false, false});
         f.Lines.push_back({x, y - 0.04 * size, x, y + 0.04 * size, sheet::kCenter, 0.8, false, false});
-        f.Labels.push_back({x, y, "IC", sheet::kCenter, Figure::Align::Left, 6, -8});
+        // Its name on the side away from the group.
+        const bool left = x < cx;
+        f.Labels.push_back({x, y, "IC", sheet::kCenter, left ? Figure::Align::Right : Figure::Align::Left,
+                            left ? -6.0 : 6.0, -8.0});
     }
     return f;
 }
