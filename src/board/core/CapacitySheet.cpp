@@ -45,10 +45,6 @@ weld::SolveResult Limited(const Layout::LayoutDocument& doc, const weld::SolveOp
     return weld::Solve_Layout(doc, o, state, hooks);
 }
 
-SolverModel OtherOf(SolverModel m) {
-    return m == SolverModel::Iterative ? SolverModel::AiscElement : SolverModel::Iterative;
-}
-
 std::string Trimmed(std::string_view s) { return prim::Trim(std::string(s)); }
 
 }  // namespace
@@ -68,7 +64,7 @@ bool Same_Group(const Layout::LayoutDocument& a, const Layout::LayoutDocument& b
 }
 
 std::optional<double> Other_Model(const Layout::LayoutDocument& doc, const Inputs& in, int64_t maxPasses) {
-    const weld::SolveResult r = Limited(doc, Options(in, OtherOf(in.Model)), maxPasses);
+    const weld::SolveResult r = Limited(doc, Options(in, shell::OtherModel(in.Model)), maxPasses);
     if (!r.Converged || r.Stopped) return std::nullopt;
     return r.Value;
 }
@@ -151,7 +147,7 @@ sheet::Sheet Capacity_Sheet(const Layout::LayoutDocument& doc, const Inputs& in,
          std::to_string(r.Passes) +
              (r.Relaxation < 1.0 ? ", correction step relaxed to 1/" + prim::PlainText(std::round(1 / r.Relaxation))
                                  : std::string(", no relaxation needed"))});
-    const SolverModel other = OtherOf(in.Model);
+    const SolverModel other = shell::OtherModel(in.Model);
     const std::string otherText =
         run.Other ? Trimmed(WeldStrength::CapacityText(WeldStrength::DisplayedCapacity(fexx, *run.Other, size, factor))) +
                         " kips (" + (shown > 0 ? Fixed((WeldStrength::DisplayedCapacity(fexx, *run.Other, size, factor) -

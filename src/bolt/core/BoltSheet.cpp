@@ -62,8 +62,7 @@ sheet::Sheet Bolt_Sheet(const std::vector<SheetCase>& cases, shell::SolverModel 
     if (s.Title.Title.empty()) s.Title.Title = "Bolt Group Coefficients";
     s.FileName = "Bolt group coefficients";
     s.Version = version;
-    const shell::SolverModel other =
-        model == shell::SolverModel::Iterative ? shell::SolverModel::AiscElement : shell::SolverModel::Iterative;
+    const shell::SolverModel other = shell::OtherModel(model);
     sheet::Table table{{"Rows", "Columns", "Sv, in", "Sh, in", "ex, in", "Angle", "C", "C'", "C other"}, {}};
     for (const SheetCase& c : cases) {
         const SolveResult r = Solve(c.Pattern, c.Load, {model});

@@ -27,6 +27,11 @@ inline std::optional<SolverModel> CrossCheckModel(SolverModel model) {
     return std::nullopt;
 }
 
+// The model a calculation sheet states beside a result: the other one.
+inline SolverModel OtherModel(SolverModel model) {
+    return model == SolverModel::Iterative ? SolverModel::AiscElement : SolverModel::Iterative;
+}
+
 // Reads "iterative" or "aisc"; false (model untouched) for anything else.
 inline bool ParseSolverModel(const std::string& text, SolverModel& model) {
     if (text == "iterative") {

@@ -20,8 +20,7 @@ std::string Number(double v) { return prim::PlainText(std::round(v * 1e4) / 1e4)
 
 std::optional<double> Other_Coefficient(const StandardConfig& config, const SolveOptions& options, int64_t maxPasses) {
     SolveOptions other = options;
-    other.Model = options.Model == shell::SolverModel::Iterative ? shell::SolverModel::AiscElement
-                                                                 : shell::SolverModel::Iterative;
+    other.Model = shell::OtherModel(options.Model);
     WeldRunState state;
     state.IterationStop = false;
     WeldRunHooks hooks;
@@ -65,9 +64,7 @@ sheet::Sheet Coefficient_Sheet(const CoefficientRun& run, const sheet::TitleBloc
     s.Sections.push_back(inputs);
 
     sheet::Section results{"Results", {}, {}, {}};
-    const char* other = shell::SolverModelCaption(run.Options.Model == shell::SolverModel::Iterative
-                                                      ? shell::SolverModel::AiscElement
-                                                      : shell::SolverModel::Iterative);
+    const char* other = shell::SolverModelCaption(shell::OtherModel(run.Options.Model));
     results.Rows = {
         {prim::Trim(std::string(WeldCoefficient::kResultCaption)), Five(run.Result.Value)},
         {std::string(other) + " (for comparison)",
