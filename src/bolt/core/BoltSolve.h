@@ -30,6 +30,7 @@ inline constexpr BoltLoad kCouple{0.0, 0.0, true};
 
 struct SolveOptions {
     shell::SolverModel Model = shell::SolverModel::Iterative;
+    bool WithForces = false;  // also give the force on every bolt (SolveRecord::Forces)
 };
 
 // The record of shell::SolveRecord. Value is C, the load as a multiple of

@@ -103,8 +103,7 @@ void BuildSegments(const WeldLineTable& lines, double xo, double yo, WeldSegment
         // (ties to even); the spacing below comes from the true length.
         prim::ToInt32(len, Lr);
         double perSeg = 0.0;
-        if (Div(1.0, spi, perSeg) && Div(static_cast<double>(Lr), perSeg, q))
-            prim::ToInt32(prim::Fix(q), n);
+        if (Div(1.0, spi, perSeg) && Div(static_cast<double>(Lr), perSeg, q)) prim::ToInt32(prim::Fix(q), n);
         Div(static_cast<double>(Lr), static_cast<double>(n), SegLength);
         Div(std::fabs(ln.x2 - ln.x1), static_cast<double>(n), stepX);
         Div(std::fabs(ln.y2 - ln.y1), static_cast<double>(n), stepY);
@@ -217,6 +216,55 @@ double LargestDeltaM(const WeldSegmentTable& segments, double D) {
     return largest;
 }
 
+// The force of one segment in a pass whose critical ratio and largest Dm are
+// given, as the pass sums it; false when a step fails and the pass skipped it.
+bool SegmentForce(const WeldSegmentRec& s, double RatioCrit, double DeltaMMax, double Fexx, double D, double& R) {
+    double p = 0.0, f = 0.0;
+    return Div(RatioCrit * s.r, DeltaMMax, p) && Let(f, std::pow((1.9 - 0.9 * p) * p, 0.3)) &&
+           Let(R, (0.6 * Fexx) * (1 + 0.5 * std::pow(std::sin(s.Theta), 1.5)) * f * (s.SegLength * 0.707106781 * D));
+}
+
+// The forces of the last pass's segments, turned back into the group's own
+// axes (the pass's center at (cx, cy) there). A segment pushes at right
+// angles to its radius, in the sense the load turns the group; `given` maps
+// each prepared line to its index in the group as given.
+std::vector<shell::ElementForce> PassForces(const WeldSegmentTable& segs, double RatioCrit, double DeltaMMax,
+                                            double Fexx, double D, double sgn, double cosNegA, double sinNegA,
+                                            double cx, double cy, const std::vector<int32_t>& given) {
+    auto back = [&](double x, double y, double& gx, double& gy) {
+        gx = x * sgn * cosNegA - y * sinNegA;
+        gy = x * sgn * sinNegA + y * cosNegA;
+    };
+    std::vector<shell::ElementForce> out;
+    out.reserve(segs.size());
+    for (const WeldSegmentRec& s : segs) {
+        double R = 0.0;
+        if (s.r == 0.0 || !SegmentForce(s, RatioCrit, DeltaMMax, Fexx, D, R)) continue;
+        shell::ElementForce e;
+        back(s.dX, s.dY, e.X, e.Y);
+        e.X += cx;
+        e.Y += cy;
+        back(-s.dY / s.r, s.dX / s.r, e.DirX, e.DirY);
+        e.Force = R;
+        e.Length = s.SegLength;
+        const size_t line = static_cast<size_t>(s.LineNo - 1);
+        e.Line = line < given.size() ? given[line] : s.LineNo - 1;
+        e.Theta = Degrees(s.Theta);
+        if (s.DeltaU != 0.0) e.Deformation = RatioCrit * s.r / s.DeltaU;
+        out.push_back(e);
+    }
+    return out;
+}
+
+// The index in the group as given of every line that Prepare_WeldLines kept:
+// it drops the lines not longer than one segment, unless it dropped them all.
+std::vector<int32_t> GivenIndex(const WeldLineTable& given, size_t kept, int16_t spi) {
+    std::vector<int32_t> index;
+    for (size_t i = 0; i < given.size(); ++i)
+        if (kept == given.size() || 1.0 / spi < ExactLength(given[i])) index.push_back(static_cast<int32_t>(i));
+    return index;
+}
+
 }  // namespace
 
 void Build_Segments(const WeldLineTable& lines, double xo, double yo, WeldSegmentTable& segments, double D,
@@ -231,8 +279,7 @@ double ConcentricCapacity(const WeldLineTable& lines, double Fexx, double D) {
         t = MinOf({t, kPi - t});
         Let(l, ExactLength(ln));
         // The exact length and the exact throat factor, unlike the iteration.
-        Let(sum, sum + (1 + 0.5 * std::pow(std::sin(t), 1.5)) *
-                           (0.6 * Fexx * std::sqrt(2.0) / 2 * D * l));
+        Let(sum, sum + (1 + 0.5 * std::pow(std::sin(t), 1.5)) * (0.6 * Fexx * std::sqrt(2.0) / 2 * D * l));
     }
     return sum;
 }
@@ -369,8 +416,7 @@ double Locate_InstantaneousCenter(const LoadedGroup& group, const SolveOptions& 
             // One DeltaMMax serves the whole pass, and p is not clipped.
             Div(Delta, DeltaMMax, p);
             Let(f, std::pow((1.9 - 0.9 * p) * p, 0.3));
-            Let(R, (0.6 * Fexx) * (1 + 0.5 * std::pow(std::sin(s.Theta), 1.5)) * f *
-                       (s.SegLength * 0.707106781 * D));
+            Let(R, (0.6 * Fexx) * (1 + 0.5 * std::pow(std::sin(s.Theta), 1.5)) * f * (s.SegLength * 0.707106781 * D));
             Let(SumR2, SumR2 + s.r * s.r);
             Let(SumM, SumM + R * s.r);
             if (Div(s.dX, s.r, q)) Let(SumFy, SumFy + q * R);
@@ -410,6 +456,9 @@ double Locate_InstantaneousCenter(const LoadedGroup& group, const SolveOptions& 
         YieldNow(hooks);
     }
     rep.Relaxation = settling.Factor();
+    if (options.WithForces && rep.Passes > 0)
+        rep.Forces = PassForces(segs, RatioCrit, DeltaMMax, Fexx, D, sgn, cosNegA, sinNegA, xR, yR,
+                                GivenIndex(group.Lines, work.size(), spi));
 
     show(xR, yR, true);
     double capacity = 0.0;
@@ -421,8 +470,7 @@ std::string Format_ElapsedTime(double seconds) {
     const double hours = prim::Fix(seconds / 3600);
     const double minutes = (seconds / 60 / 60 - prim::Fix(seconds / 60 / 60)) * 60;
     const double secs = (seconds / 60 - prim::Fix(seconds / 60)) * 60;
-    return prim::Format(hours, "00") + "h:" + prim::Format(minutes, "00") + "m:" +
-           prim::Format(secs, "00") + "s ";
+    return prim::Format(hours, "00") + "h:" + prim::Format(minutes, "00") + "m:" + prim::Format(secs, "00") + "s ";
 }
 
 }  // namespace weld

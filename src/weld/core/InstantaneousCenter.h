@@ -22,6 +22,7 @@
 #include <string>
 #include <vector>
 
+#include "shell/core/ElementForce.h"
 #include "shell/core/MathUtil.h"
 #include "shell/core/Settling.h"
 #include "shell/core/Yield.h"
@@ -95,6 +96,9 @@ struct IterationReport {
     int32_t Segments = 0;       // rows of the segment table in the last pass
     double Relaxation = 1.0;    // factor of the center correction at the end (1: never relaxed)
     bool Unsettled = false;     // still swinging at the smallest factor: ended without converging
+    // The force on every segment of the last pass, about its center (only
+    // when the options ask WithForces).
+    std::vector<shell::ElementForce> Forces;
 };
 
 // How the solve settles a run that swings about its center: the correction
