@@ -21,6 +21,7 @@
 #include "board/core/LayoutDocument.h"
 #include "board/core/LayoutRender.h"
 #include "board/core/SelectionCommands.h"
+#include "weld/core/WeldSolve.h"
 #include "board/core/modes/BoardMode.h"
 
 namespace CalculationView {
@@ -125,6 +126,12 @@ public:
     // anew in CALCULATION. False, with nothing changed, when it is no value.
     bool Apply_Eccentricity(const std::string& text);
     bool Apply_Rotation(const std::string& text);
+
+    // ---- The results of the last capacity run ----------------------------------------------
+    // Keeps a run of the board's group under its load (weld::Layout_Group)
+    // and draws it over the calculation display; "Show Results" turns that off.
+    void Show_Results(const weld::SolveResult& run, const weld::LoadedGroup& group);
+    void Set_Show_Results(bool on);
 
     LayoutDocument& Doc() { return doc_; }
     board::DrawSurface& Surface() { return surface_; }

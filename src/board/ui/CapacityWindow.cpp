@@ -59,10 +59,22 @@ CapacityWindow::CapacityWindow(const Layout::LayoutDocument& doc, QWidget* paren
 
 CapacityWindow::~CapacityWindow() = default;
 
-void CapacityWindow::ShowModal(const Layout::LayoutDocument& doc, QWidget* parent) {
+std::optional<weld::SolveResult> CapacityWindow::ShowModal(const Layout::LayoutDocument& doc, QWidget* parent) {
     auto* frm = new CapacityWindow(doc, parent);
+    std::optional<weld::SolveResult> last;
+    connect(frm, &QDialog::finished, frm, [frm, &last] { last = frm->LastRun(); });
     frm->setAttribute(Qt::WA_DeleteOnClose);
     frm->exec();
+    return last;
+}
+
+std::optional<weld::SolveResult> CapacityWindow::LastRun() const {
+    if (!lastRun_) return std::nullopt;
+    weld::SolveResult r = *lastRun_;
+    const double scale = ShownScale();
+    r.Value *= scale;
+    for (shell::ElementForce& e : r.Forces) e.Force *= scale;
+    return r;
 }
 
 bool CapacityWindow::RunActive() const { return run_.Active(); }
@@ -184,13 +196,16 @@ void CapacityWindow::Run_CapacityIteration() {
     weld::SolveOptions options;
     WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), options.SegmentsPerInch);
     options.Model = shell::SolverModelOf(ModelBox);
+    options.WithForces = true;
     run_.BeginRun();
+    lastRun_.reset();
     const auto result = run_.Run([&](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
         return weld::Solve_Layout(doc_, options, state, hooks);
     });
     if (!result) return;
     UnitCapacity = result->Value;
     if (!run_.EndRun(*result, UnitCapacity * ShownScale()).Converged) return;
+    lastRun_ = *result;
     // The value of the same group and load by the model it is checked against, in kips as shown.
     if (auto check = weld::CrossCheck(weld::Layout_Group(doc_), options))
         run_.Check()->Check(UnitCapacity, std::move(check), QStringLiteral("kips"), 2, ShownScale());

@@ -5,8 +5,10 @@
 #pragma once
 
 #include <QDialog>
+#include <optional>
 
 #include "board/core/LayoutDocument.h"
+#include "weld/core/WeldSolve.h"
 #include "weld/core/RunControl.h"
 #include "weld/ui/RunPanel.h"
 
@@ -21,8 +23,10 @@ public:
     ~CapacityWindow() override;
 
     // Shows the window modally and deletes it when it closes; the run starts
-    // as soon as it is shown.
-    static void ShowModal(const Layout::LayoutDocument& doc, QWidget* parent);
+    // as soon as it is shown. Gives the last converged run, its capacity and
+    // forces in the kips shown when the window closed.
+    static std::optional<weld::SolveResult> ShowModal(const Layout::LayoutDocument& doc, QWidget* parent);
+    std::optional<weld::SolveResult> LastRun() const;
 
     // Whether a run is on the stack (tests and the main window's closing).
     bool RunActive() const;
@@ -65,6 +69,7 @@ private:
     double WeldSizeInches = 0.25;
     double ElectrodeStrength = 90.0;
     bool activated_ = false;
+    std::optional<weld::SolveResult> lastRun_;  // the last converged run, at Fexx = D = 1
 
     QComboBox* WeldStripBox = nullptr;
     QComboBox* ElectrodeBox = nullptr;

@@ -13,6 +13,7 @@
 #include "shell/ui/GridEditor.h"
 #include "shell/ui/QtText.h"
 #include "board/ui/CapacityWindow.h"
+#include "board/core/CapacityHandOver.h"
 
 namespace {
 
@@ -115,5 +116,9 @@ void MainWindow::CalcWeldCapButton_Click() {
     if (!EcButton_Click() || !RotButton_Click()) return;
     // The capacity window changes nothing on the board: its closing asks for no repaint.
     Board_Changed = false;
-    CapacityWindow::ShowModal(doc_, this);
+    const weld::LoadedGroup group = weld::Layout_Group(doc_);
+    if (const auto run = CapacityWindow::ShowModal(doc_, this)) {
+        board_->Show_Results(*run, group);
+        SyncUi();
+    }
 }
