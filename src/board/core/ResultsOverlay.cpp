@@ -43,11 +43,11 @@ bool Results_Current(const Layout::LayoutDocument& doc, const RunResults& r) {
     return r.Valid && doc.Load.LoadSide == r.LoadSide && Same(weld::Layout_Group(doc), r.Group);
 }
 
-ResultPicture::Labels Results_Labels(const RunResults& r) {
-    // The center as the board shows the group: a left load was solved mirrored.
-    const double x = r.LoadSide == 0 ? -r.Record.CenterX : r.Record.CenterX;
-    return {"IC  x = " + Length(x) + "   y = " + Length(r.Record.CenterY),
-            "Max. force = " + prim::Format(ResultPicture::Largest(r.Record), "0.000") + " k/in"};
+ResultPicture::Labels Results_Labels(const shell::SolveRecord& run, int16_t loadSide) {
+    // A left load was solved mirrored.
+    const double x = loadSide == 0 ? -run.CenterX : run.CenterX;
+    return {"IC  x = " + Length(x) + "   y = " + Length(run.CenterY),
+            "Max. force = " + prim::Format(ResultPicture::Largest(run), "0.000") + " k/in"};
 }
 
 void Draw_Run_Results(board::DrawSurface& s, const Layout::LayoutDocument& doc, double cx, double cy, RunResults& r) {
@@ -58,7 +58,7 @@ void Draw_Run_Results(board::DrawSurface& s, const Layout::LayoutDocument& doc, 
     r.Where.OriginY = cy;
     r.Where.Scale = static_cast<double>(doc.ZoomBase) * doc.ZoomScale;
     r.Where.MirrorX = r.LoadSide == 0;
-    ResultPicture::Draw_Results(s, r.Record, r.Where, Results_Labels(r));
+    ResultPicture::Draw_Results(s, r.Record, r.Where, Results_Labels(r.Record, r.LoadSide));
     r.Drawn = true;
 }
 

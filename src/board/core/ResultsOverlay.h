@@ -35,8 +35,10 @@ bool Results_Current(const Layout::LayoutDocument& doc, const RunResults& r);
 // stands at (cx, cy), when they are kept, current and shown; drops them
 // when they are no longer current.
 void Draw_Run_Results(board::DrawSurface& s, const Layout::LayoutDocument& doc, double cx, double cy, RunResults& r);
-// The texts of the center's mark and of the legend.
-ResultPicture::Labels Results_Labels(const RunResults& r);
+// The texts of the center's mark (feet and inches from the center of
+// gravity, as the board shows the group) and of the legend, for a run whose
+// load stood on `loadSide`.
+ResultPicture::Labels Results_Labels(const shell::SolveRecord& run, int16_t loadSide);
 // The tool tip of the segment under (x, y) on the display: its line's name,
 // its force in kips and kips per inch, its angle to the weld and its share of
 // the ultimate deformation; empty away from any segment.

@@ -13,8 +13,10 @@
 #include <QVBoxLayout>
 
 #include "board/core/CapacityHandOver.h"
+#include "board/core/ResultsOverlay.h"
 #include "shell/ui/ModelCheckLine.h"
 #include "shell/ui/QtText.h"
+#include "shell/ui/ResultPictureView.h"
 #include "shell/ui/SettingsStore.h"
 #include "shell/ui/SolverModelBox.h"
 #include "weld/core/WeldStrength.h"
@@ -35,21 +37,26 @@ void Fill(QComboBox* box, const auto& items) {
 // A saved list index, clamped from above; a negative one is not clamped and
 // cannot be set, so the box keeps what it has.
 void ApplySaved(QComboBox* box, const SavedIndex& setting) {
-    const int saved = settings::GetSettingInt(settings::ProgramTitle(), Section(),
-                                              FromView(setting.key), setting.defaultValue);
+    const int saved =
+        settings::GetSettingInt(settings::ProgramTitle(), Section(), FromView(setting.key), setting.defaultValue);
     const int index = static_cast<int>(WeldStrength::ClampSaved(setting, saved));
     if (index >= 0 && index < box->count()) box->setCurrentIndex(index);
 }
 
+// The board's group as the solver takes it.
+ResultPicture::Outline Outline(const Layout::LayoutDocument& doc) {
+    ResultPicture::Outline o;
+    for (const weld::WeldLineRec& l : weld::Layout_Group(doc).Lines) o.Lines.push_back({l.x1, l.y1, l.x2, l.y2});
+    return o;
+}
+
 void Save(const SavedIndex& setting, int16_t value) {
-    settings::SaveSetting(settings::ProgramTitle(), Section(), FromView(setting.key),
-                          QString::number(value));
+    settings::SaveSetting(settings::ProgramTitle(), Section(), FromView(setting.key), QString::number(value));
 }
 
 }  // namespace
 
-CapacityWindow::CapacityWindow(const Layout::LayoutDocument& doc, QWidget* parent)
-    : QDialog(parent), doc_(doc) {
+CapacityWindow::CapacityWindow(const Layout::LayoutDocument& doc, QWidget* parent) : QDialog(parent), doc_(doc) {
     setObjectName(QStringLiteral("CalculateFrm"));
     setWindowTitle(QStringLiteral("Weld Group Capacity"));
     setSizeGripEnabled(true);
@@ -123,8 +130,15 @@ void CapacityWindow::BuildControls() {
     left->addWidget(run_.ClearButton());
     left->addStretch(1);
 
+    // Beside the display, the group with the center and forces of the run.
+    picture_ = new ResultPictureView(this);
+    picture_->setMinimumSize(display->minimumHeight(), display->minimumHeight());
+    picture_->SetGroup(Outline(doc_), doc_.Load.LoadSide == 0);
+    auto* shown = new QHBoxLayout;
+    shown->addWidget(display, 1);
+    shown->addWidget(picture_, 1);
     auto* right = new QVBoxLayout;
-    right->addWidget(display, 1);
+    right->addLayout(shown, 1);
     right->addWidget(elapsed);
 
     auto* top = new QHBoxLayout;
@@ -199,10 +213,19 @@ void CapacityWindow::Run_CapacityIteration() {
     options.WithForces = true;
     run_.BeginRun();
     lastRun_.reset();
+    picture_->ClearResults();
+    liveClock_.invalidate();
     const auto result = run_.Run([&](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
-        return weld::Solve_Layout(doc_, options, state, hooks);
+        weld::WeldRunHooks live = hooks;
+        live.Display = [&](const weld::PassShown& pass) {
+            if (hooks.Display) hooks.Display(pass);
+            Show_Pass(pass);
+        };
+        return weld::Solve_Layout(doc_, options, state, live);
     });
     if (!result) return;
+    // The end of the run as it stands: converged, or frozen where it stopped.
+    Show_Record(*result);
     UnitCapacity = result->Value;
     if (!run_.EndRun(*result, UnitCapacity * ShownScale()).Converged) return;
     lastRun_ = *result;
@@ -211,14 +234,32 @@ void CapacityWindow::Run_CapacityIteration() {
         run_.Check()->Check(UnitCapacity, std::move(check), QStringLiteral("kips"), 2, ShownScale());
 }
 
+void CapacityWindow::Show_Pass(const weld::PassShown& pass) {
+    if (liveClock_.isValid() && liveClock_.elapsed() < 100) return;
+    liveClock_.start();
+    shell::SolveRecord r;
+    r.CenterX = pass.X;
+    r.CenterY = pass.Y;
+    r.CenterAtInfinity = !pass.Computed;
+    if (pass.Forces) r.Forces = pass.Forces();
+    Show_Record(std::move(r));
+}
+
+void CapacityWindow::Show_Record(shell::SolveRecord record) {
+    const double scale = ShownScale();
+    for (shell::ElementForce& e : record.Forces) e.Force *= scale;
+    picture_->SetResults(record, CalculationView::Results_Labels(record, doc_.Load.LoadSide));
+}
+
 double CapacityWindow::ShownScale() const { return ElectrodeStrength * WeldSizeInches * MethodFactor; }
 
 void CapacityWindow::RewriteCapacity() {
     run_.Check()->Rescale(ShownScale());
     if (run_.Result()->text().trimmed().isEmpty()) return;
-    SetResultBox(run_.Result(), Q(WeldStrength::CapacityText(WeldStrength::DisplayedCapacity(ElectrodeStrength, UnitCapacity,
-                                                                          WeldSizeInches, MethodFactor))),
-            false);
+    SetResultBox(run_.Result(),
+                 Q(WeldStrength::CapacityText(
+                     WeldStrength::DisplayedCapacity(ElectrodeStrength, UnitCapacity, WeldSizeInches, MethodFactor))),
+                 false);
 }
 
 // A new electrode or weld size rescales the result shown; a stopped run can

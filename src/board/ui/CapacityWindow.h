@@ -5,15 +5,17 @@
 #pragma once
 
 #include <QDialog>
+#include <QElapsedTimer>
 #include <optional>
 
 #include "board/core/LayoutDocument.h"
-#include "weld/core/WeldSolve.h"
 #include "weld/core/RunControl.h"
+#include "weld/core/WeldSolve.h"
 #include "weld/ui/RunPanel.h"
 
 class QComboBox;
 class QLabel;
+class ResultPictureView;
 
 class CapacityWindow : public QDialog {
     Q_OBJECT
@@ -55,6 +57,9 @@ private:
     double ShownScale() const;
 
     void ApplyControls();
+    // The live picture: a pass at most every 100 ms, and the run's end.
+    void Show_Pass(const weld::PassShown& pass);
+    void Show_Record(shell::SolveRecord record);
 
     Layout::LayoutDocument doc_;
     // Run buttons, display, elapsed caption and CBox.
@@ -77,4 +82,6 @@ private:
     QComboBox* DesignMethodBox = nullptr;
     QComboBox* ModelBox = nullptr;
     QLabel* MethodLabel = nullptr;
+    ResultPictureView* picture_ = nullptr;
+    QElapsedTimer liveClock_;
 };

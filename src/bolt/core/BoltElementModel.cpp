@@ -58,6 +58,8 @@ void BoltForces(const Bolts& b, const shell::LoadFrame& frame, const shell::Moti
         const double ux = m.vx - m.w * b.y[i], uy = m.vy + m.w * b.x[i], r = std::hypot(ux, uy);
         shell::ElementForce e;
         frame.BackVector(b.x[i], b.y[i], e.X, e.Y);
+        e.ArmX = e.X;
+        e.ArmY = e.Y;
         e.Line = static_cast<int32_t>(i);
         e.Deformation = r / rmax;
         if (r > 0.0) {

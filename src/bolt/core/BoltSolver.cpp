@@ -63,7 +63,8 @@ void PassForces(const std::vector<BoltRec>& bolts, int16_t m, int16_t n, double 
         if (!(d > 0.0) || !(dmax > 0.0)) return;
         const double R = 74.0 * std::pow(1.0 - std::exp(-10.0 * d * 0.34 / dmax), 0.55);
         const double fu = dv / d, fv = -du / d;
-        out.push_back({x0, y0, R / Rmax, s * fv * cosA + fu * sinA, fu * cosA - s * fv * sinA, 0.0, k, 0.0, d / dmax});
+        out.push_back(
+            {x0, y0, x0, y0, R / Rmax, s * fv * cosA + fu * sinA, fu * cosA - s * fv * sinA, 0.0, k, 0.0, d / dmax});
     });
 }
 
@@ -91,7 +92,7 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
     if (e == 0.0) {
         if (forces != nullptr)
             LayOut(m, n, sv, sh, [&](int32_t k, double y0, double x0) {
-                forces->push_back({x0, y0, 1.0, sinA, cosA, 0.0, k, 0.0, 1.0});
+                forces->push_back({x0, y0, x0, y0, 1.0, sinA, cosA, 0.0, k, 0.0, 1.0});
             });
         return count;
     }

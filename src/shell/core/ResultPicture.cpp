@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <unordered_map>
 
 namespace ResultPicture {
@@ -69,6 +70,29 @@ void TextAt(DrawSurface& s, double x, double y, const std::string& text, uint32_
     s.Print(text);
 }
 
+// The place of the center's text: of the four corners around the mark, the
+// one inside the surface that covers the fewest element midpoints.
+void LabelPlace(DrawSurface& s, const SolveRecord& r, const Placement& p, double x, double y, double a,
+                const std::string& text, double& tx, double& ty) {
+    const double w = s.TextWidth(text), h = s.TextHeight();
+    const double places[4][2] = {
+        {x + a, y + a * 0.5}, {x - a - w, y + a * 0.5}, {x + a, y - a - h}, {x - a - w, y - a - h}};
+    size_t best = SIZE_MAX;
+    for (const auto& at : places) {
+        size_t cost =
+            at[0] < 0.0 || at[1] < 0.0 || at[0] + w > s.ScaleWidth() || at[1] + h > s.ScaleHeight() ? 100000 : 0;
+        for (const ElementForce& e : r.Forces) {
+            const double ex = p.X(e.X), ey = p.Y(e.Y);
+            cost += ex > at[0] - 0.03 && ex < at[0] + w + 0.03 && ey > at[1] - 0.03 && ey < at[1] + h + 0.03;
+        }
+        if (cost < best) {
+            best = cost;
+            tx = at[0];
+            ty = at[1];
+        }
+    }
+}
+
 }  // namespace
 
 double Intensity(const ElementForce& e) { return e.Length > 0.0 ? e.Force / e.Length : e.Force; }
@@ -113,10 +137,10 @@ void Draw_Results(DrawSurface& s, const SolveRecord& r, const Placement& p, cons
             s.Line(x - a, y, x + a, y, kCenterColor);
             s.Line(x, y - a, x, y + a, kCenterColor);
             s.Circle(x, y, a * 0.6, kCenterColor);
-            // The text on the side away from the centroid, below the mark.
             if (!labels.Center.empty()) {
-                const double w = s.TextWidth(labels.Center);
-                TextAt(s, x < p.OriginX ? x - a - w : x + a, y + a * 0.5, labels.Center, kCenterColor);
+                double tx = 0.0, ty = 0.0;
+                LabelPlace(s, r, p, x, y, a, labels.Center, tx, ty);
+                TextAt(s, tx, ty, labels.Center, kCenterColor);
             }
         }
     }
@@ -190,12 +214,14 @@ Placement Fit(const Outline& o, const SolveRecord& r, double w, double h, bool m
     }
     // Room for the arrows around the group.
     const double margin = kLongestArrow * std::min(w, h) + 0.1;
+    // The legend's band along the lower edge stays clear of the group.
+    const double legend = 0.4, above = h - legend;
     Placement p;
     p.MirrorX = mirrorX;
-    p.Scale = std::min((w - 2 * margin) / std::max(x1 - x0, 1e-9), (h - 2 * margin) / std::max(y1 - y0, 1e-9));
+    p.Scale = std::min((w - 2 * margin) / std::max(x1 - x0, 1e-9), (above - 2 * margin) / std::max(y1 - y0, 1e-9));
     if (!(p.Scale > 0.0) || !std::isfinite(p.Scale)) p.Scale = 1.0;
     p.OriginX = w / 2 - p.Scale * (x0 + x1) / 2;
-    p.OriginY = h / 2 + p.Scale * (y0 + y1) / 2;
+    p.OriginY = above / 2 + p.Scale * (y0 + y1) / 2;
     return p;
 }
 

@@ -228,9 +228,9 @@ bool SegmentForce(const WeldSegmentRec& s, double RatioCrit, double DeltaMMax, d
 // axes (the pass's center at (cx, cy) there). A segment pushes at right
 // angles to its radius, in the sense the load turns the group; `given` maps
 // each prepared line to its index in the group as given.
-std::vector<shell::ElementForce> PassForces(const WeldSegmentTable& segs, double RatioCrit, double DeltaMMax,
-                                            double Fexx, double D, double sgn, double cosNegA, double sinNegA,
-                                            double cx, double cy, const std::vector<int32_t>& given) {
+std::vector<shell::ElementForce> PassForces(const WeldLineTable& lines, const WeldSegmentTable& segs, double RatioCrit,
+                                            double DeltaMMax, double Fexx, double D, double sgn, double cosNegA,
+                                            double sinNegA, double cx, double cy, const std::vector<int32_t>& given) {
     auto back = [&](double x, double y, double& gx, double& gy) {
         gx = x * sgn * cosNegA - y * sinNegA;
         gy = x * sgn * sinNegA + y * cosNegA;
@@ -241,13 +241,20 @@ std::vector<shell::ElementForce> PassForces(const WeldSegmentTable& segs, double
         double R = 0.0;
         if (s.r == 0.0 || !SegmentForce(s, RatioCrit, DeltaMMax, Fexx, D, R)) continue;
         shell::ElementForce e;
-        back(s.dX, s.dY, e.X, e.Y);
+        back(s.dX, s.dY, e.ArmX, e.ArmY);
+        e.ArmX += cx;
+        e.ArmY += cy;
+        // A falling inclined line had its segments laid below it by its rise.
+        const size_t line = static_cast<size_t>(s.LineNo - 1);
+        double rise = 0.0;
+        if (line < lines.size() && s.LineAngle != 0.0 && s.LineAngle != kHalfPi && lines[line].Slope < 0)
+            rise = std::fabs(lines[line].y2 - lines[line].y1);
+        back(s.dX, s.dY + rise, e.X, e.Y);
         e.X += cx;
         e.Y += cy;
         back(-s.dY / s.r, s.dX / s.r, e.DirX, e.DirY);
         e.Force = R;
         e.Length = s.SegLength;
-        const size_t line = static_cast<size_t>(s.LineNo - 1);
         e.Line = line < given.size() ? given[line] : s.LineNo - 1;
         e.Theta = Degrees(s.Theta);
         if (s.DeltaU != 0.0) e.Deformation = RatioCrit * s.r / s.DeltaU;
@@ -296,8 +303,10 @@ double Locate_InstantaneousCenter(const LoadedGroup& group, const SolveOptions& 
     state.DisplayClearTime = state.IterationStartTime;
     state.DisplayClearCount = 0;
 
-    auto show = [&](double x, double y, bool computed) {
-        if (hooks.Display) hooks.Display(PassShown{rep.Passes, x, y, options.DisplayDivisor, angle, computed});
+    using ForcesFn = std::function<std::vector<shell::ElementForce>()>;
+    auto show = [&](double x, double y, bool computed, ForcesFn forces = {}) {
+        if (hooks.Display)
+            hooks.Display(PassShown{rep.Passes, x, y, options.DisplayDivisor, angle, computed, std::move(forces)});
     };
 
     double a = 0.0, armEx = 0.0;
@@ -386,6 +395,13 @@ double Locate_InstantaneousCenter(const LoadedGroup& group, const SolveOptions& 
 
     WeldSegmentTable segs;
     segs.reserve(static_cast<size_t>(bound) + 1);
+    // The forces of the pass just run, for the display and the result.
+    const std::vector<int32_t> given =
+        options.WithForces ? GivenIndex(group.Lines, work.size(), spi) : std::vector<int32_t>{};
+    auto passForces = [&] {
+        return PassForces(work, segs, RatioCrit, DeltaMMax, Fexx, D, sgn, cosNegA, sinNegA, xR, yR, given);
+    };
+    auto forcesShown = [&]() -> ForcesFn { return options.WithForces ? ForcesFn(passForces) : ForcesFn(); };
     shell::Settling settling(kWeldSettling);
 
     for (;;) {
@@ -435,7 +451,7 @@ double Locate_InstantaneousCenter(const LoadedGroup& group, const SolveOptions& 
         rep.CenterX = xR;
         rep.CenterY = yR;
         rep.Segments = n;
-        show(xR, yR, true);
+        show(xR, yR, true, forcesShown());
 
         Div(SumR2, n * SumM, kCorr);
         // The factor is exactly 1 until the run swings into a cycle.
@@ -456,11 +472,9 @@ double Locate_InstantaneousCenter(const LoadedGroup& group, const SolveOptions& 
         YieldNow(hooks);
     }
     rep.Relaxation = settling.Factor();
-    if (options.WithForces && rep.Passes > 0)
-        rep.Forces = PassForces(segs, RatioCrit, DeltaMMax, Fexx, D, sgn, cosNegA, sinNegA, xR, yR,
-                                GivenIndex(group.Lines, work.size(), spi));
+    if (options.WithForces && rep.Passes > 0) rep.Forces = passForces();
 
-    show(xR, yR, true);
+    show(xR, yR, true, rep.Passes > 0 ? forcesShown() : ForcesFn());
     double capacity = 0.0;
     Let(capacity, (Pm + SumFy) / 2);
     return capacity;

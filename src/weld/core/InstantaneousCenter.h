@@ -75,6 +75,9 @@ struct PassShown {
     double Divisor = 1.0;  // the display divides the coordinates by this
     double Angle = 0.0;    // load angle, degrees
     bool Computed = true;  // false on the concentric path: no center was computed
+    // The force on every segment of this pass, about its center; set only
+    // when the options ask WithForces, and good only during the call.
+    std::function<std::vector<shell::ElementForce>()> Forces;
 };
 
 // Callbacks of a run. Empty functions are not called.

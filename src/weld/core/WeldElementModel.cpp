@@ -87,6 +87,8 @@ std::vector<shell::ElementForce> ElementForces(const WeldKernel::Elements& el, c
             const double theta = std::atan2(std::fabs(B), std::fabs(A)) * kDeg;
             shell::ElementForce e;
             frame.BackVector(el.x[i], el.y[i], e.X, e.Y);
+            e.ArmX = e.X;
+            e.ArmY = e.Y;
             e.Length = len / static_cast<double>(n);
             e.Line = static_cast<int32_t>(line);
             e.Theta = theta;

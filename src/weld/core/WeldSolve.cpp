@@ -99,6 +99,8 @@ SolveResult Solve(const StandardConfig& config, const SolveOptions& options, Wel
         for (shell::ElementForce& e : r.Forces) {
             e.X /= shape.Scale;
             e.Y /= shape.Scale;
+            e.ArmX /= shape.Scale;
+            e.ArmY /= shape.Scale;
         }
     }
     return r;

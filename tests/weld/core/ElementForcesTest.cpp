@@ -71,7 +71,7 @@ TEST(ElementForces, ForcesBalanceTheLoad) {
         for (const shell::ElementForce& e : r.Forces) {
             fx += e.Force * e.DirX;
             fy += e.Force * e.DirY;
-            m += (e.X - r.CenterX) * e.Force * e.DirY - (e.Y - r.CenterY) * e.Force * e.DirX;
+            m += (e.ArmX - r.CenterX) * e.Force * e.DirY - (e.ArmY - r.CenterY) * e.Force * e.DirX;
         }
         const double loadMoment = (lx - r.CenterX) * py - (ly - r.CenterY) * px;
         const double tol = model == SolverModel::Iterative ? 1e-5 : 1e-6 * r.Value;
