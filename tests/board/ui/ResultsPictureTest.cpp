@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTest>
 
@@ -48,6 +50,15 @@ TEST(ResultsPicture, CenterMarkFollowsTheRunTheToggleAndTheLayout) {
     EXPECT_TRUE(MarkAt(w));
     if (const QString dir = qEnvironmentVariable("FERROLITH_SHOTS"); !dir.isEmpty())
         w.grab().save(dir + "/board-results-x" + qEnvironmentVariable("QT_SCALE_FACTOR", "1") + ".png");
+
+    // Over a segment the tool tip tells its line and force.
+    const shell::ElementForce& e = r.Record.Forces.front();
+    BoardSurface& b = w.Surface();
+    const QPointF at(r.Where.X(e.X) * b.logicalDpiX(), r.Where.Y(e.Y) * b.logicalDpiY());
+    QMouseEvent move(QEvent::MouseMove, at, b.mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&b, &move);
+    EXPECT_TRUE(b.toolTip().startsWith(QString::fromStdString(w.Document().Lines[e.Line].LineName) + "\nForce = "));
+    EXPECT_TRUE(b.toolTip().contains("k/in"));
 
     QAction* show = w.findChild<QAction*>("mnuShowResults");
     show->trigger();
