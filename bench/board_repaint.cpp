@@ -8,6 +8,9 @@
 #include "board/ui/BoardSurface.h"
 #include "board/core/Viewport.h"
 #include "board/core/LayoutRender.h"
+#include "board/core/BoardState.h"
+#include "board/core/CalculationDisplay.h"
+#include "board/core/CapacityHandOver.h"
 
 using Layout::LayoutDocument;
 
@@ -71,6 +74,55 @@ void BM_Intersections(benchmark::State& state) {
         Viewport::Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound);
 }
 BENCHMARK(BM_Intersections)->Unit(benchmark::kMillisecond);
+
+// The calculation display of the same 1,000 lines drawn anew (the fit, the
+// center of gravity, the labels, the load) with the last run's center and
+// forces over it (Arg 1) and without them (Arg 0). The forces come from one
+// solve of the element model at 8 segments per inch.
+void BM_CalculationRepaint(benchmark::State& state) {
+    BoardSurface surface;
+    surface.resize(surface.minimumSize());
+    LayoutDocument doc = BigLayout();
+    BoardState::Board board(doc, surface);
+    board.Set_Mode(BoardState::CALCULATION);
+    weld::SolveOptions options;
+    options.Model = shell::SolverModel::AiscElement;
+    options.SegmentsPerInch = 8;
+    options.WithForces = true;
+    const weld::LoadedGroup group = weld::Layout_Group(doc);
+    board.Show_Results(weld::Solve(group, options), group);
+    board.Set_Show_Results(state.range(0) != 0);
+    for (auto _ : state) {
+        board.RefreshButton_Click();
+        benchmark::DoNotOptimize(surface.Image().constBits());
+    }
+    const CalculationView::RunResults& r = board.Load_Inputs().Results;
+    state.counters["drawn"] = r.Drawn ? 1 : 0;
+    state.counters["forces"] = static_cast<double>(r.Record.Forces.size());
+}
+BENCHMARK(BM_CalculationRepaint)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// The results alone, drawn over the display the board already shows.
+void BM_ResultsOverlay(benchmark::State& state) {
+    BoardSurface surface;
+    surface.resize(surface.minimumSize());
+    LayoutDocument doc = BigLayout();
+    BoardState::Board board(doc, surface);
+    board.Set_Mode(BoardState::CALCULATION);
+    weld::SolveOptions options;
+    options.Model = shell::SolverModel::AiscElement;
+    options.SegmentsPerInch = 8;
+    options.WithForces = true;
+    const weld::LoadedGroup group = weld::Layout_Group(doc);
+    board.Show_Results(weld::Solve(group, options), group);
+    CalculationView::RunResults r = board.Load_Inputs().Results;
+    for (auto _ : state) {
+        CalculationView::Draw_Run_Results(surface, doc, r.Where.OriginX, r.Where.OriginY, r);
+        benchmark::DoNotOptimize(surface.Image().constBits());
+    }
+    state.counters["drawn"] = r.Drawn ? 1 : 0;
+}
+BENCHMARK(BM_ResultsOverlay)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
