@@ -2,6 +2,7 @@
 
 #include "bolt/core/BoltElementModel.h"
 #include "bolt/core/BoltSolver.h"
+#include "shell/core/Primitives.h"
 
 namespace bolt {
 
@@ -48,6 +49,21 @@ SolveResult Solve(const BoltPattern& pattern, const BoltLoad& load, const SolveO
                   const shell::YieldFn& yield) {
     if (options.Model == SolverModel::AiscElement) return ByElements(pattern, load, options.WithForces);
     return ByIteration(pattern, load, yield, options.WithForces);
+}
+
+ResultPicture::Outline Pattern_Outline(const BoltPattern& g) {
+    ResultPicture::Outline o;
+    if (g.M < 1 || g.N < 1 || static_cast<int32_t>(g.M) * g.N > 32767) return o;
+    for (int32_t i = 0; i < g.M; ++i)
+        for (int32_t j = 0; j < g.N; ++j)
+            o.Bolts.push_back({g.Sh * j - g.Sh * (g.N - 1) / 2.0, g.Sv * i - g.Sv * (g.M - 1) / 2.0});
+    return o;
+}
+
+ResultPicture::Labels Pattern_Labels(const SolveResult& r) {
+    if (r.Forces.empty()) return {};
+    return {"IC  x = " + prim::Format(r.CenterX, "0.000") + "\"   y = " + prim::Format(r.CenterY, "0.000") + "\"",
+            "Max. bolt force = " + prim::Format(ResultPicture::Largest(r), "0.000") + " Rult"};
 }
 
 std::function<std::optional<double>()> CrossCheck(const BoltPattern& pattern, const BoltLoad& load,

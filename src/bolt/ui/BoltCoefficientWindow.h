@@ -15,6 +15,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class ResultPictureView;
 namespace shell {
 class ModelCheckLine;
 }
@@ -23,8 +24,7 @@ class BoltCoefficientWindow : public QWidget {
     Q_OBJECT
 public:
     // `records` is the program's array of bolt rows; it outlives the window.
-    explicit BoltCoefficientWindow(std::vector<BoltRows::BoltRecord>& records,
-                         QWidget* parent = nullptr);
+    explicit BoltCoefficientWindow(std::vector<BoltRows::BoltRecord>& records, QWidget* parent = nullptr);
     ~BoltCoefficientWindow() override;
 
     // Path of the data file in the program's data folder.
@@ -50,6 +50,8 @@ private:
     int CountEntries() const;
     void RestoreRow(int row);
     void ShowSelection();
+    // The selected row's pattern with the center and the force on each bolt.
+    void ShowPattern();
     void CheckRow();
     void StyleDataRow(int row);
 
@@ -74,9 +76,9 @@ private:
     float Rows = 16.0f;
     bool RowClicked = false;
 
-    CellGrid* CaseGrid = nullptr;    // one bolt group and load a row ("cFlex")
-    CellGrid* GroupStrip = nullptr;  // the current row's m, n, sv, sh ("ccFlex")
-    CellGrid* LoadStrip = nullptr;   // its ex, angle, C, C' ("xxFlex")
+    CellGrid* CaseGrid = nullptr;     // one bolt group and load a row ("cFlex")
+    CellGrid* GroupStrip = nullptr;   // the current row's m, n, sv, sh ("ccFlex")
+    CellGrid* LoadStrip = nullptr;    // its ex, angle, C, C' ("xxFlex")
     QLineEdit* CellEditor = nullptr;  // the floating editor over a cell ("EdiTxt")
     QPushButton* SaveButton = nullptr;
     QPushButton* ClearButton = nullptr;
@@ -85,6 +87,7 @@ private:
     QComboBox* ModelBox = nullptr;
     QLabel* StatusLine = nullptr;
     shell::ModelCheckLine* ModelCheck = nullptr;
+    ResultPictureView* Pattern = nullptr;
     QString checkedKey_;  // the case the check line shows or is solving
     QSize preferredGrid_;
 

@@ -70,20 +70,26 @@ void TextAt(DrawSurface& s, double x, double y, const std::string& text, uint32_
     s.Print(text);
 }
 
-// The place of the center's text: of the four corners around the mark, the
-// one inside the surface that covers the fewest element midpoints.
-void LabelPlace(DrawSurface& s, const SolveRecord& r, const Placement& p, double x, double y, double a,
+// The place of the center's text: of the four corners around the mark and
+// the two upper corners of the surface (these a little less wanted), the one
+// inside the surface that covers the fewest element midpoints.
+void LabelPlace(DrawSurface& s, const SolveRecord& r, const Placement& p, double x, double y, double a, double arrow,
                 const std::string& text, double& tx, double& ty) {
-    const double w = s.TextWidth(text), h = s.TextHeight();
-    const double places[4][2] = {
-        {x + a, y + a * 0.5}, {x - a - w, y + a * 0.5}, {x + a, y - a - h}, {x - a - w, y - a - h}};
+    const double w = s.TextWidth(text), h = s.TextHeight(), W = s.ScaleWidth(), m = 0.04;
+    const double places[6][2] = {
+        {x + a, y + a * 0.5}, {x - a - w, y + a * 0.5}, {x + a, y - a - h}, {x - a - w, y - a - h}, {m, m},
+        {W - w - m, m}};
     size_t best = SIZE_MAX;
-    for (const auto& at : places) {
-        size_t cost =
-            at[0] < 0.0 || at[1] < 0.0 || at[0] + w > s.ScaleWidth() || at[1] + h > s.ScaleHeight() ? 100000 : 0;
+    for (size_t k = 0; k < 6; ++k) {
+        const double* at = places[k];
+        size_t cost = at[0] < 0.0 || at[1] < 0.0 || at[0] + w > W || at[1] + h > s.ScaleHeight() ? 100000 : k / 4;
+        auto covers = [&](double ex, double ey) {
+            return ex > at[0] - 0.03 && ex < at[0] + w + 0.03 && ey > at[1] - 0.03 && ey < at[1] + h + 0.03;
+        };
+        // The midpoints and the arrows' tips (arrow: length per intensity).
         for (const ElementForce& e : r.Forces) {
-            const double ex = p.X(e.X), ey = p.Y(e.Y);
-            cost += ex > at[0] - 0.03 && ex < at[0] + w + 0.03 && ey > at[1] - 0.03 && ey < at[1] + h + 0.03;
+            const double ex = p.X(e.X), ey = p.Y(e.Y), l = arrow * Intensity(e);
+            cost += 2 * covers(ex, ey) + covers(ex + (p.MirrorX ? -e.DirX : e.DirX) * l, ey - e.DirY * l);
         }
         if (cost < best) {
             best = cost;
@@ -139,7 +145,9 @@ void Draw_Results(DrawSurface& s, const SolveRecord& r, const Placement& p, cons
             s.Circle(x, y, a * 0.6, kCenterColor);
             if (!labels.Center.empty()) {
                 double tx = 0.0, ty = 0.0;
-                LabelPlace(s, r, p, x, y, a, labels.Center, tx, ty);
+                const double most = Largest(r);
+                LabelPlace(s, r, p, x, y, a, most > 0.0 ? kLongestArrow * std::min(W, H) / most : 0.0, labels.Center,
+                           tx, ty);
                 TextAt(s, tx, ty, labels.Center, kCenterColor);
             }
         }
