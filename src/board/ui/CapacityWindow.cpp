@@ -14,9 +14,9 @@
 
 #include "board/core/CapacityHandOver.h"
 #include "board/core/ResultsOverlay.h"
+#include "shell/ui/ResultPictureView.h"
 #include "shell/ui/ModelCheckLine.h"
 #include "shell/ui/QtText.h"
-#include "shell/ui/ResultPictureView.h"
 #include "shell/ui/SettingsStore.h"
 #include "shell/ui/SolverModelBox.h"
 #include "weld/core/WeldStrength.h"
@@ -37,8 +37,8 @@ void Fill(QComboBox* box, const auto& items) {
 // A saved list index, clamped from above; a negative one is not clamped and
 // cannot be set, so the box keeps what it has.
 void ApplySaved(QComboBox* box, const SavedIndex& setting) {
-    const int saved =
-        settings::GetSettingInt(settings::ProgramTitle(), Section(), FromView(setting.key), setting.defaultValue);
+    const int saved = settings::GetSettingInt(settings::ProgramTitle(), Section(),
+                                              FromView(setting.key), setting.defaultValue);
     const int index = static_cast<int>(WeldStrength::ClampSaved(setting, saved));
     if (index >= 0 && index < box->count()) box->setCurrentIndex(index);
 }
@@ -51,12 +51,14 @@ ResultPicture::Outline Outline(const Layout::LayoutDocument& doc) {
 }
 
 void Save(const SavedIndex& setting, int16_t value) {
-    settings::SaveSetting(settings::ProgramTitle(), Section(), FromView(setting.key), QString::number(value));
+    settings::SaveSetting(settings::ProgramTitle(), Section(), FromView(setting.key),
+                          QString::number(value));
 }
 
 }  // namespace
 
-CapacityWindow::CapacityWindow(const Layout::LayoutDocument& doc, QWidget* parent) : QDialog(parent), doc_(doc) {
+CapacityWindow::CapacityWindow(const Layout::LayoutDocument& doc, QWidget* parent)
+    : QDialog(parent), doc_(doc) {
     setObjectName(QStringLiteral("CalculateFrm"));
     setWindowTitle(QStringLiteral("Weld Group Capacity"));
     setSizeGripEnabled(true);
@@ -256,10 +258,9 @@ double CapacityWindow::ShownScale() const { return ElectrodeStrength * WeldSizeI
 void CapacityWindow::RewriteCapacity() {
     run_.Check()->Rescale(ShownScale());
     if (run_.Result()->text().trimmed().isEmpty()) return;
-    SetResultBox(run_.Result(),
-                 Q(WeldStrength::CapacityText(
-                     WeldStrength::DisplayedCapacity(ElectrodeStrength, UnitCapacity, WeldSizeInches, MethodFactor))),
-                 false);
+    SetResultBox(run_.Result(), Q(WeldStrength::CapacityText(WeldStrength::DisplayedCapacity(ElectrodeStrength, UnitCapacity,
+                                                                          WeldSizeInches, MethodFactor))),
+            false);
 }
 
 // A new electrode or weld size rescales the result shown; a stopped run can

@@ -89,7 +89,8 @@ BoltCoefficientWindow::BoltCoefficientWindow(std::vector<BoltRows::BoltRecord>& 
 }
 
 QString BoltCoefficientWindow::DataFilePath() {
-    return settings::DataFolder() + QLatin1Char('/') + QString::fromLatin1(BoltRows::kBoltDataFileName);
+    return settings::DataFolder() + QLatin1Char('/') +
+           QString::fromLatin1(BoltRows::kBoltDataFileName);
 }
 
 void BoltCoefficientWindow::BuildControls() {
@@ -125,9 +126,10 @@ void BoltCoefficientWindow::BuildControls() {
     RemRowButton->setObjectName(QStringLiteral("RemRowButton"));
     for (QPushButton* b : {SaveButton, ClearButton, AddRowButton, RemRowButton}) b->setFont(tahoma);
 
-    auto* gridCaption = new QLabel(QStringLiteral("Tabulated Bolt Data     [See Tables 7-7 to 7-14 of AISC Steel "
-                                                  "Construction Manual - 13th Edition]"),
-                                   this);
+    auto* gridCaption = new QLabel(
+        QStringLiteral("Tabulated Bolt Data     [See Tables 7-7 to 7-14 of AISC Steel "
+                       "Construction Manual - 13th Edition]"),
+        this);
     gridCaption->setObjectName(QStringLiteral("GridLabel"));
     gridCaption->setFont(bold);
 
@@ -215,7 +217,8 @@ void BoltCoefficientWindow::BuildControls() {
 }
 
 void BoltCoefficientWindow::Form_Load() {
-    const QString stored = settings::GetSetting(settings::ProgramTitle(), QStringLiteral("TrussmereSetting"),
+    const QString stored = settings::GetSetting(settings::ProgramTitle(),
+                                                QStringLiteral("TrussmereSetting"),
                                                 QStringLiteral("cFlexRows"), QStringLiteral("16"));
     Rows = static_cast<float>(prim::Val(S(stored)));
     Rows = static_cast<float>(shell::MaxOf({Rows, kMinRows}));
@@ -269,14 +272,16 @@ void BoltCoefficientWindow::SizeGrid() {
         }
     }
     colWidth = std::max(colWidth, fm.horizontalAdvance(QStringLiteral("99,999.000  ")) + 10);
-    const int numberWidth = std::max(px(535), fm.horizontalAdvance(QStringLiteral("No.")) + 16);
+    const int numberWidth =
+        std::max(px(535), fm.horizontalAdvance(QStringLiteral("No.")) + 16);
     CaseGrid->setColumnWidth(0, numberWidth);
     for (int c = 1; c < kDataCols; ++c) CaseGrid->setColumnWidth(c, colWidth);
 
     int headHeight = px(952);
     for (int c = 0; c < kDataCols; ++c) {
         const QRect need = hm.boundingRect(QRect(0, 0, CaseGrid->columnWidth(c) - 8, 1000),
-                                           Qt::AlignCenter | Qt::TextWordWrap, CaseGrid->TextMatrix(0, c));
+                                           Qt::AlignCenter | Qt::TextWordWrap,
+                                           CaseGrid->TextMatrix(0, c));
         headHeight = std::max(headHeight, need.height() + 16);
     }
     CaseGrid->horizontalHeader()->setFixedHeight(headHeight);
@@ -353,7 +358,8 @@ void BoltCoefficientWindow::LoadRecords() {
     const int last = CaseGrid->Rows() - 1;
     for (const auto& rec : BoltRecords) {
         if (rec.Row < 1 || rec.Row > last) continue;
-        const std::string* texts[8] = {&rec.M, &rec.N, &rec.Sv, &rec.Sh, &rec.Ex, &rec.Angle, &rec.C, &rec.CPrime};
+        const std::string* texts[8] = {&rec.M, &rec.N, &rec.Sv, &rec.Sh,
+                                       &rec.Ex, &rec.Angle, &rec.C, &rec.CPrime};
         for (int c = 1; c <= 8; ++c) CaseGrid->SetTextMatrix(rec.Row, c, Q(*texts[c - 1]));
     }
 }
@@ -445,7 +451,8 @@ int BoltCoefficientWindow::CountEntries() const {
 void BoltCoefficientWindow::RestoreRow(int row) {
     for (const auto& rec : BoltRecords) {
         if (rec.Row != row) continue;
-        const std::string* texts[8] = {&rec.M, &rec.N, &rec.Sv, &rec.Sh, &rec.Ex, &rec.Angle, &rec.C, &rec.CPrime};
+        const std::string* texts[8] = {&rec.M, &rec.N, &rec.Sv, &rec.Sh,
+                                       &rec.Ex, &rec.Angle, &rec.C, &rec.CPrime};
         for (int c = 1; c <= 8; ++c) CaseGrid->SetTextMatrix(row, c, Q(*texts[c - 1]));
         return;
     }
@@ -509,7 +516,8 @@ void BoltCoefficientWindow::RemRowButton_Click() {
 void BoltCoefficientWindow::ClearButton_Click() {
     const auto busy = guard_.Enter();
     if (CountEntries() == 0) {
-        ShowMessage(QMessageBox::Warning, QStringLiteral("Warning:"), QStringLiteral("No Entries to Clear ! "));
+        ShowMessage(QMessageBox::Warning, QStringLiteral("Warning:"),
+                    QStringLiteral("No Entries to Clear ! "));
         return;
     }
     QMessageBox ask(QMessageBox::Critical, QStringLiteral("Warning:"),
@@ -528,7 +536,8 @@ void BoltCoefficientWindow::SaveButton_Click() {
     const auto busy = guard_.Enter();
     const int count = CountEntries();
     if (count < 1) {
-        ShowMessage(QMessageBox::Warning, QStringLiteral("For Your Info:"), QStringLiteral("No Entries to Save ! "));
+        ShowMessage(QMessageBox::Warning, QStringLiteral("For Your Info:"),
+                    QStringLiteral("No Entries to Save ! "));
         return;
     }
     BoltRecords.assign(static_cast<size_t>(count), {});
@@ -537,13 +546,15 @@ void BoltCoefficientWindow::SaveButton_Click() {
         if (!RowHasEntry(r)) continue;
         auto& rec = BoltRecords[next++];
         rec.Row = static_cast<int16_t>(r);
-        std::string* texts[8] = {&rec.M, &rec.N, &rec.Sv, &rec.Sh, &rec.Ex, &rec.Angle, &rec.C, &rec.CPrime};
+        std::string* texts[8] = {&rec.M, &rec.N, &rec.Sv, &rec.Sh,
+                                 &rec.Ex, &rec.Angle, &rec.C, &rec.CPrime};
         for (int c = 1; c <= 8; ++c) *texts[c - 1] = S(CaseGrid->TextMatrix(r, c));
     }
     BoltRows::BoltData_Write(BoltRecords, S(DataFilePath()), [this](const std::string& m) {
         ShowMessage(QMessageBox::Critical, QStringLiteral("Warning:"), Q(m));
     });
-    ShowMessage(QMessageBox::Information, QStringLiteral("Warning:"), QStringLiteral("Entries succesfully Saved ! "));
+    ShowMessage(QMessageBox::Information, QStringLiteral("Warning:"),
+                QStringLiteral("Entries succesfully Saved ! "));
 }
 
 void BoltCoefficientWindow::ShowMessage(int icon, const QString& title, const QString& text) {
@@ -637,7 +648,7 @@ bool BoltCoefficientWindow::CellEditor_KeyPress(QKeyEvent* event) {
         if (editCol_ >= 3 && editCol_ <= 6) FormatCell(CellEditor);
     };
     return GridEditor::Editor_KeyDown(event, CellEditor, commit, leave,
-                                      [this](int16_t ch) { return FilterKey(editCol_, ch, false); });
+                                          [this](int16_t ch) { return FilterKey(editCol_, ch, false); });
 }
 
 bool BoltCoefficientWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -24,7 +24,8 @@ class BoltCoefficientWindow : public QWidget {
     Q_OBJECT
 public:
     // `records` is the program's array of bolt rows; it outlives the window.
-    explicit BoltCoefficientWindow(std::vector<BoltRows::BoltRecord>& records, QWidget* parent = nullptr);
+    explicit BoltCoefficientWindow(std::vector<BoltRows::BoltRecord>& records,
+                         QWidget* parent = nullptr);
     ~BoltCoefficientWindow() override;
 
     // Path of the data file in the program's data folder.
@@ -76,9 +77,9 @@ private:
     float Rows = 16.0f;
     bool RowClicked = false;
 
-    CellGrid* CaseGrid = nullptr;     // one bolt group and load a row ("cFlex")
-    CellGrid* GroupStrip = nullptr;   // the current row's m, n, sv, sh ("ccFlex")
-    CellGrid* LoadStrip = nullptr;    // its ex, angle, C, C' ("xxFlex")
+    CellGrid* CaseGrid = nullptr;    // one bolt group and load a row ("cFlex")
+    CellGrid* GroupStrip = nullptr;  // the current row's m, n, sv, sh ("ccFlex")
+    CellGrid* LoadStrip = nullptr;   // its ex, angle, C, C' ("xxFlex")
     QLineEdit* CellEditor = nullptr;  // the floating editor over a cell ("EdiTxt")
     QPushButton* SaveButton = nullptr;
     QPushButton* ClearButton = nullptr;

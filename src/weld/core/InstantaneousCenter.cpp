@@ -103,7 +103,8 @@ void BuildSegments(const WeldLineTable& lines, double xo, double yo, WeldSegment
         // (ties to even); the spacing below comes from the true length.
         prim::ToInt32(len, Lr);
         double perSeg = 0.0;
-        if (Div(1.0, spi, perSeg) && Div(static_cast<double>(Lr), perSeg, q)) prim::ToInt32(prim::Fix(q), n);
+        if (Div(1.0, spi, perSeg) && Div(static_cast<double>(Lr), perSeg, q))
+            prim::ToInt32(prim::Fix(q), n);
         Div(static_cast<double>(Lr), static_cast<double>(n), SegLength);
         Div(std::fabs(ln.x2 - ln.x1), static_cast<double>(n), stepX);
         Div(std::fabs(ln.y2 - ln.y1), static_cast<double>(n), stepY);
@@ -286,7 +287,8 @@ double ConcentricCapacity(const WeldLineTable& lines, double Fexx, double D) {
         t = MinOf({t, kPi - t});
         Let(l, ExactLength(ln));
         // The exact length and the exact throat factor, unlike the iteration.
-        Let(sum, sum + (1 + 0.5 * std::pow(std::sin(t), 1.5)) * (0.6 * Fexx * std::sqrt(2.0) / 2 * D * l));
+        Let(sum, sum + (1 + 0.5 * std::pow(std::sin(t), 1.5)) *
+                           (0.6 * Fexx * std::sqrt(2.0) / 2 * D * l));
     }
     return sum;
 }
@@ -432,7 +434,8 @@ double Locate_InstantaneousCenter(const LoadedGroup& group, const SolveOptions& 
             // One DeltaMMax serves the whole pass, and p is not clipped.
             Div(Delta, DeltaMMax, p);
             Let(f, std::pow((1.9 - 0.9 * p) * p, 0.3));
-            Let(R, (0.6 * Fexx) * (1 + 0.5 * std::pow(std::sin(s.Theta), 1.5)) * f * (s.SegLength * 0.707106781 * D));
+            Let(R, (0.6 * Fexx) * (1 + 0.5 * std::pow(std::sin(s.Theta), 1.5)) * f *
+                       (s.SegLength * 0.707106781 * D));
             Let(SumR2, SumR2 + s.r * s.r);
             Let(SumM, SumM + R * s.r);
             if (Div(s.dX, s.r, q)) Let(SumFy, SumFy + q * R);
@@ -484,7 +487,8 @@ std::string Format_ElapsedTime(double seconds) {
     const double hours = prim::Fix(seconds / 3600);
     const double minutes = (seconds / 60 / 60 - prim::Fix(seconds / 60 / 60)) * 60;
     const double secs = (seconds / 60 - prim::Fix(seconds / 60)) * 60;
-    return prim::Format(hours, "00") + "h:" + prim::Format(minutes, "00") + "m:" + prim::Format(secs, "00") + "s ";
+    return prim::Format(hours, "00") + "h:" + prim::Format(minutes, "00") + "m:" +
+           prim::Format(secs, "00") + "s ";
 }
 
 }  // namespace weld
