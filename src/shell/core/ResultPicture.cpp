@@ -74,7 +74,7 @@ void TextAt(DrawSurface& s, double x, double y, const std::string& text, uint32_
 // the two upper corners of the surface (these a little less wanted), the one
 // inside the surface that covers the fewest element midpoints.
 void LabelPlace(DrawSurface& s, const SolveRecord& r, const Placement& p, double x, double y, double a, double arrow,
-                const std::string& text, double& tx, double& ty) {
+                const std::string& text, const double (&legend)[4], double& tx, double& ty) {
     const double w = s.TextWidth(text), h = s.TextHeight(), W = s.ScaleWidth(), m = 0.04;
     const double places[6][2] = {
         {x + a, y + a * 0.5}, {x - a - w, y + a * 0.5}, {x + a, y - a - h}, {x - a - w, y - a - h}, {m, m},
@@ -83,6 +83,8 @@ void LabelPlace(DrawSurface& s, const SolveRecord& r, const Placement& p, double
     for (size_t k = 0; k < 6; ++k) {
         const double* at = places[k];
         size_t cost = at[0] < 0.0 || at[1] < 0.0 || at[0] + w > W || at[1] + h > s.ScaleHeight() ? 100000 : k / 4;
+        // Never over the legend (its box: left, top, right, bottom).
+        if (at[0] < legend[2] && at[0] + w > legend[0] && at[1] < legend[3] && at[1] + h > legend[1]) cost += 10000;
         auto covers = [&](double ex, double ey) {
             return ex > at[0] - 0.03 && ex < at[0] + w + 0.03 && ey > at[1] - 0.03 && ey < at[1] + h + 0.03;
         };
@@ -136,6 +138,13 @@ void Draw_Results(DrawSurface& s, const SolveRecord& r, const Placement& p, cons
     s.FontName = "Tahoma";
     s.FontSize = 8.0;
     s.FontBold = false;
+    // The legend: a bar of the colours from the least to the most stressed,
+    // with the largest force above it, in a corner on the right.
+    const bool legend = !labels.Legend.empty() && most > 0.0;
+    const double bar = 0.9, m = 0.15, th = s.TextHeight();
+    const double lx = W - std::max(bar, s.TextWidth(labels.Legend)) - m;
+    const double ly = labels.LegendAtTop ? m + th + 0.06 : H - m - 0.04;
+    const double box[4] = {legend ? lx - 0.05 : W, ly - th - 0.1, W, ly + 0.08};
     if (!r.CenterAtInfinity && !r.Forces.empty()) {
         const double x = p.X(r.CenterX), y = p.Y(r.CenterY), a = 0.09;
         if (x >= 0.0 && x <= W && y >= 0.0 && y <= H) {
@@ -145,20 +154,16 @@ void Draw_Results(DrawSurface& s, const SolveRecord& r, const Placement& p, cons
             s.Circle(x, y, a * 0.6, kCenterColor);
             if (!labels.Center.empty()) {
                 double tx = 0.0, ty = 0.0;
-                const double most = Largest(r);
                 LabelPlace(s, r, p, x, y, a, most > 0.0 ? kLongestArrow * std::min(W, H) / most : 0.0, labels.Center,
-                           tx, ty);
+                           box, tx, ty);
                 TextAt(s, tx, ty, labels.Center, kCenterColor);
             }
         }
     }
 
-    if (!labels.Legend.empty() && most > 0.0) {
-        // A bar of the colours from the least to the most stressed, with the
-        // largest force above it, in the lower right corner.
-        const double bar = 0.9, m = 0.15, th = s.TextHeight();
-        const double x0 = W - std::max(bar, s.TextWidth(labels.Legend)) - m, y0 = H - m - 0.04;
-        TextAt(s, x0, y0 - th - 0.06, labels.Legend, shell::kWhite);
+    if (legend) {
+        const double x0 = lx, y0 = ly;
+        TextAt(s, x0, y0 - th - 0.06, labels.Legend, labels.Text);
         s.DrawWidth = 6;
         constexpr int kSteps = 12;
         for (int k = 0; k < kSteps; ++k)

@@ -31,6 +31,8 @@ struct Placement {
 struct Labels {
     std::string Center;  // beside the center's mark; none when empty
     std::string Legend;  // the largest force; no legend when empty
+    uint32_t Text = shell::kWhite;  // colour of the legend's text (black on a white picture)
+    bool LegendAtTop = false;       // the legend in the upper right corner (the lower one is taken)
 };
 
 // The longest arrow as a share of the shorter side of the surface, and the
