@@ -75,28 +75,34 @@ void BM_Intersections(benchmark::State& state) {
 }
 BENCHMARK(BM_Intersections)->Unit(benchmark::kMillisecond);
 
-// The calculation display of the same 1,000 lines drawn anew (the fit, the
-// center of gravity, the labels, the load) with the last run's center and
-// forces over it (Arg 1) and without them (Arg 0). The forces come from one
-// solve of the element model at 8 segments per inch.
-void BM_CalculationRepaint(benchmark::State& state) {
+// The calculation display of the same 1,000 lines with the forces of one
+// solve of the element model at 8 segments per inch kept on the board.
+struct BoardWithResults {
     BoardSurface surface;
-    surface.resize(surface.minimumSize());
     LayoutDocument doc = BigLayout();
-    BoardState::Board board(doc, surface);
-    board.Set_Mode(BoardState::CALCULATION);
-    weld::SolveOptions options;
-    options.Model = shell::SolverModel::AiscElement;
-    options.SegmentsPerInch = 8;
-    options.WithForces = true;
-    const weld::LoadedGroup group = weld::Layout_Group(doc);
-    board.Show_Results(weld::Solve(group, options), group);
-    board.Set_Show_Results(state.range(0) != 0);
-    for (auto _ : state) {
-        board.RefreshButton_Click();
-        benchmark::DoNotOptimize(surface.Image().constBits());
+    BoardState::Board board{doc, surface};
+    BoardWithResults() {
+        surface.resize(surface.minimumSize());
+        board.Set_Mode(BoardState::CALCULATION);
+        weld::SolveOptions options;
+        options.Model = shell::SolverModel::AiscElement;
+        options.SegmentsPerInch = 8;
+        options.WithForces = true;
+        const weld::LoadedGroup group = weld::Layout_Group(doc);
+        board.Show_Results(weld::Solve(group, options), group);
     }
-    const CalculationView::RunResults& r = board.Load_Inputs().Results;
+};
+
+// The whole display drawn anew (the fit, the center of gravity, the labels,
+// the load) with the results over it (Arg 1) and without them (Arg 0).
+void BM_CalculationRepaint(benchmark::State& state) {
+    BoardWithResults b;
+    b.board.Set_Show_Results(state.range(0) != 0);
+    for (auto _ : state) {
+        b.board.RefreshButton_Click();
+        benchmark::DoNotOptimize(b.surface.Image().constBits());
+    }
+    const CalculationView::RunResults& r = b.board.Load_Inputs().Results;
     state.counters["drawn"] = r.Drawn ? 1 : 0;
     state.counters["forces"] = static_cast<double>(r.Record.Forces.size());
 }
@@ -104,21 +110,11 @@ BENCHMARK(BM_CalculationRepaint)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 // The results alone, drawn over the display the board already shows.
 void BM_ResultsOverlay(benchmark::State& state) {
-    BoardSurface surface;
-    surface.resize(surface.minimumSize());
-    LayoutDocument doc = BigLayout();
-    BoardState::Board board(doc, surface);
-    board.Set_Mode(BoardState::CALCULATION);
-    weld::SolveOptions options;
-    options.Model = shell::SolverModel::AiscElement;
-    options.SegmentsPerInch = 8;
-    options.WithForces = true;
-    const weld::LoadedGroup group = weld::Layout_Group(doc);
-    board.Show_Results(weld::Solve(group, options), group);
-    CalculationView::RunResults r = board.Load_Inputs().Results;
+    BoardWithResults b;
+    CalculationView::RunResults r = b.board.Load_Inputs().Results;
     for (auto _ : state) {
-        CalculationView::Draw_Run_Results(surface, doc, r.Where.OriginX, r.Where.OriginY, r);
-        benchmark::DoNotOptimize(surface.Image().constBits());
+        CalculationView::Draw_Run_Results(b.surface, b.doc, r.Where.OriginX, r.Where.OriginY, r);
+        benchmark::DoNotOptimize(b.surface.Image().constBits());
     }
     state.counters["drawn"] = r.Drawn ? 1 : 0;
 }
