@@ -152,7 +152,7 @@ void BoltCoefficientWindow::BuildControls() {
     strip->addWidget(LoadStrip);
     Pattern = new ResultPictureView(this);
     Pattern->setObjectName(QStringLiteral("PatternPicture"));
-    Pattern->setMinimumSize(fontMetrics().height() * 22, fontMetrics().height() * 13);
+    Pattern->setMinimumSize(fontMetrics().height() * 16, fontMetrics().height() * 10);
     strip->addWidget(Pattern, 1);
     strip->addStretch(1);
 

@@ -226,7 +226,7 @@ Placement Fit(const Outline& o, const SolveRecord& r, double w, double h, bool m
         x0 = left;
     }
     // Room for the arrows around the group.
-    const double margin = kLongestArrow * std::min(w, h) + 0.1;
+    const double margin = kLongestArrow * std::min(w, h) * 0.7 + 0.06;
     // The legend's band along the lower edge stays clear of the group.
     const double legend = 0.4, above = h - legend;
     Placement p;
@@ -247,7 +247,13 @@ void Draw_Group(DrawSurface& s, const Outline& o, const SolveRecord& r, const Pl
     const uint32_t weld = 0x800080;  // the board's line colour
     for (const auto& l : o.Lines) s.Line(p.X(l[0] - cx), p.Y(l[1] - cy), p.X(l[2] - cx), p.Y(l[3] - cy), weld);
     s.DrawWidth = 2;
-    for (const auto& b : o.Bolts) s.Circle(p.X(b[0] - cx), p.Y(b[1] - cy), 0.06, 0xC0C0C0);
+    // Bolts no larger than a third of the least spacing, seen from the first
+    // bolt of a regular pattern.
+    double spacing = INFINITY;
+    for (size_t i = 1; i < o.Bolts.size(); ++i)
+        spacing = std::min(spacing, std::hypot(o.Bolts[i][0] - o.Bolts[0][0], o.Bolts[i][1] - o.Bolts[0][1]));
+    const double radius = std::min(0.06, spacing * p.Scale / 3);
+    for (const auto& b : o.Bolts) s.Circle(p.X(b[0] - cx), p.Y(b[1] - cy), radius, 0xC0C0C0);
     Draw_Results(s, r, p, labels);
 }
 

@@ -40,6 +40,8 @@ public:
     void ClearResults();
     const shell::SolveRecord& Results() const { return record_; }
     const ResultPicture::Placement& Where() const { return where_; }
+    // Room to read the arrows; the window may still shrink it to its minimum.
+    QSize sizeHint() const override { return {fontMetrics().height() * 24, fontMetrics().height() * 15}; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
