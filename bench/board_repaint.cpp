@@ -8,6 +8,9 @@
 #include "board/ui/BoardSurface.h"
 #include "board/core/Viewport.h"
 #include "board/core/LayoutRender.h"
+#include "board/core/BoardState.h"
+#include "board/core/CalculationDisplay.h"
+#include "board/core/CapacityHandOver.h"
 
 using Layout::LayoutDocument;
 
@@ -71,6 +74,51 @@ void BM_Intersections(benchmark::State& state) {
         Viewport::Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound);
 }
 BENCHMARK(BM_Intersections)->Unit(benchmark::kMillisecond);
+
+// The calculation display of the same 1,000 lines with the forces of one
+// solve of the element model at 8 segments per inch kept on the board.
+struct BoardWithResults {
+    BoardSurface surface;
+    LayoutDocument doc = BigLayout();
+    BoardState::Board board{doc, surface};
+    BoardWithResults() {
+        surface.resize(surface.minimumSize());
+        board.Set_Mode(BoardState::CALCULATION);
+        weld::SolveOptions options;
+        options.Model = shell::SolverModel::AiscElement;
+        options.SegmentsPerInch = 8;
+        options.WithForces = true;
+        const weld::LoadedGroup group = weld::Layout_Group(doc);
+        board.Show_Results(weld::Solve(group, options), group);
+    }
+};
+
+// The whole display drawn anew (the fit, the center of gravity, the labels,
+// the load) with the results over it (Arg 1) and without them (Arg 0).
+void BM_CalculationRepaint(benchmark::State& state) {
+    BoardWithResults b;
+    b.board.Set_Show_Results(state.range(0) != 0);
+    for (auto _ : state) {
+        b.board.RefreshButton_Click();
+        benchmark::DoNotOptimize(b.surface.Image().constBits());
+    }
+    const CalculationView::RunResults& r = b.board.Load_Inputs().Results;
+    state.counters["drawn"] = r.Drawn ? 1 : 0;
+    state.counters["forces"] = static_cast<double>(r.Record.Forces.size());
+}
+BENCHMARK(BM_CalculationRepaint)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// The results alone, drawn over the display the board already shows.
+void BM_ResultsOverlay(benchmark::State& state) {
+    BoardWithResults b;
+    CalculationView::RunResults r = b.board.Load_Inputs().Results;
+    for (auto _ : state) {
+        CalculationView::Draw_Run_Results(b.surface, b.doc, r.Where.OriginX, r.Where.OriginY, r);
+        benchmark::DoNotOptimize(b.surface.Image().constBits());
+    }
+    state.counters["drawn"] = r.Drawn ? 1 : 0;
+}
+BENCHMARK(BM_ResultsOverlay)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

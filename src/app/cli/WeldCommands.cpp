@@ -54,7 +54,10 @@ int RunWeldC(const cli::Parsed& p) {
     const double c = run.result.Value;
     const weldcli::CrossCheck check = weldcli::CheckAgainst(p, c, CrossCheck(shape, run.options), "", 5);
     if (const int rc = sheetcli::WriteIfAsked(p, [&](const sheet::TitleBlock& title) {
-            CoefficientRun sheetRun{shape, run.options, run.result, Other_Coefficient(shape, run.options)};
+            // The same run again, with the forces its picture draws.
+            SolveOptions withForces = run.options;
+            withForces.WithForces = true;
+            CoefficientRun sheetRun{shape, withForces, Solve(shape, withForces), Other_Coefficient(shape, run.options)};
             return Coefficient_Sheet(sheetRun, title, appinfo::kVersion);
         });
         rc != 0)

@@ -473,6 +473,18 @@ void Board::Reset_View() {
 
 const CalculationView::CalcState& Board::Load_Inputs() const { return calculation_->Display(); }
 
+void Board::Show_Results(const weld::SolveResult& run, const weld::LoadedGroup& group) {
+    CalculationView::Keep_Results(calculation_->Display().Results, run, group, doc_.Load.LoadSide);
+    if (active_ == calculation_) CalculationView::Refresh_Load(*this, calculation_->Display(), 0);
+}
+
+void Board::Set_Show_Results(bool on) {
+    CalculationView::RunResults& r = calculation_->Display().Results;
+    if (r.Show == on) return;
+    r.Show = on;
+    if (active_ == calculation_ && r.Valid) CalculationView::Refresh_Load(*this, calculation_->Display(), 0);
+}
+
 bool Board::Apply_Eccentricity(const std::string& text) {
     StepScope step(*this);
     Name_Step("Load Eccentricity", false);

@@ -22,6 +22,7 @@
 #include "board/core/LayoutRender.h"
 #include "board/core/SelectionCommands.h"
 #include "board/core/UndoHistory.h"
+#include "weld/core/WeldSolve.h"
 #include "board/core/modes/BoardMode.h"
 
 namespace CalculationView {
@@ -144,6 +145,11 @@ public:
     // import); `Begin_Change` and `End_Change` bracket it as one step.
     void Begin_Change();
     void End_Change(const std::string& name, bool countLines = false);
+    // ---- The results of the last capacity run ----------------------------------------------
+    // Keeps a run of the board's group under its load (weld::Layout_Group)
+    // and draws it over the calculation display; "Show Results" turns that off.
+    void Show_Results(const weld::SolveResult& run, const weld::LoadedGroup& group);
+    void Set_Show_Results(bool on);
 
     LayoutDocument& Doc() { return doc_; }
     board::DrawSurface& Surface() { return surface_; }

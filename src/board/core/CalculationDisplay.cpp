@@ -67,6 +67,7 @@ bool Zoom_Fit_Load(BoardState::Board& b, CalcState& s, float k) {
     s.cy = cy;
     Label_Lines(board, doc, doc.Lines);
     Layout_Data(board, doc, doc.Lines);
+    Draw_Run_Results(board, doc, cx, cy, s.Results);
     board.Refresh();
     return true;
 }

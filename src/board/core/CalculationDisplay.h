@@ -9,6 +9,7 @@
 #include <string>
 
 #include "board/core/BoardState.h"
+#include "board/core/ResultsOverlay.h"
 
 namespace CalculationView {
 
@@ -29,6 +30,7 @@ struct CalcState {
     std::string RotInput;
     int EcSerial = 0;  // each grows when its text is written anew
     int RotSerial = 0;
+    RunResults Results;  // the last capacity run's, drawn over the display
 };
 
 // Fits the group to k of the board, draws it with its center of gravity, the

@@ -72,6 +72,7 @@ std::optional<double> Other_Model(const Layout::LayoutDocument& doc, const Input
 Run Solve_Both(const Layout::LayoutDocument& doc, const Inputs& in, int64_t maxPasses) {
     Run run;
     weld::SolveOptions o = Options(in, in.Model);
+    o.WithForces = true;
     run.Result = Limited(doc, o, maxPasses);
     if (run.Result.Stopped) run.Result.Converged = false;
     if (run.Result.Converged) run.Other = Other_Model(doc, in, maxPasses);

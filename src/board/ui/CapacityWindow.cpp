@@ -16,6 +16,8 @@
 #include "board/core/CapacityHandOver.h"
 #include "shell/core/AppInfo.h"
 #include "shell/ui/SheetOutput.h"
+#include "board/core/ResultsOverlay.h"
+#include "shell/ui/ResultPictureView.h"
 #include "shell/ui/ModelCheckLine.h"
 #include "shell/ui/QtText.h"
 #include "shell/ui/SettingsStore.h"
@@ -44,6 +46,13 @@ void ApplySaved(QComboBox* box, const SavedIndex& setting) {
     if (index >= 0 && index < box->count()) box->setCurrentIndex(index);
 }
 
+// The board's group as the solver takes it.
+ResultPicture::Outline Outline(const Layout::LayoutDocument& doc) {
+    ResultPicture::Outline o;
+    for (const weld::WeldLineRec& l : weld::Layout_Group(doc).Lines) o.Lines.push_back({l.x1, l.y1, l.x2, l.y2});
+    return o;
+}
+
 void Save(const SavedIndex& setting, int16_t value) {
     settings::SaveSetting(settings::ProgramTitle(), Section(), FromView(setting.key),
                           QString::number(value));
@@ -62,12 +71,24 @@ CapacityWindow::CapacityWindow(const Layout::LayoutDocument& doc, QWidget* paren
 
 CapacityWindow::~CapacityWindow() = default;
 
-void CapacityWindow::ShowModal(const Layout::LayoutDocument& doc, QWidget* parent, const QString& fileName,
-                               RecordFn converged) {
+std::optional<weld::SolveResult> CapacityWindow::ShowModal(const Layout::LayoutDocument& doc, QWidget* parent,
+                                                           const QString& fileName, RecordFn converged) {
     auto* frm = new CapacityWindow(doc, parent, fileName);
     frm->converged_ = std::move(converged);
+    std::optional<weld::SolveResult> last;
+    connect(frm, &QDialog::finished, frm, [frm, &last] { last = frm->LastRun(); });
     frm->setAttribute(Qt::WA_DeleteOnClose);
     frm->exec();
+    return last;
+}
+
+std::optional<weld::SolveResult> CapacityWindow::LastRun() const {
+    if (!last_) return std::nullopt;
+    weld::SolveResult r = last_->Run.Result;
+    const double scale = ShownScale();
+    r.Value *= scale;
+    for (shell::ElementForce& e : r.Forces) e.Force *= scale;
+    return r;
 }
 
 bool CapacityWindow::RunActive() const { return run_.Active(); }
@@ -127,8 +148,15 @@ void CapacityWindow::BuildControls() {
     left->addWidget(sheetButtons_.Pdf);
     left->addWidget(sheetButtons_.Print);
 
+    // Beside the display, the group with the center and forces of the run.
+    picture_ = new ResultPictureView(this);
+    picture_->setMinimumSize(display->minimumHeight(), display->minimumHeight());
+    picture_->SetGroup(Outline(doc_), doc_.Load.LoadSide == 0);
+    auto* shown = new QHBoxLayout;
+    shown->addWidget(display, 1);
+    shown->addWidget(picture_, 1);
     auto* right = new QVBoxLayout;
-    right->addWidget(display, 1);
+    right->addLayout(shown, 1);
     right->addWidget(elapsed);
 
     auto* top = new QHBoxLayout;
@@ -211,13 +239,23 @@ void CapacityWindow::Run_CapacityIteration() {
     weld::SolveOptions options;
     WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), options.SegmentsPerInch);
     options.Model = shell::SolverModelOf(ModelBox);
+    options.WithForces = true;
     run_.BeginRun();
     last_.reset();
     ApplyControls();
+    picture_->ClearResults();
+    liveClock_.invalidate();
     const auto result = run_.Run([&](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
-        return weld::Solve_Layout(doc_, options, state, hooks);
+        weld::WeldRunHooks live = hooks;
+        live.Display = [&](const weld::PassShown& pass) {
+            if (hooks.Display) hooks.Display(pass);
+            Show_Pass(pass);
+        };
+        return weld::Solve_Layout(doc_, options, state, live);
     });
     if (!result) return;
+    // The end of the run as it stands: converged, or frozen where it stopped.
+    Show_Record(*result);
     UnitCapacity = result->Value;
     if (!run_.EndRun(*result, UnitCapacity * ShownScale()).Converged) return;
     last_ = Record{{WeldClass, WeldSize, DesignMethod, static_cast<int16_t>(WeldStripBox->currentIndex()), options.Model},
@@ -227,6 +265,23 @@ void CapacityWindow::Run_CapacityIteration() {
     // The value of the same group and load by the model it is checked against, in kips as shown.
     if (auto check = weld::CrossCheck(weld::Layout_Group(doc_), options))
         run_.Check()->Check(UnitCapacity, std::move(check), QStringLiteral("kips"), 2, ShownScale());
+}
+
+void CapacityWindow::Show_Pass(const weld::PassShown& pass) {
+    if (liveClock_.isValid() && liveClock_.elapsed() < 100) return;
+    liveClock_.start();
+    shell::SolveRecord r;
+    r.CenterX = pass.X;
+    r.CenterY = pass.Y;
+    r.CenterAtInfinity = !pass.Computed;
+    if (pass.Forces) r.Forces = pass.Forces();
+    Show_Record(std::move(r));
+}
+
+void CapacityWindow::Show_Record(shell::SolveRecord record) {
+    const double scale = ShownScale();
+    for (shell::ElementForce& e : record.Forces) e.Force *= scale;
+    picture_->SetResults(record, CalculationView::Results_Labels(record, doc_.Load.LoadSide));
 }
 
 double CapacityWindow::ShownScale() const { return ElectrodeStrength * WeldSizeInches * MethodFactor; }

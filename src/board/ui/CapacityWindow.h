@@ -5,6 +5,8 @@
 #pragma once
 
 #include <QDialog>
+#include <QElapsedTimer>
+#include <optional>
 
 #include <functional>
 #include <optional>
@@ -13,11 +15,13 @@
 #include "board/core/LayoutDocument.h"
 #include "shell/ui/SheetOutput.h"
 #include "weld/core/RunControl.h"
+#include "weld/core/WeldSolve.h"
 #include "weld/ui/RunPanel.h"
 
 class QComboBox;
 class QLabel;
 class QPushButton;
+class ResultPictureView;
 
 class CapacityWindow : public QDialog {
     Q_OBJECT
@@ -35,9 +39,12 @@ public:
     using RecordFn = std::function<void(const Record&)>;
 
     // Shows the window modally and deletes it when it closes; the run starts
-    // as soon as it is shown. `converged` hears of every converged run.
-    static void ShowModal(const Layout::LayoutDocument& doc, QWidget* parent, const QString& fileName = QString(),
-                          RecordFn converged = {});
+    // as soon as it is shown. `converged` hears of every converged run; gives
+    // the last converged run, its capacity and forces in the kips shown when
+    // the window closed.
+    static std::optional<weld::SolveResult> ShowModal(const Layout::LayoutDocument& doc, QWidget* parent,
+                                                      const QString& fileName = QString(), RecordFn converged = {});
+    std::optional<weld::SolveResult> LastRun() const;
 
     // The calculation sheet of the last converged run, with the electrode,
     // size and method chosen now (the other model solved for it).
@@ -71,6 +78,9 @@ private:
     double ShownScale() const;
 
     void ApplyControls();
+    // The live picture: a pass at most every 100 ms, and the run's end.
+    void Show_Pass(const weld::PassShown& pass);
+    void Show_Record(shell::SolveRecord record);
 
     Layout::LayoutDocument doc_;
     // Run buttons, display, elapsed caption and CBox.
@@ -96,4 +106,6 @@ private:
     QString fileName_;
     RecordFn converged_;
     std::optional<Record> last_;  // the last converged run
+    ResultPictureView* picture_ = nullptr;
+    QElapsedTimer liveClock_;
 };

@@ -31,6 +31,7 @@
 #include "shell/core/AppInfo.h"
 #include "shell/ui/QtText.h"
 #include "shell/ui/RecentFiles.h"
+#include "shell/ui/SettingsStore.h"
 #include "shell/ui/SingleInstance.h"
 
 
@@ -198,6 +199,20 @@ void MainWindow::BuildMenus() {
     });
     route("mnuZoomExtent", [this] {
         board_->ZoomExtentButton_Click();
+        SyncUi();
+    });
+    // "Show Results": the last capacity run's center and forces over the
+    // calculation display, on or off as the user last left it.
+    menu(QStringLiteral("mnuView"))->addSeparator();
+    QAction* results = AddAction(menu(QStringLiteral("mnuView")), QStringLiteral("mnuShowResults"),
+                                 QStringLiteral("Show Results"), true);
+    results->setCheckable(true);
+    const QString section = QStringLiteral("FerrolithSetting"), key = QStringLiteral("ShowResults");
+    results->setChecked(settings::GetSettingInt(settings::ProgramTitle(), section, key, 1) != 0);
+    board_->Set_Show_Results(results->isChecked());
+    connect(results, &QAction::toggled, this, [this, section, key](bool on) {
+        settings::SaveSetting(settings::ProgramTitle(), section, key, on ? QStringLiteral("1") : QStringLiteral("0"));
+        board_->Set_Show_Results(on);
         SyncUi();
     });
     route("mnuClearSelect", [this] {

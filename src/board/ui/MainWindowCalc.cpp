@@ -14,6 +14,7 @@
 #include "shell/ui/GridEditor.h"
 #include "shell/ui/QtText.h"
 #include "board/ui/CapacityWindow.h"
+#include "board/core/CapacityHandOver.h"
 
 namespace {
 
@@ -116,10 +117,13 @@ void MainWindow::CalcWeldCapButton_Click() {
     if (!EcButton_Click() || !RotButton_Click()) return;
     // The capacity window changes nothing on the board: its closing asks for no repaint.
     Board_Changed = false;
-    CapacityWindow::ShowModal(doc_, this, FileName_, [this](const CapacityWindow::Record& r) {
+    const weld::LoadedGroup group = weld::Layout_Group(doc_);
+    const auto run = CapacityWindow::ShowModal(doc_, this, FileName_, [this](const CapacityWindow::Record& r) {
         lastCapacity_ = r;
         lastCapacityDoc_ = doc_;
     });
+    if (run) board_->Show_Results(*run, group);
+    SyncUi();
     mnuFile_Click();
 }
 

@@ -1,5 +1,6 @@
 #include "bolt/core/BoltElementModel.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -47,6 +48,28 @@ shell::Resultant Forces(const Bolts& b, const shell::Motion& m) {
     return out;
 }
 
+// The force of every bolt for the motion m, each along its displacement, the
+// farthest at the ultimate deformation, turned back into the group's axes.
+void BoltForces(const Bolts& b, const shell::LoadFrame& frame, const shell::Motion& m, BoltReport& rep) {
+    double rmax = 0.0;
+    for (size_t i = 0; i < b.x.size(); ++i) rmax = std::max(rmax, std::hypot(m.vx - m.w * b.y[i], m.vy + m.w * b.x[i]));
+    if (!(rmax > 0.0)) return;
+    for (size_t i = 0; i < b.x.size(); ++i) {
+        const double ux = m.vx - m.w * b.y[i], uy = m.vy + m.w * b.x[i], r = std::hypot(ux, uy);
+        shell::ElementForce e;
+        frame.BackVector(b.x[i], b.y[i], e.X, e.Y);
+        e.ArmX = e.X;
+        e.ArmY = e.Y;
+        e.Line = static_cast<int32_t>(i);
+        e.Deformation = r / rmax;
+        if (r > 0.0) {
+            e.Force = BoltForce(kUltimateDeformation * r / rmax);
+            frame.BackVector(ux / r, uy / r, e.DirX, e.DirY);
+        }
+        rep.Forces.push_back(e);
+    }
+}
+
 void Finish(const shell::MotionResult& res, BoltReport& rep) {
     rep.Iterations = res.iterations;
     rep.Starts = res.starts;
@@ -60,7 +83,7 @@ void Finish(const shell::MotionResult& res, BoltReport& rep) {
 
 double BoltForce(double delta) { return std::pow(1.0 - std::exp(-10.0 * delta), 0.55); }
 
-BoltReport BoltGroup_C(int16_t m, int16_t n, double sv, double sh, double ex, double angle) {
+BoltReport BoltGroup_C(int16_t m, int16_t n, double sv, double sh, double ex, double angle, bool withForces) {
     BoltReport rep;
     if (!std::isfinite(ex) || !std::isfinite(angle)) {
         rep.Refused = true;
@@ -88,10 +111,11 @@ BoltReport BoltGroup_C(int16_t m, int16_t n, double sv, double sh, double ex, do
         shell::SolveMotion(problem, [&b](const shell::Motion& mo) { return Forces(b, mo); });
     Finish(res, rep);
     rep.Motion = frame.Back(res.motion);
+    if (withForces && res.converged) BoltForces(b, frame, res.motion, rep);
     return rep;
 }
 
-BoltReport BoltGroup_CPrime(int16_t m, int16_t n, double sv, double sh) {
+BoltReport BoltGroup_CPrime(int16_t m, int16_t n, double sv, double sh, bool withForces) {
     BoltReport rep;
     Bolts b;
     if (!LayOut(m, n, sv, sh, [&](double x0, double y0) {
@@ -111,6 +135,7 @@ BoltReport BoltGroup_CPrime(int16_t m, int16_t n, double sv, double sh) {
         shell::SolveMotion(problem, [&b](const shell::Motion& mo) { return Forces(b, mo); });
     Finish(res, rep);
     rep.Motion = shell::LoadFrame().Back(res.motion);
+    if (withForces && res.converged) BoltForces(b, shell::LoadFrame(), res.motion, rep);
     return rep;
 }
 

@@ -9,7 +9,9 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
+#include "shell/core/ElementForce.h"
 #include "shell/core/MotionSolver.h"
 
 namespace BoltElementModel {
@@ -31,14 +33,17 @@ struct BoltReport {
     int32_t Starts = 0;
     int32_t Evaluations = 0;
     double Residual = 0.0;
+    // The force on every bolt at the solution, in units of Rult (converged
+    // solves asked withForces only).
+    std::vector<shell::ElementForce> Forces;
 };
 
 // C of an m by n group (m bolts up at spacing sv, n across at spacing sh)
 // under a load at eccentricity ex and angle `angle` degrees from the vertical.
-BoltReport BoltGroup_C(int16_t m, int16_t n, double sv, double sh, double ex, double angle);
+BoltReport BoltGroup_C(int16_t m, int16_t n, double sv, double sh, double ex, double angle, bool withForces = false);
 
 // C' of the same group: the strongest couple it resists.
-BoltReport BoltGroup_CPrime(int16_t m, int16_t n, double sv, double sh);
+BoltReport BoltGroup_CPrime(int16_t m, int16_t n, double sv, double sh, bool withForces = false);
 
 // Force of one bolt at deformation delta (inches), as a fraction of Rult.
 double BoltForce(double delta);

@@ -65,7 +65,7 @@ sheet::Sheet Bolt_Sheet(const std::vector<SheetCase>& cases, shell::SolverModel 
     const shell::SolverModel other = shell::OtherModel(model);
     sheet::Table table{{"Rows", "Columns", "Sv, in", "Sh, in", "ex, in", "Angle", "C", "C'", "C other"}, {}};
     for (const SheetCase& c : cases) {
-        const SolveResult r = Solve(c.Pattern, c.Load, {model});
+        const SolveResult r = Solve(c.Pattern, c.Load, {model, true});
         const SolveResult couple = Solve(c.Pattern, kCouple, {model});
         const SolveResult o = Solve(c.Pattern, c.Load, {other});
         s.Figures.push_back(Pattern_Figure(c, r));

@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 
+#include "shell/core/ResultPicture.h"
 #include "shell/core/SolveRecord.h"
 #include "shell/core/Yield.h"
 
@@ -30,6 +31,7 @@ inline constexpr BoltLoad kCouple{0.0, 0.0, true};
 
 struct SolveOptions {
     shell::SolverModel Model = shell::SolverModel::Iterative;
+    bool WithForces = false;  // also give the force on every bolt (SolveRecord::Forces)
 };
 
 // The record of shell::SolveRecord. Value is C, the load as a multiple of
@@ -50,5 +52,17 @@ SolveResult Solve(const BoltPattern& pattern, const BoltLoad& load, const SolveO
 // it reads. Empty when the model has no cross-check.
 std::function<std::optional<double>()> CrossCheck(const BoltPattern& pattern, const BoltLoad& load,
                                                   const SolveOptions& options);
+
+}  // namespace bolt
+
+namespace bolt {
+
+// The pattern's bolts for a picture of a result, laid out as the solvers lay
+// them out (about the centroid, x across, y up); none when the pattern is no
+// count of bolts from 1 to 32,767.
+ResultPicture::Outline Pattern_Outline(const BoltPattern& pattern);
+// The center from the centroid in inches, and the largest bolt force as a
+// share of one bolt's strength.
+ResultPicture::Labels Pattern_Labels(const SolveResult& result);
 
 }  // namespace bolt

@@ -3,9 +3,9 @@
 #include <cmath>
 #include <vector>
 
-#include "shell/core/Primitives.h"
 #include "shell/core/GuardedMath.h"
 #include "shell/core/MathUtil.h"
+#include "shell/core/Primitives.h"
 #include "shell/core/Settling.h"
 
 namespace bolt {
@@ -51,10 +51,27 @@ void LayOut(int16_t m, int16_t n, double sv, double sh, Place place) {
     }
 }
 
+// The forces of the pass about (Iu, Iv), as its force pass forms them: each
+// bolt pushes at right angles to its radius, the farthest at the ultimate
+// deformation; turned back from the load's frame (u along the load, v across).
+void PassForces(const std::vector<BoltRec>& bolts, int16_t m, int16_t n, double sv, double sh, double Iu, double Iv,
+                double dmax, double cosA, double sinA, double s, std::vector<shell::ElementForce>& out) {
+    const double Rmax = 74.0 * std::pow(1.0 - std::exp(-10.0 * 0.34), 0.55);
+    LayOut(m, n, sv, sh, [&](int32_t k, double y0, double x0) {
+        const double du = bolts[k].first - Iu, dv = bolts[k].second - Iv;
+        const double d = std::sqrt(du * du + dv * dv);
+        if (!(d > 0.0) || !(dmax > 0.0)) return;
+        const double R = 74.0 * std::pow(1.0 - std::exp(-10.0 * d * 0.34 / dmax), 0.55);
+        const double fu = dv / d, fv = -du / d;
+        out.push_back(
+            {x0, y0, x0, y0, R / Rmax, s * fv * cosA + fu * sinA, fu * cosA - s * fv * sinA, 0.0, k, 0.0, d / dmax});
+    });
+}
+
 }  // namespace
 
-std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, double ex,
-                                  double angle, const YieldFn& Yield, BoltRunInfo* info) {
+std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, double ex, double angle,
+                                  const YieldFn& Yield, BoltRunInfo* info, std::vector<shell::ElementForce>* forces) {
     std::vector<BoltRec> bolts;
     if (!AllocateBolts(m, n, bolts)) return std::nullopt;
     const double count = static_cast<double>(static_cast<int32_t>(m) * n);
@@ -71,8 +88,14 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
     Store(e, std::fabs(cosA * ex));
     const double s = (prim::Sgn(cosA) == -1) ? -1.0 : 1.0;
 
-    // No arm: the bolts share the load equally.
-    if (e == 0.0) return count;
+    // No arm: the bolts share the load equally, each at its full strength.
+    if (e == 0.0) {
+        if (forces != nullptr)
+            LayOut(m, n, sv, sh, [&](int32_t k, double y0, double x0) {
+                forces->push_back({x0, y0, x0, y0, 1.0, sinA, cosA, 0.0, k, 0.0, 1.0});
+            });
+        return count;
+    }
 
     // Rotate every bolt into the load's frame: the load line runs along u at
     // distance e on the positive v side.
@@ -99,8 +122,11 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
     // toward the point keeps its full step, which is what gets it there.
     shell::Settling settling(kBoltSettling);
 
+    double passU = 0.0, passV = 0.0;  // the center of the pass
     while (!done) {
         ++pass;
+        passU = Iu;
+        passV = Iv;
 
         // Distance pass: the most distant bolt from the trial center.
         dmax = 0.0;
@@ -158,6 +184,7 @@ std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, do
         info->CenterX = s * Iv * cosA + Iu * sinA;
         info->CenterY = Iu * cosA - s * Iv * sinA;
     }
+    if (forces != nullptr) PassForces(bolts, m, n, sv, sh, passU, passV, dmax, cosA, sinA, s, *forces);
     double C = 0.0;
     Store(C, (SumA + P) / 2.0);
     return C;

@@ -7,7 +7,9 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
+#include "shell/core/ElementForce.h"
 #include "shell/core/Settling.h"
 #include "shell/core/Yield.h"
 
@@ -34,9 +36,11 @@ inline constexpr shell::SettlingRule kBoltSettling{1e-5, kSettlePasses, kSettleP
 // C of an m by n group at spacings sv (vertical) and sh (horizontal), load at
 // eccentricity ex and angle `angle` degrees from the vertical. Empty when the
 // group cannot be laid out (m x n is not a count of bolts from 1 to 32767).
-std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, double ex,
-                                  double angle, const YieldFn& Yield = nullptr,
-                                  BoltRunInfo* info = nullptr);
+// With `forces`, also the force on every bolt in the last pass, about that
+// pass's center, in units of one bolt's strength.
+std::optional<double> BoltGroup_C(int16_t m, int16_t n, double sv, double sh, double ex, double angle,
+                                  const YieldFn& Yield = nullptr, BoltRunInfo* info = nullptr,
+                                  std::vector<shell::ElementForce>* forces = nullptr);
 
 // C' of the same group, in the length unit of the spacings. Empty as above.
 std::optional<double> BoltGroup_CPrime(int16_t m, int16_t n, double sv, double sh);

@@ -31,6 +31,7 @@
 #include "shell/ui/GridEditor.h"
 #include "shell/ui/ModelCheckLine.h"
 #include "shell/ui/QtText.h"
+#include "shell/ui/ResultPictureView.h"
 #include "shell/ui/RunPump.h"
 #include "shell/ui/SettingsStore.h"
 #include "shell/ui/SolverModelBox.h"
@@ -154,6 +155,10 @@ void BoltCoefficientWindow::BuildControls() {
     strip->setSpacing(6);
     strip->addWidget(GroupStrip);
     strip->addWidget(LoadStrip);
+    Pattern = new ResultPictureView(this);
+    Pattern->setObjectName(QStringLiteral("PatternPicture"));
+    Pattern->setMinimumSize(fontMetrics().height() * 16, fontMetrics().height() * 10);
+    strip->addWidget(Pattern, 1);
     strip->addStretch(1);
 
     auto* buttons = new QGridLayout;
@@ -501,6 +506,19 @@ void BoltCoefficientWindow::ShowSelection() {
     LoadStrip->SetTextMatrix(2, 1, trimmedWith(7, QStringLiteral("   ")));
     LoadStrip->SetTextMatrix(3, 1, trimmedWith(8, QStringLiteral("   ")));
     CheckRow();
+    ShowPattern();
+}
+
+void BoltCoefficientWindow::ShowPattern() {
+    const int r = CaseGrid->Row();
+    bolt::BoltPattern pattern;
+    bolt::BoltLoad load;
+    const bool read = ReadCase(CaseGrid, r, pattern, load);
+    Pattern->SetGroup(read ? bolt::Pattern_Outline(pattern) : ResultPicture::Outline{}, false);
+    const QTableWidgetItem* c = CaseGrid->Cell(r, 7);
+    if (!read || c == nullptr || c->text().trimmed().isEmpty()) return Pattern->ClearResults();
+    const bolt::SolveResult result = bolt::Solve(pattern, load, {shell::SolverModelOf(ModelBox), true});
+    Pattern->SetResults(result, bolt::Pattern_Labels(result));
 }
 
 void BoltCoefficientWindow::AddRowButton_Click() {

@@ -16,6 +16,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class ResultPictureView;
 namespace shell {
 class ModelCheckLine;
 }
@@ -51,6 +52,8 @@ private:
     int CountEntries() const;
     void RestoreRow(int row);
     void ShowSelection();
+    // The selected row's pattern with the center and the force on each bolt.
+    void ShowPattern();
     void CheckRow();
     void StyleDataRow(int row);
 
@@ -87,6 +90,7 @@ private:
     QComboBox* ModelBox = nullptr;
     QLabel* StatusLine = nullptr;
     shell::ModelCheckLine* ModelCheck = nullptr;
+    ResultPictureView* Pattern = nullptr;
     QString checkedKey_;  // the case the check line shows or is solving
     QSize preferredGrid_;
 

@@ -276,12 +276,16 @@ void LoadFrame::ToLoad(double x, double y, double& X, double& Y) const {
 
 double LoadFrame::Arm(double ex) const { return std::fabs(cosA * ex); }
 
+void LoadFrame::BackVector(double X, double Y, double& x, double& y) const {
+    const double Xs = X * sgn;
+    x = Xs * cosA + Y * sinA;
+    y = -Xs * sinA + Y * cosA;
+}
+
 GroupMotion LoadFrame::Back(const Motion& m) const {
     // Velocities turn back as vectors; the mirror reverses the rotation.
     GroupMotion g;
-    const double Xs = m.vx * sgn;
-    g.VX = Xs * cosA + m.vy * sinA;
-    g.VY = -Xs * sinA + m.vy * cosA;
+    BackVector(m.vx, m.vy, g.VX, g.VY);
     g.W = m.w * sgn;
     g.Translation = g.W == 0.0;
     if (!g.Translation) {

@@ -93,6 +93,9 @@ struct LoadFrame {
     void ToLoad(double x, double y, double& X, double& Y) const;
     double Arm(double ex) const;
     GroupMotion Back(const Motion& m) const;
+    // A vector of the load frame (or a point, from the centroid) in the
+    // group's own axes.
+    void BackVector(double X, double Y, double& x, double& y) const;
 };
 
 }  // namespace shell

@@ -26,7 +26,8 @@ struct SolveRecord {
     // at the end of the solve; at infinity when the group only translates.
     bool CenterAtInfinity = false;
     double CenterX = 0.0, CenterY = 0.0;
-    // The force on every element, for pictures of a result: no solver fills it yet.
+    // The force on every element, for pictures of a result; filled only when
+    // the solve was asked for it (the options' WithForces).
     std::vector<ElementForce> Forces;
 
     // The outcome of an element model's solve: converged or not, refused or

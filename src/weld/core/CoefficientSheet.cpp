@@ -45,6 +45,10 @@ sheet::Sheet Coefficient_Sheet(const CoefficientRun& run, const sheet::TitleBloc
     SolveResult scaled = run.Result;
     scaled.CenterX *= shape.Scale;
     scaled.CenterY *= shape.Scale;
+    for (shell::ElementForce& e : scaled.Forces) {
+        e.X *= shape.Scale;
+        e.Y *= shape.Scale;
+    }
     sheet::Figure f = Group_Figure(shape.Group.Lines, {}, {false, shape.Group.Ex, c.Angle}, &scaled, false);
     f.Caption = "Configuration " + std::to_string(c.Number) + " drawn at its solved scale (" +
                 Number(shape.Scale) + " x the given lengths), its load, the center (IC) and the segment forces";

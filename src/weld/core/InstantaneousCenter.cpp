@@ -217,6 +217,62 @@ double LargestDeltaM(const WeldSegmentTable& segments, double D) {
     return largest;
 }
 
+// The force of one segment in a pass whose critical ratio and largest Dm are
+// given, as the pass sums it; false when a step fails and the pass skipped it.
+bool SegmentForce(const WeldSegmentRec& s, double RatioCrit, double DeltaMMax, double Fexx, double D, double& R) {
+    double p = 0.0, f = 0.0;
+    return Div(RatioCrit * s.r, DeltaMMax, p) && Let(f, std::pow((1.9 - 0.9 * p) * p, 0.3)) &&
+           Let(R, (0.6 * Fexx) * (1 + 0.5 * std::pow(std::sin(s.Theta), 1.5)) * f * (s.SegLength * 0.707106781 * D));
+}
+
+// The forces of the last pass's segments, turned back into the group's own
+// axes (the pass's center at (cx, cy) there). A segment pushes at right
+// angles to its radius, in the sense the load turns the group; `given` maps
+// each prepared line to its index in the group as given.
+std::vector<shell::ElementForce> PassForces(const WeldLineTable& lines, const WeldSegmentTable& segs, double RatioCrit,
+                                            double DeltaMMax, double Fexx, double D, double sgn, double cosNegA,
+                                            double sinNegA, double cx, double cy, const std::vector<int32_t>& given) {
+    auto back = [&](double x, double y, double& gx, double& gy) {
+        gx = x * sgn * cosNegA - y * sinNegA;
+        gy = x * sgn * sinNegA + y * cosNegA;
+    };
+    std::vector<shell::ElementForce> out;
+    out.reserve(segs.size());
+    for (const WeldSegmentRec& s : segs) {
+        double R = 0.0;
+        if (s.r == 0.0 || !SegmentForce(s, RatioCrit, DeltaMMax, Fexx, D, R)) continue;
+        shell::ElementForce e;
+        back(s.dX, s.dY, e.ArmX, e.ArmY);
+        e.ArmX += cx;
+        e.ArmY += cy;
+        // A falling inclined line had its segments laid below it by its rise.
+        const size_t line = static_cast<size_t>(s.LineNo - 1);
+        double rise = 0.0;
+        if (line < lines.size() && s.LineAngle != 0.0 && s.LineAngle != kHalfPi && lines[line].Slope < 0)
+            rise = std::fabs(lines[line].y2 - lines[line].y1);
+        back(s.dX, s.dY + rise, e.X, e.Y);
+        e.X += cx;
+        e.Y += cy;
+        back(-s.dY / s.r, s.dX / s.r, e.DirX, e.DirY);
+        e.Force = R;
+        e.Length = s.SegLength;
+        e.Line = line < given.size() ? given[line] : s.LineNo - 1;
+        e.Theta = Degrees(s.Theta);
+        if (s.DeltaU != 0.0) e.Deformation = RatioCrit * s.r / s.DeltaU;
+        out.push_back(e);
+    }
+    return out;
+}
+
+// The index in the group as given of every line that Prepare_WeldLines kept:
+// it drops the lines not longer than one segment, unless it dropped them all.
+std::vector<int32_t> GivenIndex(const WeldLineTable& given, size_t kept, int16_t spi) {
+    std::vector<int32_t> index;
+    for (size_t i = 0; i < given.size(); ++i)
+        if (kept == given.size() || 1.0 / spi < ExactLength(given[i])) index.push_back(static_cast<int32_t>(i));
+    return index;
+}
+
 }  // namespace
 
 void Build_Segments(const WeldLineTable& lines, double xo, double yo, WeldSegmentTable& segments, double D,
@@ -249,8 +305,10 @@ double Locate_InstantaneousCenter(const LoadedGroup& group, const SolveOptions& 
     state.DisplayClearTime = state.IterationStartTime;
     state.DisplayClearCount = 0;
 
-    auto show = [&](double x, double y, bool computed) {
-        if (hooks.Display) hooks.Display(PassShown{rep.Passes, x, y, options.DisplayDivisor, angle, computed});
+    using ForcesFn = std::function<std::vector<shell::ElementForce>()>;
+    auto show = [&](double x, double y, bool computed, ForcesFn forces = {}) {
+        if (hooks.Display)
+            hooks.Display(PassShown{rep.Passes, x, y, options.DisplayDivisor, angle, computed, std::move(forces)});
     };
 
     double a = 0.0, armEx = 0.0;
@@ -339,6 +397,13 @@ double Locate_InstantaneousCenter(const LoadedGroup& group, const SolveOptions& 
 
     WeldSegmentTable segs;
     segs.reserve(static_cast<size_t>(bound) + 1);
+    // The forces of the pass just run, for the display and the result.
+    const std::vector<int32_t> given =
+        options.WithForces ? GivenIndex(group.Lines, work.size(), spi) : std::vector<int32_t>{};
+    auto passForces = [&] {
+        return PassForces(work, segs, RatioCrit, DeltaMMax, Fexx, D, sgn, cosNegA, sinNegA, xR, yR, given);
+    };
+    auto forcesShown = [&]() -> ForcesFn { return options.WithForces ? ForcesFn(passForces) : ForcesFn(); };
     shell::Settling settling(kWeldSettling);
 
     for (;;) {
@@ -389,7 +454,7 @@ double Locate_InstantaneousCenter(const LoadedGroup& group, const SolveOptions& 
         rep.CenterX = xR;
         rep.CenterY = yR;
         rep.Segments = n;
-        show(xR, yR, true);
+        show(xR, yR, true, forcesShown());
 
         Div(SumR2, n * SumM, kCorr);
         // The factor is exactly 1 until the run swings into a cycle.
@@ -410,8 +475,9 @@ double Locate_InstantaneousCenter(const LoadedGroup& group, const SolveOptions& 
         YieldNow(hooks);
     }
     rep.Relaxation = settling.Factor();
+    if (options.WithForces && rep.Passes > 0) rep.Forces = passForces();
 
-    show(xR, yR, true);
+    show(xR, yR, true, rep.Passes > 0 ? forcesShown() : ForcesFn());
     double capacity = 0.0;
     Let(capacity, (Pm + SumFy) / 2);
     return capacity;

@@ -22,6 +22,7 @@
 #include <string>
 #include <vector>
 
+#include "shell/core/ElementForce.h"
 #include "shell/core/MathUtil.h"
 #include "shell/core/Settling.h"
 #include "shell/core/Yield.h"
@@ -74,6 +75,9 @@ struct PassShown {
     double Divisor = 1.0;  // the display divides the coordinates by this
     double Angle = 0.0;    // load angle, degrees
     bool Computed = true;  // false on the concentric path: no center was computed
+    // The force on every segment of this pass, about its center; set only
+    // when the options ask WithForces, and good only during the call.
+    std::function<std::vector<shell::ElementForce>()> Forces;
 };
 
 // Callbacks of a run. Empty functions are not called.
@@ -95,6 +99,9 @@ struct IterationReport {
     int32_t Segments = 0;       // rows of the segment table in the last pass
     double Relaxation = 1.0;    // factor of the center correction at the end (1: never relaxed)
     bool Unsettled = false;     // still swinging at the smallest factor: ended without converging
+    // The force on every segment of the last pass, about its center (only
+    // when the options ask WithForces).
+    std::vector<shell::ElementForce> Forces;
 };
 
 // How the solve settles a run that swings about its center: the correction

@@ -57,6 +57,55 @@ bool BuildElements(const weld::WeldLineTable& lines, const shell::LoadFrame& fra
     return el.Count() > 0;
 }
 
+// The force of every element for the motion m (load frame), as the kernel
+// sums it, turned back into the group's axes; the elements are those of
+// BuildElements, walked again for their lines' indices.
+constexpr double kDeg = 180.0 / std::numbers::pi;  // as the kernel turns its angles
+
+std::vector<shell::ElementForce> ElementForces(const WeldKernel::Elements& el, const weld::WeldLineTable& lines,
+                                               const shell::LoadFrame& frame, int16_t spi, const shell::Motion& m) {
+    double crit = WeldKernel::kNoRatio;
+    for (size_t i = 0; i < el.px.size(); ++i) {
+        const double ux = m.vx - m.w * el.py[i], uy = m.vy + m.w * el.px[i];
+        const double r = std::hypot(ux, uy);
+        const double theta =
+            std::atan2(std::fabs(el.ptx[i] * uy - el.pty[i] * ux), std::fabs(el.ptx[i] * ux + el.pty[i] * uy)) * kDeg;
+        if (r > 0.0) crit = std::min(crit, WeldKernel::DeltaU(theta, el.D) / r);
+    }
+    std::vector<shell::ElementForce> out;
+    if (!(crit < WeldKernel::kNoRatio)) return out;
+    out.reserve(el.Count());
+    size_t i = 0;
+    for (size_t line = 0; line < lines.size(); ++line) {
+        const double len = Length(lines[line]);
+        if (!(len > 0.0) || !std::isfinite(len)) continue;
+        const int64_t n = ElementCount(len, spi);
+        for (int64_t j = 0; j < n; ++j, ++i) {
+            const double ux = m.vx - m.w * el.y[i], uy = m.vy + m.w * el.x[i];
+            const double r = std::hypot(ux, uy);
+            const double A = el.tx[i] * ux + el.ty[i] * uy, B = el.tx[i] * uy - el.ty[i] * ux;
+            const double theta = std::atan2(std::fabs(B), std::fabs(A)) * kDeg;
+            shell::ElementForce e;
+            frame.BackVector(el.x[i], el.y[i], e.X, e.Y);
+            e.ArmX = e.X;
+            e.ArmY = e.Y;
+            e.Length = len / static_cast<double>(n);
+            e.Line = static_cast<int32_t>(line);
+            e.Theta = theta;
+            if (r > 0.0) {
+                const double p = crit * r / WeldKernel::DeltaM(theta, el.D);
+                const double q = p * (1.9 - 0.9 * p);
+                const double sinT = std::fabs(B) / r;
+                e.Force = q > 0.0 ? el.k[i] * std::pow(q, 0.3) * (1.0 + 0.5 * std::pow(sinT, 1.5)) : 0.0;
+                frame.BackVector(ux / r, uy / r, e.DirX, e.DirY);
+                e.Deformation = crit * r / WeldKernel::DeltaU(theta, el.D);
+            }
+            out.push_back(e);
+        }
+    }
+    return out;
+}
+
 }  // namespace
 
 }  // namespace WeldElementModel
@@ -172,6 +221,7 @@ ElementReport Solve(const weld::LoadedGroup& group, const weld::SolveOptions& op
     rep.Capacity = res.converged ? res.load : 0.0;
 
     rep.Motion = frame.Back(res.motion);
+    if (options.WithForces && res.converged) rep.Forces = ElementForces(el, lines, frame, SegmentsPerInch, res.motion);
     return rep;
 }
 

@@ -18,6 +18,9 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
+
+#include "shell/core/ElementForce.h"
 
 #include "shell/core/MotionSolver.h"
 #include "weld/core/WeldGroup.h"
@@ -38,6 +41,9 @@ struct ElementReport {
     int32_t Starts = 0;
     int32_t Evaluations = 0;  // element force sweeps
     double Residual = 0.0;    // scaled equilibrium residual at the end
+    // The force on every element at the solution, from the centroid in the
+    // input's axes (only when the options ask WithForces and it converged).
+    std::vector<shell::ElementForce> Forces;
 };
 
 // Groups beyond this many elements are refused.

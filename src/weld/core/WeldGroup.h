@@ -50,6 +50,9 @@ struct SolveOptions {
     double D = 1.0;
     // Divides only the coordinates the iteration shows through its display hook.
     double DisplayDivisor = 1.0;
+    // Also give the force on every segment (SolveRecord::Forces); the
+    // solves that do not ask pay nothing for it.
+    bool WithForces = false;
 };
 
 }  // namespace weld

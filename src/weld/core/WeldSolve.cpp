@@ -17,6 +17,7 @@ SolveResult ByElements(const LoadedGroup& group, const SolveOptions& options) {
     r.Concentric = rep.Concentric;
     r.Passes = rep.Iterations;
     r.Segments = rep.Elements;
+    r.Forces = std::move(rep.Forces);
     return r;
 }
 
@@ -38,6 +39,7 @@ SolveResult ByIteration(const LoadedGroup& group, const SolveOptions& options, W
     r.CenterAtInfinity = rep.Concentric;  // shown at the centroid
     r.CenterX = rep.CenterX;
     r.CenterY = rep.CenterY;
+    r.Forces = std::move(rep.Forces);
     return r;
 }
 
@@ -94,6 +96,12 @@ SolveResult Solve(const StandardConfig& config, const SolveOptions& options, Wel
     if (shape.Scale != 0.0) {
         r.CenterX /= shape.Scale;
         r.CenterY /= shape.Scale;
+        for (shell::ElementForce& e : r.Forces) {
+            e.X /= shape.Scale;
+            e.Y /= shape.Scale;
+            e.ArmX /= shape.Scale;
+            e.ArmY /= shape.Scale;
+        }
     }
     return r;
 }

@@ -290,6 +290,7 @@ void CoefficientWindow::ShowStatus(const QString& text) { StatusLine->setText(te
 // ---- Run control ------------------------------------------------------------
 
 void CoefficientWindow::WipeResult() {
+    WeldImage->ClearResults();
     run_.Result()->clear();
     run_.Check()->Clear();
     run_.DisplayBox()->clear();
@@ -303,6 +304,7 @@ void CoefficientWindow::Run_CoefficientIteration() {
     weld::SolveOptions options;
     WeldStrength::SegmentsPerInchOf(WeldStripBox->currentIndex(), options.SegmentsPerInch);
     options.Model = shell::SolverModelOf(ModelBox);
+    options.WithForces = true;
     wc::ConfigCells cells;
     for (int r = 0; r < wc::kRows; ++r) cells[r] = S(WeldFlex->TextMatrix(r, 1));
     if (!wc::InputsComplete(cells)) {
@@ -318,10 +320,13 @@ void CoefficientWindow::Run_CoefficientIteration() {
 
     run_.BeginRun();
     last_.reset();
+    WeldImage->ClearResults();
     const auto result = run_.Run([&](weld::WeldRunState& state, const weld::WeldRunHooks& hooks) {
         return weld::Solve(config, options, state, hooks);
     });
     if (!result) return;
+    // The picture shows the center and forces where the run ended.
+    WeldImage->SetResults(*result, config.L);
     const RunControl::RunEnding ending = run_.EndRun(*result, result->Value);
     // A run with no value to show says why in the status line as well.
     if (!ending.ShowsValue) ShowStatus(Q(RunControl::ForWidget(prim::Trim(ending.Text))));

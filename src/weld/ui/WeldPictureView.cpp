@@ -6,6 +6,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "shell/core/Primitives.h"
+#include "shell/ui/ResultPictureView.h"
+
 namespace {
 
 using WeldPicture::Point;
@@ -36,6 +39,11 @@ Mapping Fit(const QRectF& area, const WeldPicture::Model& m, double margin) {
     const double h = (m.max.y - m.min.y) * map.scale;
     map.origin = {area.left() + (area.width() - w) / 2, area.top() + (area.height() - h) / 2};
     return map;
+}
+
+// Room around the shape for the dimensions (or a thin edge for icons).
+double Margin(const QPainter& p, bool labels) {
+    return labels ? std::max(40.0, QFontMetricsF(p.font()).height() * 3.6) : 3.0;
 }
 
 void Arrowhead(QPainter& p, const QPointF& tip, const QPointF& from, double size) {
@@ -90,8 +98,7 @@ void PaintWeldPicture(QPainter& p, const QRectF& area, const WeldPicture::Model&
     if (m.welds.empty()) return;
     p.save();
     p.setRenderHint(QPainter::Antialiasing);
-    const double margin = labels ? std::max(40.0, QFontMetricsF(p.font()).height() * 3.6) : 3.0;
-    const Mapping map = Fit(area, m, margin);
+    const Mapping map = Fit(area, m, Margin(p, labels));
 
     p.setPen(QPen(kWeld, labels ? 4 : 2.5, Qt::SolidLine, Qt::SquareCap));
     for (const auto& s : m.welds) {
@@ -178,4 +185,34 @@ void WeldImageView::paintEvent(QPaintEvent*) {
     p.setPen(QPen(palette().color(QPalette::Mid), 1));
     p.drawRect(rect().adjusted(0, 0, -1, -1));
     PaintWeldPicture(p, QRectF(rect()), picture_, true);
+    if (results_.Forces.empty() || picture_.welds.empty()) return;
+    // The run's group axes stand at the centroid, in units of L of the picture.
+    const Mapping map = Fit(QRectF(rect()), picture_, Margin(p, true));
+    const QPointF c = map(picture_.centroid);
+    const double dpi = logicalDpiX();
+    ResultPicture::Placement where;
+    where.OriginX = c.x() / dpi;
+    where.OriginY = c.y() / dpi;
+    where.Scale = map.scale / dpi / length_;
+    PainterSurface s(p, size(), dpi);
+    const double most = ResultPicture::Largest(results_);
+    ResultPicture::Labels labels{"IC  x = " + prim::Format(results_.CenterX / length_, "0.000") + " L   y = " +
+                                     prim::Format(results_.CenterY / length_, "0.000") + " L",
+                                 "Max. force = " + prim::Format(most, "0.000") + " k/in", 0, true};
+    // The picture's P points down its line of action, the solver's load up
+    // it: the same center, every force reversed.
+    shell::SolveRecord shown = results_;
+    for (shell::ElementForce& e : shown.Forces) {
+        e.DirX = -e.DirX;
+        e.DirY = -e.DirY;
+    }
+    ResultPicture::Draw_Results(s, shown, where, labels);
 }
+
+void WeldImageView::SetResults(const shell::SolveRecord& record, double L) {
+    results_ = record;
+    length_ = L > 0.0 ? L : 1.0;
+    update();
+}
+
+void WeldImageView::ClearResults() { SetResults({}, 1.0); }

@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <QWidget>
 
+#include "shell/core/ResultPicture.h"
 #include "weld/core/WeldPicture.h"
 
 class QPainter;
@@ -23,10 +24,17 @@ public:
     explicit WeldImageView(QWidget* parent = nullptr);
     void SetPicture(const WeldPicture::Model& picture);
     const WeldPicture::Model& Picture() const { return picture_; }
+    // The center and forces of the last run over the picture; the run's
+    // positions are in the units of the base length L.
+    void SetResults(const shell::SolveRecord& record, double L);
+    void ClearResults();
+    const shell::SolveRecord& Results() const { return results_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     WeldPicture::Model picture_;
+    shell::SolveRecord results_;
+    double length_ = 1.0;
 };

@@ -28,6 +28,11 @@ void CalculationMode::Click() {
     CalculationView::Calculation_Click(board_, display_);
 }
 
+// Over a segment of the run's picture the tool tip tells its force.
+void CalculationMode::Move(Button /*held*/, double& x, double& y) {
+    board_.Surface().SetToolTipText(CalculationView::Results_ToolTip(board_.Doc(), display_.Results, x, y));
+}
+
 // The calculation display is made anew for the view as it is now.
 void CalculationMode::Redisplay() { board_.Set_Mode(CALCULATION); }
 

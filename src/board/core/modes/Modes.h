@@ -136,6 +136,7 @@ public:
     void Enter(bool again) override;
     void Leave(bool again) override;
     void Click() override;
+    void Move(Button held, double& x, double& y) override;
     PromptLine Prompt() const override;
     void Redisplay() override;
     void Zoomed() override { board_.Set_Mode(DRAW); }
