@@ -212,6 +212,16 @@ void DrawFigure(Pages& pg, const Figure& f) {
         const double left = l.align == Figure::Align::Left    ? a.x()
                             : l.align == Figure::Align::Right ? a.x() - bw
                                                               : a.x() - bw / 2;
+        if (pg.Drawing()) {
+            // On a white ground of its own, readable over the arrows.
+            QFont f = Pages::Font(7.5);
+            f.setPixelSize(8);
+            const double tw = QFontMetricsF(f).horizontalAdvance(Q(l.text)) + 2;
+            const double tl = l.align == Figure::Align::Left    ? a.x() - 1
+                              : l.align == Figure::Align::Right ? a.x() - tw + 1
+                                                                : a.x() - tw / 2;
+            pg.P().fillRect(QRectF(tl, a.y() - 5, tw, 10), Qt::white);
+        }
         pg.Text(QRectF(left, a.y() - 6, bw, 12), align | Qt::AlignVCenter, Q(l.text), Pages::Font(7.5), l.rgb);
     }
     pg.Down(h + 3);

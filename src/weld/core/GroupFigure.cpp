@@ -23,6 +23,7 @@ std::string Degrees(double d) {
 }
 
 constexpr size_t kMostLabelledLines = 40;  // beyond, the labels would hide the group
+constexpr size_t kMostArrows = 50;
 
 }  // namespace
 
@@ -90,12 +91,16 @@ sheet::Figure Group_Figure(const WeldLineTable& lines, const std::vector<std::st
     }
 
     if (run == nullptr) return f;
-    // The forces: the largest arrow a fifth of the group's size.
+    // The forces: the largest arrow a sixth of the group's size, and no more
+    // than about fifty arrows, evenly taken along the lines, so that they
+    // stay apart on paper.
     double most = 0;
     for (const shell::ElementForce& e : run->Forces) most = std::max(most, std::fabs(e.Force));
-    for (const shell::ElementForce& e : run->Forces) {
+    const size_t step = std::max<size_t>(1, run->Forces.size() / kMostArrows);
+    for (size_t i = step / 2; i < run->Forces.size(); i += step) {
+        const shell::ElementForce& e = run->Forces[i];
         if (!(most > 0)) break;
-        const double x = cx + side * e.X, y = cy + e.Y, len = 0.2 * size * std::fabs(e.Force) / most;
+        const double x = cx + side * e.X, y = cy + e.Y, len = size / 6 * std::fabs(e.Force) / most;
         f.Lines.push_back({x, y, x + side * e.DirX * len, y + e.DirY * len, sheet::kCenter, 0.6, false, true});
     }
     if (!run->CenterAtInfinity) {
