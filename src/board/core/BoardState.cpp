@@ -478,6 +478,11 @@ void Board::Show_Results(const weld::SolveResult& run, const weld::LoadedGroup& 
     if (active_ == calculation_) CalculationView::Refresh_Load(*this, calculation_->Display(), 0);
 }
 
+const weld::SolveResult* Board::Layout_Results() const {
+    const CalculationView::RunResults& r = calculation_->Display().Results;
+    return CalculationView::Results_Current(doc_, r) ? &r.Record : nullptr;
+}
+
 void Board::Set_Show_Results(bool on) {
     CalculationView::RunResults& r = calculation_->Display().Results;
     if (r.Show == on) return;

@@ -150,6 +150,9 @@ public:
     // and draws it over the calculation display; "Show Results" turns that off.
     void Show_Results(const weld::SolveResult& run, const weld::LoadedGroup& group);
     void Set_Show_Results(bool on);
+    // The kept run's record (capacity and forces in kips) while the layout
+    // and load are still the run's; null otherwise.
+    const weld::SolveResult* Layout_Results() const;
 
     LayoutDocument& Doc() { return doc_; }
     board::DrawSurface& Surface() { return surface_; }

@@ -1,5 +1,7 @@
 #include "board/core/CapacityHandOver.h"
 
+#include <cmath>
+
 #include "board/core/Viewport.h"
 
 namespace weld {
@@ -70,6 +72,18 @@ WeldLineTable Board_WeldLines(const Layout::LayoutDocument& doc, const WeldRunHo
     }
 
     return lines;
+}
+
+bool Same_Group(const LoadedGroup& a, const LoadedGroup& b) {
+    if (a.Ex != b.Ex || a.Angle != b.Angle || a.Lines.size() != b.Lines.size()) return false;
+    constexpr double kTolerance = 1e-3;
+    for (size_t i = 0; i < a.Lines.size(); ++i) {
+        const WeldLineRec &p = a.Lines[i], &q = b.Lines[i];
+        if (!(std::fabs(p.x1 - q.x1) <= kTolerance && std::fabs(p.y1 - q.y1) <= kTolerance &&
+              std::fabs(p.x2 - q.x2) <= kTolerance && std::fabs(p.y2 - q.y2) <= kTolerance))
+            return false;
+    }
+    return true;
 }
 
 LoadedGroup Layout_Group(const Layout::LayoutDocument& doc, const WeldRunHooks& hooks) {

@@ -22,6 +22,10 @@ LoadedGroup Layout_Group(const Layout::LayoutDocument& doc, const WeldRunHooks& 
 SolveResult Solve_Layout(const Layout::LayoutDocument& doc, const SolveOptions& options, WeldRunState& state,
                          const WeldRunHooks& hooks);
 
+// Whether two groups are the same under the same load, to a thousandth of
+// an inch: a zoom or a pan of the board keeps a group the same, an edit does not.
+bool Same_Group(const LoadedGroup& a, const LoadedGroup& b);
+
 // Smallest x (or y) of all end points, kept as a single at every step; ok is
 // set true at the end. Lets window events run after each line.
 float Lines_MinX(const WeldLineTable& lines, bool& ok, const WeldRunHooks& hooks = {});

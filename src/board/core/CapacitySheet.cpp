@@ -50,17 +50,7 @@ std::string Trimmed(std::string_view s) { return prim::Trim(std::string(s)); }
 }  // namespace
 
 bool Same_Group(const Layout::LayoutDocument& a, const Layout::LayoutDocument& b) {
-    const weld::LoadedGroup ga = weld::Layout_Group(a), gb = weld::Layout_Group(b);
-    if (ga.Ex != gb.Ex || ga.Angle != gb.Angle || a.Load.LoadSide != b.Load.LoadSide || ga.Lines.size() != gb.Lines.size())
-        return false;
-    // A zoom or a pan moves the board's single-precision points by a few
-    // millionths of an inch; a change of the layout moves them further.
-    const auto near = [](double u, double v) { return std::fabs(u - v) <= 1e-4 * std::max(1.0, std::fabs(u)); };
-    for (size_t i = 0; i < ga.Lines.size(); ++i) {
-        const weld::WeldLineRec &p = ga.Lines[i], &q = gb.Lines[i];
-        if (!near(p.x1, q.x1) || !near(p.y1, q.y1) || !near(p.x2, q.x2) || !near(p.y2, q.y2)) return false;
-    }
-    return true;
+    return a.Load.LoadSide == b.Load.LoadSide && weld::Same_Group(weld::Layout_Group(a), weld::Layout_Group(b));
 }
 
 std::optional<double> Other_Model(const Layout::LayoutDocument& doc, const Inputs& in, int64_t maxPasses) {

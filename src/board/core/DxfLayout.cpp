@@ -8,6 +8,9 @@
 
 #include "board/core/LayoutRender.h"
 #include "board/core/LoadSymbol.h"
+#include "board/core/ResultsOverlay.h"
+#include "shell/core/ResultPicture.h"
+#include "weld/core/WeldConfigurations.h"
 #include "board/core/Viewport.h"
 
 namespace DxfLayout {
@@ -206,7 +209,7 @@ std::string ErrorText(const ImportResult& r) {
     return {};
 }
 
-Dxf::Output ExportOf(const LayoutDocument& doc) {
+Dxf::Output ExportOf(const LayoutDocument& doc, const shell::SolveRecord* run) {
     Dxf::Output out;
     out.Layers = {{"WELD", 5}, {"DIMS", 8}, {"LOAD", 2}};
     for (const Layout::LineRec& l : doc.Lines) {
@@ -222,6 +225,20 @@ Dxf::Output ExportOf(const LayoutDocument& doc) {
         surface.layer = "LOAD";
         LoadSymbol::Draw_LoadSymbol(surface, doc.Lines, doc.Load.LoadPoint, doc.Load.LoadSide, doc.Load.LoadAngle,
                                     doc.Load.LoadEccentricity);
+    }
+    if (run != nullptr && run->Converged) {
+        // The run's picture about the group's centroid, as on the board.
+        weld::WeldLineTable world;
+        for (const Layout::LineRec& l : doc.Lines)
+            if (l.Exists != 0)
+                world.push_back({Viewport::To_WorldX(doc, l.StartPt.X), Viewport::To_WorldY(doc, l.StartPt.Y),
+                                 Viewport::To_WorldX(doc, l.EndPt.X), Viewport::To_WorldY(doc, l.EndPt.Y)});
+        out.Layers.push_back({"RESULTS", 1});
+        surface.layer = "RESULTS";
+        const ResultPicture::Placement where{Viewport::To_BoardX(doc, weld::Centroid_X(world)),
+                                             Viewport::To_BoardY(doc, weld::Centroid_Y(world)),
+                                             static_cast<double>(doc.ZoomBase) * doc.ZoomScale, doc.Load.LoadSide == 0};
+        ResultPicture::Draw_Results(surface, *run, where, CalculationView::Results_Labels(*run, doc.Load.LoadSide));
     }
     return out;
 }

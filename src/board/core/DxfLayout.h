@@ -10,6 +10,7 @@
 
 #include "board/core/DxfFile.h"
 #include "board/core/LayoutDocument.h"
+#include "shell/core/SolveRecord.h"
 
 namespace DxfLayout {
 
@@ -57,7 +58,9 @@ std::string ErrorText(const ImportResult& result);
 
 // A layout as a DXF drawing in world inches: weld lines on WELD, each
 // dimension as its line and its length as text on DIMS, the load as a line
-// from its anchor along its angle and its text on LOAD.
-Dxf::Output ExportOf(const Layout::LayoutDocument& doc);
+// from its anchor along its angle and its text on LOAD; with a run of the
+// layout, its center, the force on each segment and the legend on RESULTS,
+// as the board draws them.
+Dxf::Output ExportOf(const Layout::LayoutDocument& doc, const shell::SolveRecord* run = nullptr);
 
 }  // namespace DxfLayout

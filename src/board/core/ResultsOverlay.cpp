@@ -16,18 +16,6 @@ std::string Length(double inches) {
     return inches < 0 && text.find_first_of("123456789") != std::string::npos ? "-" + text : text;
 }
 
-bool Same(const weld::LoadedGroup& a, const weld::LoadedGroup& b) {
-    if (a.Ex != b.Ex || a.Angle != b.Angle || a.Lines.size() != b.Lines.size()) return false;
-    constexpr double kTolerance = 1e-3;
-    for (size_t i = 0; i < a.Lines.size(); ++i) {
-        const weld::WeldLineRec &p = a.Lines[i], &q = b.Lines[i];
-        if (!(std::fabs(p.x1 - q.x1) <= kTolerance && std::fabs(p.y1 - q.y1) <= kTolerance &&
-              std::fabs(p.x2 - q.x2) <= kTolerance && std::fabs(p.y2 - q.y2) <= kTolerance))
-            return false;
-    }
-    return true;
-}
-
 }  // namespace
 
 void Keep_Results(RunResults& r, const weld::SolveResult& run, const weld::LoadedGroup& group, int16_t loadSide) {
@@ -40,7 +28,7 @@ void Keep_Results(RunResults& r, const weld::SolveResult& run, const weld::Loade
 }
 
 bool Results_Current(const Layout::LayoutDocument& doc, const RunResults& r) {
-    return r.Valid && doc.Load.LoadSide == r.LoadSide && Same(weld::Layout_Group(doc), r.Group);
+    return r.Valid && doc.Load.LoadSide == r.LoadSide && weld::Same_Group(weld::Layout_Group(doc), r.Group);
 }
 
 ResultPicture::Labels Results_Labels(const shell::SolveRecord& run, int16_t loadSide) {

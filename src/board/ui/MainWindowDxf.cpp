@@ -88,7 +88,8 @@ bool MainWindow::Import_Dxf(const QString& path) {
 void MainWindow::mnuExportDxf_Click() {
     const QString path = filedialogs::GetSavePath(this, kExportTitle, true, filedialogs::Kind::Dxf);
     if (path.isEmpty()) return;
-    const std::string bytes = Dxf::Write(DxfLayout::ExportOf(doc_));
+    // The last capacity run's results go with it while they are the layout's.
+    const std::string bytes = Dxf::Write(DxfLayout::ExportOf(doc_, board_->Layout_Results()));
     if (bytes.empty()) {
         QMessageBox::warning(this, kExportTitle, QStringLiteral("The layout could not be made into a DXF drawing."));
         return;

@@ -2,12 +2,15 @@
 // with another program's drawings is tested by dxf_exchange.py.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 
 #include "board/core/DxfFile.h"
 #include "board/core/DxfLayout.h"
+#include "board/core/CapacityHandOver.h"
 #include "board/core/Viewport.h"
+#include "support/BoardTestDoc.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -80,4 +83,27 @@ TEST_F(DxfRead, ACancelledReadEndsAtOnce) {
     EXPECT_EQ(Dxf::Read(path, d, [&](double) { return ++calls < 2; }), Dxf::ReadError::Cancelled);
     EXPECT_LT(d.Segments.size(), 20000u);
     EXPECT_EQ(Dxf::Read(P("none.dxf"), d), Dxf::ReadError::CannotOpen);
+}
+
+TEST(DxfExport, ARunOfTheLayoutGoesOnResults) {
+    Layout::LayoutDocument doc = boardtest::Drawn({{1, 1, 1, 11}, {1, 1, 5, 1}, {1, 11, 5, 11}});
+    doc.Load.LoadEccentricity = 0.75;
+    doc.Load.LoadSide = 1;
+    Viewport::Zoom_Fit(doc, 0.925f);  // as the calculation display shows it
+    weld::SolveOptions o;
+    o.WithForces = true;
+    const weld::SolveResult run = weld::Solve(weld::Layout_Group(doc), o);
+    ASSERT_TRUE(run.Converged);
+    const Dxf::Output plain = DxfLayout::ExportOf(doc), with = DxfLayout::ExportOf(doc, &run);
+    auto on = [](const Dxf::Output& out, const char* layer) {
+        return std::count_if(out.Lines.begin(), out.Lines.end(), [&](const Dxf::Line& l) { return l.layer == layer; });
+    };
+    EXPECT_EQ(on(plain, "RESULTS"), 0);
+    EXPECT_EQ(on(with, "WELD"), 3);
+    EXPECT_GT(on(with, "RESULTS"), 20);  // arrows and the center's cross
+    // The center's text: 1.643 in left of the centroid, as the sheet of this run says.
+    const auto ic = std::find_if(with.Texts.begin(), with.Texts.end(),
+                                 [](const Dxf::Text& t) { return t.layer == "RESULTS" && t.text.rfind("IC", 0) == 0; });
+    ASSERT_NE(ic, with.Texts.end());
+    EXPECT_EQ(ic->text, "IC  x = -1 5/8\"   y = 0\"");
 }

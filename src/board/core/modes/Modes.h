@@ -143,6 +143,7 @@ public:
     void Load_Changed() override;
     bool ShowsWorkingDisplay() const override { return false; }
     CalculationView::CalcState& Display() { return display_; }
+    const CalculationView::CalcState& Display() const { return display_; }
 
 private:
     CalculationView::CalcState display_;
