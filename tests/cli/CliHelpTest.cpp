@@ -45,6 +45,8 @@ TEST(CliHelp, EveryCommandPrintsItsOwnHelpAndItsExamplesRunAsShown) {
     const std::string general = golden::RunCli({"--help"}).out;
     const std::string prompt = "  $ ferrolith-cli ";
     int examples = 0;
+    // A build without Qt makes no sheets: its examples that write one are not run.
+    const bool sheets = std::find(names.begin(), names.end(), "sheet") != names.end();
     for (const std::string& name : names) {
         const Result help = golden::RunCli({"help", name});
         EXPECT_EQ(help.code, 0) << name;
@@ -54,7 +56,7 @@ TEST(CliHelp, EveryCommandPrintsItsOwnHelpAndItsExamplesRunAsShown) {
         EXPECT_EQ(golden::RunCli({name, "--help"}).out, help.out) << name;
         std::istringstream in(help.out);
         for (std::string line; std::getline(in, line);) {
-            if (line.rfind(prompt, 0) != 0) continue;
+            if (line.rfind(prompt, 0) != 0 || (!sheets && line.find("--sheet") != std::string::npos)) continue;
             ++examples;
             // As a shell runs it, quotes and all.
             const Result r = golden::Run({"/bin/sh", "-c", FERROLITH_CLI " " + line.substr(prompt.size())});
