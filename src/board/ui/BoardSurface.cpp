@@ -127,34 +127,42 @@ void BoardSurface::Circle(double x, double y, double radius, uint32_t color) {
     p.setRenderHint(QPainter::Antialiasing, false);
 }
 
-QFont BoardSurface::CurrentFont() const {
+const QFont& BoardSurface::CurrentFont() const {
+    // The size in points, on the image's device pixels, so text keeps its size at any scale.
+    const FontKey key{FontName, FontSize, FontBold, qMax(1, qRound(FontSize / 72.0 * logicalDpiY() * devicePixelRatioF()))};
+    if (metrics_ && key == fontKey_) return font_;
     QFont f;
     // Without the requested face, a condensed sans keeps texts placed for its
     // narrow letters from running into each other.
     f.setFamilies({Q(FontName), QStringLiteral("DejaVu Sans Condensed")});
-    // The size in points, on the image's device pixels, so text keeps its size at any scale.
-    f.setPixelSize(qMax(1, qRound(FontSize / 72.0 * logicalDpiY() * devicePixelRatioF())));
+    f.setPixelSize(key.pixels);
     f.setBold(FontBold);
-    return f;
+    fontKey_ = key;
+    font_ = f;
+    metrics_.emplace(font_);
+    return font_;
+}
+
+const QFontMetricsF& BoardSurface::CurrentMetrics() const {
+    CurrentFont();
+    return *metrics_;
 }
 
 double BoardSurface::TextWidth(const std::string& text) const {
-    return QFontMetricsF(CurrentFont()).horizontalAdvance(Q(text)) / UnitPx();
+    return CurrentMetrics().horizontalAdvance(Q(text)) / UnitPx();
 }
 
-double BoardSurface::TextHeight() const {
-    return QFontMetricsF(CurrentFont()).height() / (logicalDpiY() * devicePixelRatioF());
-}
+double BoardSurface::TextHeight() const { return CurrentMetrics().height() / (logicalDpiY() * devicePixelRatioF()); }
 
 void BoardSurface::Print(const std::string& text) {
     QPainter& p = Painter();
-    const QFont f = CurrentFont();
-    p.setFont(f);
+    const QFont& f = CurrentFont();
+    if (p.font() != f) p.setFont(f);
     p.setPen(FromBgr(ForeColor));
     p.setCompositionMode(QPainter::CompositionMode_SourceOver);
     p.setRenderHint(QPainter::TextAntialiasing, true);
     const QPointF at = ToDevice(CurrentX, CurrentY);
-    const QFontMetricsF fm(f);
+    const QFontMetricsF& fm = CurrentMetrics();
     p.drawText(QPointF(at.x(), at.y() + fm.ascent()), Q(text));
     CurrentX = 0.0;
     CurrentY += fm.height() / (logicalDpiY() * devicePixelRatioF());

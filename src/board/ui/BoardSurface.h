@@ -3,9 +3,13 @@
 // and reports pointer events in board units.
 #pragma once
 
+#include <QFont>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 #include <memory>
+#include <optional>
+#include <string>
 #include <QWidget>
 
 #include "board/core/DrawSurface.h"
@@ -64,7 +68,21 @@ private:
     QPainter& Painter();
     void EndPainting() const;
     double UnitPx() const;  // device pixels per inch
-    QFont CurrentFont() const;  // the text font, sized for the image's device pixels
+    // The text font, sized for the image's device pixels, and its metrics:
+    // made anew only when the face, size, weight or pixel density change
+    // (a display of many labels asks for them thousands of times).
+    const QFont& CurrentFont() const;
+    const QFontMetricsF& CurrentMetrics() const;
+    struct FontKey {
+        std::string name;
+        double size = 0.0;
+        bool bold = false;
+        int pixels = 0;
+        bool operator==(const FontKey&) const = default;
+    };
+    mutable FontKey fontKey_;
+    mutable QFont font_;
+    mutable std::optional<QFontMetricsF> metrics_;
     QImage image_;
     mutable std::unique_ptr<QPainter> painter_;
     board::Pointer pointer_ = board::Pointer::Default;
