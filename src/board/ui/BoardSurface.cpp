@@ -35,19 +35,23 @@ BoardSurface::BoardSurface(QWidget* parent) : QWidget(parent) {
     Allocate();
 }
 
-double BoardSurface::UnitPx() const { return logicalDpiX() * devicePixelRatioF(); }
+// The screen's density, read again whenever the picture is cleared or made
+// anew: asking the screen at every point of a large display costs more than
+// drawing it.
+void BoardSurface::Read_Density() const {
+    density_ = {static_cast<double>(logicalDpiX()), static_cast<double>(logicalDpiY()), devicePixelRatioF()};
+}
 
-double BoardSurface::ScaleWidth() const { return width() / static_cast<double>(logicalDpiX()); }
-double BoardSurface::ScaleHeight() const { return height() / static_cast<double>(logicalDpiY()); }
+double BoardSurface::UnitPx() const { return density_.dpiX * density_.dpr; }
+
+double BoardSurface::ScaleWidth() const { return width() / density_.dpiX; }
+double BoardSurface::ScaleHeight() const { return height() / density_.dpiY; }
 
 QPointF BoardSurface::ToDevice(double x, double y) const {
-    const double dpr = devicePixelRatioF();
-    return {x * logicalDpiX() * dpr, y * logicalDpiY() * dpr};
+    return {x * density_.dpiX * density_.dpr, y * density_.dpiY * density_.dpr};
 }
 
-QPointF BoardSurface::ToBoard(const QPointF& p) const {
-    return {p.x() / logicalDpiX(), p.y() / logicalDpiY()};
-}
+QPointF BoardSurface::ToBoard(const QPointF& p) const { return {p.x() / density_.dpiX, p.y() / density_.dpiY}; }
 
 QPainter& BoardSurface::Painter() {
     if (!painter_) {
@@ -66,6 +70,7 @@ const QImage& BoardSurface::Image() const {
 
 void BoardSurface::Allocate() {
     EndPainting();
+    Read_Density();
     const qreal dpr = devicePixelRatioF();
     QImage img(qMax(1, qRound(width() * dpr)), qMax(1, qRound(height() * dpr)), QImage::Format_RGB32);
     img.setDevicePixelRatio(1.0);
@@ -84,6 +89,7 @@ void BoardSurface::resizeEvent(QResizeEvent*) {
 
 void BoardSurface::Cls() {
     EndPainting();
+    Read_Density();
     image_.fill(Qt::black);
     CurrentX = CurrentY = 0.0;
 }
@@ -96,7 +102,7 @@ void BoardSurface::Line(double x1, double y1, double x2, double y2, uint32_t col
     // A figure of no length inverts nothing, so drawing it twice stays exact.
     if (invert && a.toPoint() == b.toPoint()) return;
     QPainter& p = Painter();
-    const qreal dpr = devicePixelRatioF();
+    const qreal dpr = density_.dpr;
     QPen pen(FromBgr(color));
     pen.setWidthF(invert ? 1.0 : qMax<qreal>(1.0, DrawWidth * dpr));
     if (invert) pen.setCosmetic(true);
@@ -113,7 +119,7 @@ void BoardSurface::Line(double x1, double y1, double x2, double y2, uint32_t col
 
 void BoardSurface::Circle(double x, double y, double radius, uint32_t color) {
     QPainter& p = Painter();
-    const qreal dpr = devicePixelRatioF();
+    const qreal dpr = density_.dpr;
     QPen pen(FromBgr(color));
     pen.setWidthF(qMax<qreal>(1.0, DrawWidth * dpr));
     const bool invert = DrawMode == board::PenMode::Invert;
@@ -129,7 +135,7 @@ void BoardSurface::Circle(double x, double y, double radius, uint32_t color) {
 
 const QFont& BoardSurface::CurrentFont() const {
     // The size in points, on the image's device pixels, so text keeps its size at any scale.
-    const FontKey key{FontName, FontSize, FontBold, qMax(1, qRound(FontSize / 72.0 * logicalDpiY() * devicePixelRatioF()))};
+    const FontKey key{FontName, FontSize, FontBold, qMax(1, qRound(FontSize / 72.0 * density_.dpiY * density_.dpr))};
     if (metrics_ && key == fontKey_) return font_;
     QFont f;
     // Without the requested face, a condensed sans keeps texts placed for its
@@ -152,7 +158,7 @@ double BoardSurface::TextWidth(const std::string& text) const {
     return CurrentMetrics().horizontalAdvance(Q(text)) / UnitPx();
 }
 
-double BoardSurface::TextHeight() const { return CurrentMetrics().height() / (logicalDpiY() * devicePixelRatioF()); }
+double BoardSurface::TextHeight() const { return CurrentMetrics().height() / (density_.dpiY * density_.dpr); }
 
 void BoardSurface::Print(const std::string& text) {
     QPainter& p = Painter();
@@ -165,7 +171,7 @@ void BoardSurface::Print(const std::string& text) {
     const QFontMetricsF& fm = CurrentMetrics();
     p.drawText(QPointF(at.x(), at.y() + fm.ascent()), Q(text));
     CurrentX = 0.0;
-    CurrentY += fm.height() / (logicalDpiY() * devicePixelRatioF());
+    CurrentY += fm.height() / (density_.dpiY * density_.dpr);
 }
 
 void BoardSurface::Refresh() {

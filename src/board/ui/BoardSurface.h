@@ -68,6 +68,11 @@ private:
     QPainter& Painter();
     void EndPainting() const;
     double UnitPx() const;  // device pixels per inch
+    void Read_Density() const;
+    struct Density {
+        double dpiX = 96, dpiY = 96, dpr = 1;
+    };
+    mutable Density density_;
     // The text font, sized for the image's device pixels, and its metrics:
     // made anew only when the face, size, weight or pixel density change
     // (a display of many labels asks for them thousands of times).
