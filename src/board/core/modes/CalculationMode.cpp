@@ -12,8 +12,13 @@ void CalculationMode::Enter(bool /*again*/) {
     board_.Surface().Refresh();
 }
 
-// The working display comes back, the selection not shown.
-void CalculationMode::Leave(bool /*again*/) { board_.Repaint(false); }
+// The working display comes back, the selection not shown. Entered again
+// (a refresh), the calculation display is made anew over a cleared board at
+// once: the working display would only be drawn to be cleared, and its
+// crossings are found again when it comes back.
+void CalculationMode::Leave(bool again) {
+    if (!again) board_.Repaint(false);
+}
 
 PromptLine CalculationMode::Prompt() const {
     return {board_.Doc().Load.LoadPlaced != 0
