@@ -96,7 +96,10 @@ sheet::Sheet Capacity_Sheet(const Layout::LayoutDocument& doc, const Inputs& in,
         names.push_back(l.LineName);
     }
     const weld::FigureLoad load{doc.Load.LoadSide == 0, doc.Load.LoadEccentricity * 12.0, doc.Load.LoadAngle};
-    sheet::Figure figure = weld::Group_Figure(lines, names, load, &r);
+    // The forces in the kips of the chosen method, as the board shows them.
+    shell::SolveRecord shownRun = r;
+    for (shell::ElementForce& e : shownRun.Forces) e.Force *= fexx * size * factor;
+    sheet::Figure figure = weld::Group_Figure(lines, names, load, &shownRun, true, "k/in");
     figure.Caption = "The weld group, its load, the instantaneous center (IC) and the force on each segment";
     s.Figures.push_back(std::move(figure));
 

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "shell/core/FigureSurface.h"
 #include "shell/core/MathUtil.h"
 #include "shell/core/Primitives.h"
+#include "shell/core/ResultPicture.h"
 
 namespace bolt {
 
@@ -37,16 +39,22 @@ Figure Pattern_Figure(const SheetCase& c, const SolveResult& r) {
         f.Lines.push_back({ax, y, 0, y, sheet::kLoad, 0.5, false, true});
         f.Labels.push_back({ax / 2, y, "ex = " + Number(c.Load.Ex) + " in", sheet::kLoad, Figure::Align::Centre, 0, 8});
     }
-    double most = 0;
-    for (const shell::ElementForce& e : r.Forces) most = std::max(most, std::fabs(e.Force));
-    for (const shell::ElementForce& e : r.Forces) {
-        if (!(most > 0)) break;
-        const double len = 0.2 * size * std::fabs(e.Force) / most;
-        f.Lines.push_back({e.X, e.Y, e.X + e.DirX * len, e.Y + e.DirY * len, sheet::kCenter, 0.6, false, true});
-    }
-    if (!r.CenterAtInfinity) {
-        f.Circles.push_back({r.CenterX, r.CenterY, 4, sheet::kCenter, false});
-        f.Labels.push_back({r.CenterX, r.CenterY, "IC", sheet::kCenter, Figure::Align::Left, 6, -8});
+    if (!r.Forces.empty()) {
+        // The center and the bolts' forces by the result painter of the
+        // screen, on a surface that records them into the figure.
+        double x0 = -w / 2, x1 = std::max(w / 2, ax), y0 = -h / 2, y1 = h / 2;
+        if (!r.CenterAtInfinity)
+            x0 = std::min(x0, r.CenterX), x1 = std::max(x1, r.CenterX), y0 = std::min(y0, r.CenterY),
+            y1 = std::max(y1, r.CenterY);
+        const double margin = 0.25 * std::max({x1 - x0, y1 - y0, 1.0});
+        x0 -= margin, x1 += margin, y0 -= margin, y1 += margin;
+        shell::FigureSurface surface(f, x0, y0, x1, y1, 4.0 / std::max(x1 - x0, y1 - y0));
+        ResultPicture::Labels labels;
+        labels.Center = "IC";
+        labels.Text = 0;  // black on paper
+        labels.Legend = "Max. force = " + prim::Format(ResultPicture::Largest(r), "0.000") + " x one bolt";
+        ResultPicture::Draw_Results(surface, r, {surface.OriginX(0), surface.OriginY(0), surface.UnitsPerInch(), false},
+                                    labels);
     }
     f.Caption = std::to_string(p.M) + " rows by " + std::to_string(p.N) + " columns at " + Number(p.Sv) + " by " +
                 Number(p.Sh) + " in, ex = " + Number(c.Load.Ex) + " in, " + Number(c.Load.Angle) + "\u00B0";

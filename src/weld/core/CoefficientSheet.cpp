@@ -49,7 +49,7 @@ sheet::Sheet Coefficient_Sheet(const CoefficientRun& run, const sheet::TitleBloc
         e.X *= shape.Scale;
         e.Y *= shape.Scale;
     }
-    sheet::Figure f = Group_Figure(shape.Group.Lines, {}, {false, shape.Group.Ex, c.Angle}, &scaled, false);
+    sheet::Figure f = Group_Figure(shape.Group.Lines, {}, {false, shape.Group.Ex, c.Angle}, &scaled, false, "k/in");
     f.Caption = "Configuration " + std::to_string(c.Number) + " drawn at its solved scale (" +
                 Number(shape.Scale) + " x the given lengths), its load, the center (IC) and the segment forces";
     s.Figures.push_back(std::move(f));

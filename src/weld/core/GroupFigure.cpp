@@ -4,7 +4,10 @@
 #include <cmath>
 #include <cstdio>
 
+#include "shell/core/FigureSurface.h"
 #include "shell/core/MathUtil.h"
+#include "shell/core/Primitives.h"
+#include "shell/core/ResultPicture.h"
 #include "units/core/ImperialText.h"
 #include "weld/core/WeldConfigurations.h"
 
@@ -23,14 +26,13 @@ std::string Degrees(double d) {
 }
 
 constexpr size_t kMostLabelledLines = 40;  // beyond, the labels would hide the group
-constexpr size_t kMostArrows = 50;
 
 }  // namespace
 
 std::string Inches_Text(double inches) { return Imperial::Imperial_Text(inches / 12.0, 16, 0, 0); }
 
 sheet::Figure Group_Figure(const WeldLineTable& lines, const std::vector<std::string>& names, const FigureLoad& load,
-                           const shell::SolveRecord* run, bool lengths) {
+                           const shell::SolveRecord* run, bool lengths, const std::string& legendUnit) {
     Figure f;
     const double cx = Centroid_X(lines), cy = Centroid_Y(lines);
     double minX = cx, maxX = cx, minY = cy, maxY = cy;
@@ -90,29 +92,26 @@ sheet::Figure Group_Figure(const WeldLineTable& lines, const std::vector<std::st
                             Figure::Align::Centre, 0, 8});
     }
 
-    if (run == nullptr) return f;
-    // The forces: the largest arrow a sixth of the group's size, and no more
-    // than about fifty arrows, evenly taken along the lines, so that they
-    // stay apart on paper.
-    double most = 0;
-    for (const shell::ElementForce& e : run->Forces) most = std::max(most, std::fabs(e.Force));
-    const size_t step = std::max<size_t>(1, run->Forces.size() / kMostArrows);
-    for (size_t i = step / 2; i < run->Forces.size(); i += step) {
-        const shell::ElementForce& e = run->Forces[i];
-        if (!(most > 0)) break;
-        const double x = cx + side * e.X, y = cy + e.Y, len = size / 6 * std::fabs(e.Force) / most;
-        f.Lines.push_back({x, y, x + side * e.DirX * len, y + e.DirY * len, sheet::kCenter, 0.6, false, true});
-    }
+    if (run == nullptr || run->Forces.empty()) return f;
+    // The run's center, forces and legend, drawn by the result painter of
+    // the screen on a surface that records them into the figure: the group
+    // and its center with a margin for the arrows, about four surface units
+    // (paper inches, near enough) across.
+    double x0 = minX, x1 = maxX, y0 = minY, y1 = maxY;
     if (!run->CenterAtInfinity) {
-        const double x = cx + side * run->CenterX, y = cy + run->CenterY;
-        f.Circles.push_back({x, y, 4, sheet::kCenter, false});
-        f.Lines.push_back({x - 0.04 * size, y, x + 0.04 * size, y, sheet::kCenter, 0.8, false, false});
-        f.Lines.push_back({x, y - 0.04 * size, x, y + 0.04 * size, sheet::kCenter, 0.8, false, false});
-        // Its name on the side away from the group.
-        const bool left = x < cx;
-        f.Labels.push_back({x, y, "IC", sheet::kCenter, left ? Figure::Align::Right : Figure::Align::Left,
-                            left ? -6.0 : 6.0, -8.0});
+        const double icx = cx + side * run->CenterX, icy = cy + run->CenterY;
+        x0 = std::min(x0, icx), x1 = std::max(x1, icx), y0 = std::min(y0, icy), y1 = std::max(y1, icy);
     }
+    const double margin = 0.25 * std::max({x1 - x0, y1 - y0, 1.0});
+    x0 -= margin, x1 += margin, y0 -= margin, y1 += margin;
+    shell::FigureSurface surface(f, x0, y0, x1, y1, 4.0 / std::max(x1 - x0, y1 - y0));
+    const ResultPicture::Placement where{surface.OriginX(cx), surface.OriginY(cy), surface.UnitsPerInch(), load.Left};
+    ResultPicture::Labels labels;
+    labels.Center = "IC";
+    labels.Text = 0;  // black on paper
+    if (!legendUnit.empty())
+        labels.Legend = "Max. force = " + prim::Format(ResultPicture::Largest(*run), "0.000") + " " + legendUnit;
+    ResultPicture::Draw_Results(surface, *run, where, labels);
     return f;
 }
 

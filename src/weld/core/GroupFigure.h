@@ -22,9 +22,11 @@ struct FigureLoad {
 // `lines` in inches, Y up; `names` (may be empty) label them. A run's center
 // and forces are in the group's axes from its centroid, mirrored in x for a
 // load on the left, as the solver gives them.
-// With `lengths` false the lines carry their names only.
+// With `lengths` false the lines carry their names only. The run's center
+// and forces are drawn by the result painter of the screen (ResultPicture),
+// with a legend of the largest force in `legendUnit` (none when empty).
 sheet::Figure Group_Figure(const WeldLineTable& lines, const std::vector<std::string>& names, const FigureLoad& load,
-                           const shell::SolveRecord* run, bool lengths = true);
+                           const shell::SolveRecord* run, bool lengths = true, const std::string& legendUnit = "");
 
 // "1'-6\"" for 18 inches: feet and inches to a sixteenth.
 std::string Inches_Text(double inches);
