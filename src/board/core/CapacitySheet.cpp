@@ -1,6 +1,5 @@
 #include "board/core/CapacitySheet.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -48,10 +47,6 @@ weld::SolveResult Limited(const Layout::LayoutDocument& doc, const weld::SolveOp
 std::string Trimmed(std::string_view s) { return prim::Trim(std::string(s)); }
 
 }  // namespace
-
-bool Same_Group(const Layout::LayoutDocument& a, const Layout::LayoutDocument& b) {
-    return a.Load.LoadSide == b.Load.LoadSide && weld::Same_Group(weld::Layout_Group(a), weld::Layout_Group(b));
-}
 
 std::optional<double> Other_Model(const Layout::LayoutDocument& doc, const Inputs& in, int64_t maxPasses) {
     const weld::SolveResult r = Limited(doc, Options(in, shell::OtherModel(in.Model)), maxPasses);

@@ -38,10 +38,6 @@ Run Solve_Both(const Layout::LayoutDocument& doc, const Inputs& in, int64_t maxP
 // The other model's unit capacity for a run already made (the window's).
 std::optional<double> Other_Model(const Layout::LayoutDocument& doc, const Inputs& in, int64_t maxPasses = 100000);
 
-// Whether two documents hold the same group under the same load (their
-// views may differ): a run of one is a run of the other.
-bool Same_Group(const Layout::LayoutDocument& a, const Layout::LayoutDocument& b);
-
 sheet::Sheet Capacity_Sheet(const Layout::LayoutDocument& doc, const Inputs& in, const Run& run,
                             const sheet::TitleBlock& title, const std::string& fileName, const std::string& version);
 

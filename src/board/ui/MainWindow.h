@@ -142,8 +142,9 @@ private:
     bool RotButton_Click();
     void CalcWeldCapButton_Click();
     void Refuse_LoadInput(QLineEdit* box, const QString& text);
+    // The last converged run with its choices, for its sheet; the board
+    // knows whether it is still the layout's (Board::Layout_Results).
     std::optional<CapacityWindow::Record> lastCapacity_;
-    Layout::LayoutDocument lastCapacityDoc_;
 
     Layout::LayoutDocument doc_;
     BoardSurface* DrawingBoard = nullptr;

@@ -120,7 +120,6 @@ void MainWindow::CalcWeldCapButton_Click() {
     const weld::LoadedGroup group = weld::Layout_Group(doc_);
     const auto run = CapacityWindow::ShowModal(doc_, this, FileName_, [this](const CapacityWindow::Record& r) {
         lastCapacity_ = r;
-        lastCapacityDoc_ = doc_;
     });
     if (run) board_->Show_Results(*run, group);
     SyncUi();
@@ -128,7 +127,7 @@ void MainWindow::CalcWeldCapButton_Click() {
 }
 
 bool MainWindow::Sheet_Available() const {
-    return lastCapacity_.has_value() && capsheet::Same_Group(doc_, lastCapacityDoc_);
+    return lastCapacity_.has_value() && board_->Layout_Results() != nullptr;
 }
 
 void MainWindow::mnuSheet_Click(bool print) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "board/core/CapacityHandOver.h"
 #include "board/core/CapacitySheet.h"
 #include "bolt/core/BoltSheet.h"
 #include "support/BoardTestDoc.h"
@@ -61,8 +62,8 @@ TEST(CalculationSheetContent, TheCapacitySheetStatesTheRunAndBothModels) {
     Layout::LayoutDocument moved = CShape(1), zoomed = CShape(1);
     moved.Lines[1].EndPt.X += 0.5f;
     Viewport::Zoom_Factor(zoomed, 2.0f);
-    EXPECT_FALSE(capsheet::Same_Group(CShape(1), moved));
-    EXPECT_TRUE(capsheet::Same_Group(CShape(1), zoomed));
+    EXPECT_FALSE(weld::Same_Group(weld::Layout_Group(CShape(1)), weld::Layout_Group(moved)));
+    EXPECT_TRUE(weld::Same_Group(weld::Layout_Group(CShape(1)), weld::Layout_Group(zoomed)));
 }
 
 TEST(CalculationSheetContent, CoefficientSheetsGiveCByBothModels) {

@@ -115,6 +115,7 @@ TEST_F(CalculationSheet, TheCapacityWindowMakesTheSheetOfItsRun) {
     guitest::ModalWatchdog dog;
     dog.SetDialogHandler([](QDialog* d) {
         if (d->objectName() != "TitleBlockFrm") return false;
+        guitest::SaveScreenFits(d, "TitleBlockFrm");
         auto* project = d->findChild<QLineEdit*>("SheetProject");
         project->setFocus();
         QTest::keyClicks(project, "Mill bay");
