@@ -142,9 +142,12 @@ void Board::Set_Mode(int16_t index) {
     Cancel_Band();
     active_->Leave(again);
     if (next == nullptr || !next->Selects()) {
-        LayoutRender::Paint_Selection(surface_, doc_.Lines, LayoutRender::kLineColor, LayoutRender::kLineColor);
+        // The calculation display clears the board and draws the lines anew.
+        if (next == nullptr || next->ShowsWorkingDisplay()) {
+            LayoutRender::Paint_Selection(surface_, doc_.Lines, LayoutRender::kLineColor, LayoutRender::kLineColor);
+            surface_.Refresh();
+        }
         Selection::Clear_Selection(doc_.Lines);
-        surface_.Refresh();
     }
     Ui.CheckedMode = index;
     Ui.LoadParamBoxVisible = false;

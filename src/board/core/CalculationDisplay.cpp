@@ -169,10 +169,16 @@ bool Apply_Rotation(const std::string& text, LoadRec& load, CalcState& s) {
 }
 
 void Enter_Calculation(BoardState::Board& b, CalcState& s) {
-    Zoom_Fit_Load(b, s, kFitFactor);
     LayoutDocument& doc = b.Doc();
     const bool lines = !Lines_Empty(doc.Lines);
     if (lines) {
+        // The load's place is measured on the fitted group, and placing it
+        // fits the group again and draws the display: the first fit needs no
+        // drawing, which the second would clear at once.
+        Viewport::RepaintHooks fitOnly;
+        fitOnly.Yield = b.Yield;
+        fitOnly.FindCrossings = false;
+        Viewport::Zoom_Fit(doc, kFitFactor, fitOnly);
         Write_Inputs(doc.Load, s);
         Apply_Rotation(s.RotInput, doc.Load, s);
         Refresh_Load(b, s, 0);

@@ -107,7 +107,7 @@ void BoundOf(const LayoutDocument& doc, bool& found, float& value, Extreme which
 
 void Repaint(LayoutDocument& doc, const RepaintHooks& hooks) {
     if (hooks.Draw_Lines) hooks.Draw_Lines();
-    Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound, hooks.Yield);
+    if (hooks.FindCrossings) Build_Intersections(doc.Lines, doc.Intersections, doc.IntersectionsFound, hooks.Yield);
     if (hooks.Draw_Dims) hooks.Draw_Dims();
 }
 

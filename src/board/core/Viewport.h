@@ -33,6 +33,7 @@ struct RepaintHooks {
     std::function<void()> Clear_Board;         // clear and refresh the surface
     std::function<bool(bool)> Set_AutoRedraw;  // sets AutoRedraw, returns the old value
     YieldFn Yield;                             // lets window events run inside a long crossing search
+    bool FindCrossings = true;                 // false for a fit that another fit follows at once
 };
 
 // ---- Conversions (double in, single out) -------------------------------------
