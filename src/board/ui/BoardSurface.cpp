@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QScreen>
+#include <QTextLayout>
 
 #include "shell/ui/QtText.h"
 
@@ -110,7 +111,11 @@ void BoardSurface::Line(double x1, double y1, double x2, double y2, uint32_t col
     switch (DrawStyle) {
     case board::PenStyle::Dot: pen.setStyle(Qt::DotLine); break;
     case board::PenStyle::Dash: pen.setStyle(Qt::DashLine); break;
-    default: pen.setStyle(Qt::SolidLine); pen.setCapStyle(Qt::RoundCap); break;
+    // A wide solid line ends square: it closes the corner where two lines
+    // meet, and the raster engine fills it as one polygon, where a round end
+    // sends every line through the general stroker (a display of a thousand
+    // lines then spends a fifth of its time on the ends).
+    default: pen.setStyle(Qt::SolidLine); pen.setCapStyle(invert ? Qt::RoundCap : Qt::SquareCap); break;
     }
     p.setCompositionMode(invert ? QPainter::RasterOp_NotDestination : QPainter::CompositionMode_SourceOver);
     p.setPen(pen);
@@ -169,9 +174,25 @@ void BoardSurface::Print(const std::string& text) {
     p.setRenderHint(QPainter::TextAntialiasing, true);
     const QPointF at = ToDevice(CurrentX, CurrentY);
     const QFontMetricsF& fm = CurrentMetrics();
-    p.drawText(QPointF(at.x(), at.y() + fm.ascent()), Q(text));
+    for (const QGlyphRun& run : Shaped(Q(text))) p.drawGlyphRun(at, run);
     CurrentX = 0.0;
     CurrentY += fm.height() / (density_.dpiY * density_.dpr);
+}
+
+const QList<QGlyphRun>& BoardSurface::Shaped(const QString& text) {
+    constexpr qsizetype kMostTexts = 4096;
+    const QFont& f = CurrentFont();
+    if (shaped_.size() >= kMostTexts) shaped_.clear();
+    const QString key = text + QChar(0) + Q(fontKey_.name) + QChar(fontKey_.bold ? 1 : 2) + QString::number(fontKey_.pixels);
+    auto it = shaped_.constFind(key);
+    if (it != shaped_.constEnd()) return *it;
+    // Glyph positions come with the baseline at the font's ascent, so a run
+    // is drawn at the text's top left corner.
+    QTextLayout layout(text, f);
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    return *shaped_.insert(key, layout.glyphRuns());
 }
 
 void BoardSurface::Refresh() {

@@ -5,6 +5,8 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QGlyphRun>
+#include <QHash>
 #include <QImage>
 #include <QPainter>
 #include <memory>
@@ -88,6 +90,11 @@ private:
     mutable FontKey fontKey_;
     mutable QFont font_;
     mutable std::optional<QFontMetricsF> metrics_;
+    // Texts laid out once in the current font: a display prints the same
+    // labels many times, and shaping is most of what a text costs.
+    const QList<QGlyphRun>& Shaped(const QString& text);
+    QHash<QString, QList<QGlyphRun>> shaped_;
+    FontKey shapedKey_;
     QImage image_;
     mutable std::unique_ptr<QPainter> painter_;
     board::Pointer pointer_ = board::Pointer::Default;
