@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <cmath>
+#include <memory>
 
 #include "board/ui/BoardSurface.h"
 #include "board/core/Viewport.h"
@@ -107,6 +108,34 @@ void BM_CalculationRepaint(benchmark::State& state) {
     state.counters["forces"] = static_cast<double>(r.Record.Forces.size());
 }
 BENCHMARK(BM_CalculationRepaint)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// The first display of a board that has shown no text yet: the labels are
+// laid out for the first time, as when a layout is opened and calculated.
+void BM_CalculationFirstDisplay(benchmark::State& state) {
+    const LayoutDocument start = BigLayout();
+    weld::SolveOptions options;
+    options.Model = shell::SolverModel::AiscElement;
+    options.SegmentsPerInch = 8;
+    options.WithForces = true;
+    const weld::LoadedGroup group = weld::Layout_Group(start);
+    const weld::SolveResult run = weld::Solve(group, options);
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto surface = std::make_unique<BoardSurface>();
+        surface->resize(surface->minimumSize());
+        LayoutDocument doc = start;
+        auto board = std::make_unique<BoardState::Board>(doc, *surface);
+        board->Show_Results(run, group);
+        state.ResumeTiming();
+        board->Set_Mode(BoardState::CALCULATION);
+        benchmark::DoNotOptimize(surface->Image().constBits());
+        state.PauseTiming();
+        board.reset();
+        surface.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_CalculationFirstDisplay)->Unit(benchmark::kMillisecond);
 
 // The results alone, drawn over the display the board already shows.
 void BM_ResultsOverlay(benchmark::State& state) {
