@@ -41,9 +41,11 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
 
     // At a fixed rmax a bolt's force R e changes with its velocity u by
     //   R' du / rmax e e' + R / r n n'
-    // (e the unit displacement, n = e turned a quarter left, R' = dR/dD); in
-    // the motion m = (vx, vy, w), through u = G m, by G' (...) G, a symmetric
-    // sum of a a' and b b' with a = G' e, b = G' n.
+    // (e the unit displacement, n = e turned a quarter left, R' = dR/dD).
+    // As e e' + n n' = I, that is (R' du / rmax - R / r) e e' + R / r I; in
+    // the motion m = (vx, vy, w), through u = G m, G' (...) G: a symmetric
+    // sum of a a' with a = G' e, and the sum of G'G R / r, which needs only
+    // the sums of R / r times 1, x, y and x^2 + y^2, as the resultant does.
     const double scale = du / rmax;
     double* ex = r + n;
     double* force = r + 2 * n;
@@ -55,11 +57,12 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
         ex[i] = E;
         force[i] = r[i] > 0.0 ? Power(r[i] > 0.0 ? 1.0 - E : 1.0, 0.55) : 0.0;  // none at the center
     }
-    double fx = 0.0, fy = 0.0, mo = 0.0;
+    double g0 = 0.0, gx = 0.0, gy = 0.0, grr = 0.0;
     double p00 = 0.0, p01 = 0.0, p02 = 0.0, p11 = 0.0, p12 = 0.0, p22 = 0.0;
-#pragma omp simd reduction(+ : fx, fy, mo, p00, p01, p02, p11, p12, p22)
+#pragma omp simd reduction(+ : g0, gx, gy, grr, p00, p01, p02, p11, p12, p22)
     for (size_t i = 0; i < n; ++i) {
-        const double ux = vx - w * y[i], uy = vy + w * x[i];
+        const double xi = x[i], yi = y[i];
+        const double ux = vx - w * yi, uy = vy + w * xi;
         const double E = ex[i], R = force[i];
         const bool moves = r[i] > 0.0;
         const double rest = moves ? 1.0 - E : 1.0;
@@ -67,28 +70,30 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
         const double Z = 1.0 / (moves ? r[i] * rest : 1.0);
         const double inv = rest * Z;
         const double gamma = R * inv;  // R / r
-        const double a2 = x[i] * uy - y[i] * ux, b2 = x[i] * ux + y[i] * uy;
-        fx += gamma * ux;
-        fy += gamma * uy;
-        mo += gamma * a2;
-        // In u rather than e: a r = (ux, uy, a2), b r = (-uy, ux, b2).
-        const double inv2 = inv * inv;
-        const double al = 5.5 * R * E * r[i] * Z * scale * inv2, ga = gamma * inv2;
-        const double a0 = al * ux, a1 = al * uy, aa2 = al * a2;
-        const double g0 = -ga * uy, g1 = ga * ux, g2 = ga * b2;
-        p00 += a0 * ux - g0 * uy;
-        p01 += a0 * uy + g0 * ux;
-        p02 += a0 * a2 + g0 * b2;
-        p11 += a1 * uy + g1 * ux;
-        p12 += a1 * a2 + g1 * b2;
-        p22 += aa2 * a2 + g2 * b2;
+        const double gxi = gamma * xi, gyi = gamma * yi;
+        g0 += gamma;
+        gx += gxi;
+        gy += gyi;
+        grr += gxi * xi + gyi * yi;
+        // In u rather than e: a r = (ux, uy, a2).
+        const double a2 = xi * uy - yi * ux;
+        const double al = (5.5 * R * E * r[i] * Z * scale - gamma) * inv * inv;
+        const double a0 = al * ux, a1 = al * uy;
+        p00 += a0 * ux;
+        p01 += a0 * uy;
+        p02 += a0 * a2;
+        p11 += a1 * uy;
+        p12 += a1 * a2;
+        p22 += al * a2 * a2;
     }
-    s.fx = fx;
-    s.fy = fy;
-    s.moment = mo;
+    // The resultant of the forces R e = (R / r) u, u = (vx - w y, vy + w x).
+    s.fx = vx * g0 - w * gy;
+    s.fy = vy * g0 + w * gx;
+    s.moment = vy * gx - vx * gy + w * grr;
     // The sums do not change when the motion and rmax grow together:
     // rmax d/drmax = -P m, and the slopes are P - (P m) gc'.
-    const double P[3][3] = {{p00, p01, p02}, {p01, p11, p12}, {p02, p12, p22}};
+    const double P[3][3] = {
+        {p00 + g0, p01, p02 - gy}, {p01, p11 + g0, p12 + gx}, {p02 - gy, p12 + gx, p22 + grr}};
     const double mv[3] = {vx, vy, w};
     for (int i = 0; i < 3; ++i) {
         const double byMax = P[i][0] * mv[0] + P[i][1] * mv[1] + P[i][2] * mv[2];

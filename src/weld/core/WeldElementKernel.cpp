@@ -97,9 +97,11 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
     //   (R / r) [g e e' + h sigma e n' + n n']
     // where g = r dR/dr / R (through p), h = dR/dtheta / R (theta in
     // radians), and sigma = +-1 the sense of the turn of u that opens theta.
-    // Through u = G m, with the rows of G' (1, 0, -y) and (0, 1, x), the
-    // sums change with the motion m by the sum of G' (...) G, kept as a sum
-    // of a c' and a symmetric one of b b', a = G' e, b = G' n.
+    // As e e' + n n' = I, the bracket is e c' + I with c = (g - 1) e +
+    // h sigma n. Through u = G m, with the rows of G' (1, 0, -y) and (0, 1,
+    // x), the sums change with the motion m by the sum of (G' e)(G' c)' R / r
+    // and of G'G R / r; the second needs only the sums of R / r times 1, x, y
+    // and x^2 + y^2, from which the resultant follows as well.
     const double* x = el.x.data();
     const double* y = el.y.data();
     const double* tx = el.tx.data();
@@ -107,14 +109,15 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
     const double* k = el.k.data();
     const size_t n = el.x.size();
     const double pScale = crit / (0.209 * D);
-    double fx = 0.0, fy = 0.0, mo = 0.0;
+    double g0 = 0.0, gx = 0.0, gy = 0.0, grr = 0.0;
     double a00 = 0.0, a01 = 0.0, a02 = 0.0, a10 = 0.0, a11 = 0.0, a12 = 0.0, a20 = 0.0, a21 = 0.0, a22 = 0.0;
-    double b00 = 0.0, b01 = 0.0, b02 = 0.0, b11 = 0.0, b12 = 0.0, b22 = 0.0;
     // The vector math first, in a loop of its own, a block of elements at a
     // time: each call clobbers the vector registers, which the sums below
     // would have to spill around it.
     constexpr size_t kBlock = 256;
-    alignas(64) double rs[kBlock], t2s[kBlock], ps[kBlock], curves[kBlock];
+    // The factors of the slopes that depend on p and theta alone go there
+    // too: their divisions run while the calls keep the multipliers busy.
+    alignas(64) double rs[kBlock], slopesT[kBlock], slopesP[kBlock], curves[kBlock];
     for (size_t b = 0; b < n; b += kBlock) {
         const size_t nb = std::min(kBlock, n - b);
         const double *xb = x + b, *yb = y + b, *txb = tx + b, *tyb = ty + b, *kb = k + b;
@@ -124,61 +127,53 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
             const double t2 = m.theta + 2.0;
             const double p = pScale * m.r * Power(t2, 0.32);  // c r / Dm
             const double q = p * (1.9 - 0.9 * p);
+            const double g = (0.57 - 0.54 * p) / (1.9 - 0.9 * p);
             rs[i] = m.r;
-            t2s[i] = t2;
-            ps[i] = p;
+            slopesP[i] = g - 1.0;
+            slopesT[i] = g * (0.32 * kDeg) / t2;  // h, as far as it comes through p
             curves[i] = q > 0.0 ? Power(q > 0.0 ? q : 1.0, 0.3) : 0.0;  // 0 at the center
         }
-#pragma omp simd reduction(+ : fx, fy, mo, a00, a01, a02, a10, a11, a12, a20, a21, a22, b00, b01, b02, b11, b12, b22)
+#pragma omp simd reduction(+ : g0, gx, gy, grr, a00, a01, a02, a10, a11, a12, a20, a21, a22)
         for (size_t i = 0; i < nb; ++i) {
-            PointMotion m;
-            m.ux = vx - w * yb[i];
-            m.uy = vy + w * xb[i];
-            m.A = txb[i] * m.ux + tyb[i] * m.uy;
-            m.B = txb[i] * m.uy - tyb[i] * m.ux;
-            m.r = rs[i];
-            const double t2 = t2s[i], p = ps[i], curve = curves[i];
+            const double xi = xb[i], yi = yb[i];
+            const double ux = vx - w * yi, uy = vy + w * xi;
+            const double A = txb[i] * ux + tyb[i] * uy, B = txb[i] * uy - tyb[i] * ux;
+            const double r = rs[i], curve = curves[i];
             // An element at the center has no deformation and no force.
             const bool loaded = curve > 0.0;
-            const double inv = 1.0 / (loaded ? m.r : 1.0);
-            const double sinT = std::fabs(m.B) * inv, cosT = std::fabs(m.A) * inv;
+            const double inv = 1.0 / (loaded ? r : 1.0);
+            const double sinT = std::fabs(B) * inv, cosT = std::fabs(A) * inv;
             const double root = std::sqrt(sinT);
             const double kQ = kb[i] * curve;
             const double gamma = kQ * (1.0 + 0.5 * sinT * root) * inv;  // R / r
-            // In u rather than e: a r = (ux, uy, a2), b r = (-uy, ux, b2).
-            const double a2 = xb[i] * m.uy - yb[i] * m.ux, b2 = xb[i] * m.ux + yb[i] * m.uy;
-            fx += gamma * m.ux;
-            fy += gamma * m.uy;
-            mo += gamma * a2;
+            const double gxi = gamma * xi, gyi = gamma * yi;
+            g0 += gamma;
+            gx += gxi;
+            gy += gyi;
+            grr += gxi * xi + gyi * yi;
 
-            const double alpha = gamma * (0.57 - 0.54 * p) / (1.9 - 0.9 * p);                // R g / r
-            const double beta = alpha * (0.32 * kDeg) / t2 + 0.75 * kQ * inv * root * cosT;  // R h / r
+            const double beta = gamma * slopesT[i] + 0.75 * kQ * inv * root * cosT;  // R h / r
+            // In u rather than e: (G' e) r = (ux, uy, a2), c r = (c0, c1).
             const double inv2 = inv * inv;
-            const double al = alpha * inv2, be = (m.A * m.B >= 0.0 ? beta : -beta) * inv2, ga = gamma * inv2;
-            const double c0 = al * m.ux - be * m.uy, c1 = al * m.uy + be * m.ux, c2 = al * a2 + be * b2;
-            a00 += m.ux * c0;
-            a01 += m.ux * c1;
-            a02 += m.ux * c2;
-            a10 += m.uy * c0;
-            a11 += m.uy * c1;
-            a12 += m.uy * c2;
+            const double al = gamma * slopesP[i] * inv2, be = (A * B >= 0.0 ? beta : -beta) * inv2;
+            const double c0 = al * ux - be * uy, c1 = al * uy + be * ux, c2 = xi * c1 - yi * c0;
+            const double a2 = xi * uy - yi * ux;
+            a00 += ux * c0;
+            a01 += ux * c1;
+            a02 += ux * c2;
+            a10 += uy * c0;
+            a11 += uy * c1;
+            a12 += uy * c2;
             a20 += a2 * c0;
             a21 += a2 * c1;
             a22 += a2 * c2;
-            const double gb0 = -ga * m.uy, gb1 = ga * m.ux, gb2 = ga * b2;
-            b00 -= gb0 * m.uy;
-            b01 += gb0 * m.ux;
-            b02 += gb0 * b2;
-            b11 += gb1 * m.ux;
-            b12 += gb1 * b2;
-            b22 += gb2 * b2;
         }
     }
-    s.fx = fx;
-    s.fy = fy;
-    s.moment = mo;
-    const double P[3][3] = {
-        {a00 + b00, a01 + b01, a02 + b02}, {a10 + b01, a11 + b11, a12 + b12}, {a20 + b02, a21 + b12, a22 + b22}};
+    // The resultant of the forces R e = (R / r) u, u = (vx - w y, vy + w x).
+    s.fx = vx * g0 - w * gy;
+    s.fy = vy * g0 + w * gx;
+    s.moment = vy * gx - vx * gy + w * grr;
+    const double P[3][3] = {{a00 + g0, a01, a02 - gy}, {a10, a11 + g0, a12 + gx}, {a20 - gy, a21 + gx, a22 + grr}};
     // The sums do not change when the motion and 1 / crit grow together, so
     // their change with crit follows from P: crit d/dcrit = P m. With gc the
     // slopes of log crit, the slopes are P + (P m) gc'.
