@@ -5,9 +5,12 @@
 //   (d) a whole table of 15 k by 20 a for one configuration at 1/32"
 //   (e) a 20 by 10 in box at 1/32" (1,920 elements), ex = 10 in, and a 12 by 4 bolt group
 //   (f) one force sweep over the box, per element, and over a 40 by 50 bolt
-//       group, per bolt, each beside the vector math it calls
+//       group, per bolt, each beside the vector math it calls, apart and in
+//       alternation (the ratio)
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <vector>
 
@@ -157,6 +160,57 @@ void BM_BoltVectorMathFloorPerBolt(benchmark::State& st) {
         static_cast<double>(g.x.size()), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 BENCHMARK(BM_BoltVectorMathFloorPerBolt);
+
+// A sweep and its vector math timed in alternation, a batch of each in turn,
+// so that both meet the same state of a shared machine; the medians of the
+// batches give the ratio. A counter per kind in ns per element, and the ratio.
+template <class Sweep, class Floor>
+void SideBySide(benchmark::State& st, size_t count, Sweep sweep, Floor floor) {
+    using Clock = std::chrono::steady_clock;
+    constexpr int kBatch = 20;
+    std::vector<double> sweeps, floors;
+    auto batch = [](auto&& f) {
+        const auto t0 = Clock::now();
+        for (int i = 0; i < kBatch; ++i) f();
+        return std::chrono::duration<double, std::nano>(Clock::now() - t0).count() / kBatch;
+    };
+    for (auto _ : st) {
+        sweeps.push_back(batch(sweep));
+        floors.push_back(batch(floor));
+    }
+    auto median = [](std::vector<double> v) {
+        std::nth_element(v.begin(), v.begin() + static_cast<std::ptrdiff_t>(v.size() / 2), v.end());
+        return v[v.size() / 2];
+    };
+    const double s = median(sweeps) / static_cast<double>(count), f = median(floors) / static_cast<double>(count);
+    st.counters["sweep_ns"] = s;
+    st.counters["floor_ns"] = f;
+    st.counters["ratio"] = s / f;
+}
+
+void BM_SweepOverFloorPerElement(benchmark::State& st) {
+    const WeldKernel::Elements el = BoxElements();
+    const shell::Motion m{0.1, 0.5, 0.05};
+    SideBySide(
+        st, el.Count(), [&] { benchmark::DoNotOptimize(WeldKernel::Forces(el, m)); },
+        [&] { benchmark::DoNotOptimize(WeldKernel::VectorMathFloor(el, m)); });
+}
+BENCHMARK(BM_SweepOverFloorPerElement)->Iterations(400);
+
+void BM_SweepOverFloorPerBolt(benchmark::State& st) {
+    BoltGrid g;
+    SideBySide(
+        st, g.x.size(),
+        [&] {
+            benchmark::DoNotOptimize(
+                BoltKernel::ForceSums(g.x.data(), g.y.data(), g.r.data(), g.x.size(), 0.34, 0.1, 0.5, 0.05));
+        },
+        [&] {
+            benchmark::DoNotOptimize(
+                BoltKernel::VectorMathFloor(g.x.data(), g.y.data(), g.r.data(), g.x.size(), 0.34, 0.1, 0.5, 0.05));
+        });
+}
+BENCHMARK(BM_SweepOverFloorPerBolt)->Iterations(400);
 
 void BM_WeldTable15x20(benchmark::State& st) {
     const auto config = static_cast<int16_t>(st.range(0));
