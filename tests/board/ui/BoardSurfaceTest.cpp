@@ -71,6 +71,23 @@ TEST(BoardSurface, TextPrintsAtTheTextPositionAndMovesDown) {
     for (int x = qRound(a.x()); x < qRound(b.x()) && !white; ++x)
         for (int y = qRound(a.y()); y < qRound(b.y()) && !white; ++y) white = s.Image().pixelColor(x, y).red() > 200;
     EXPECT_TRUE(white);
+
+    // A text is laid out once per face, size and weight: printed again it
+    // gives the same pixels, and in another weight or size other pixels.
+    auto printed = [&s](double y, bool bold, double size) {
+        s.FontBold = bold;
+        s.FontSize = size;
+        s.CurrentX = 0.5;
+        s.CurrentY = y;
+        s.Print("L=1'-6 3/16\"  \xC3\x98=45\xC2\xB0");
+        const QPointF a = s.ToDevice(0.5, y), b = s.ToDevice(3.0, y + 0.5);
+        return s.Image().copy(QRectF(a, b).toRect());
+    };
+    s.Cls();
+    const QImage plain = printed(1.0, false, 8.0);
+    EXPECT_NE(plain, printed(2.0, true, 8.0));
+    EXPECT_NE(plain, printed(3.0, false, 10.0));
+    EXPECT_EQ(plain, printed(4.0, false, 8.0));
 }
 
 }  // namespace
