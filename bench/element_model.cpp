@@ -139,25 +139,31 @@ struct BoltGrid {
             }
         r.resize(3 * x.size());
     }
+    void Sweep() {
+        benchmark::DoNotOptimize(BoltKernel::ForceSums(x.data(), y.data(), r.data(), x.size(), 0.34, 0.1, 0.5, 0.05));
+    }
+    void Floor() {
+        benchmark::DoNotOptimize(
+            BoltKernel::VectorMathFloor(x.data(), y.data(), r.data(), x.size(), 0.34, 0.1, 0.5, 0.05));
+    }
+    void PerBolt(benchmark::State& st) const {
+        st.counters["per_bolt"] = benchmark::Counter(static_cast<double>(x.size()),
+                                                     benchmark::Counter::kIsIterationInvariantRate |
+                                                         benchmark::Counter::kInvert);
+    }
 };
 
 void BM_BoltSweepPerBolt(benchmark::State& st) {
     BoltGrid g;
-    for (auto _ : st)
-        benchmark::DoNotOptimize(
-            BoltKernel::ForceSums(g.x.data(), g.y.data(), g.r.data(), g.x.size(), 0.34, 0.1, 0.5, 0.05));
-    st.counters["per_bolt"] = benchmark::Counter(
-        static_cast<double>(g.x.size()), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    for (auto _ : st) g.Sweep();
+    g.PerBolt(st);
 }
 BENCHMARK(BM_BoltSweepPerBolt);
 
 void BM_BoltVectorMathFloorPerBolt(benchmark::State& st) {
     BoltGrid g;
-    for (auto _ : st)
-        benchmark::DoNotOptimize(
-            BoltKernel::VectorMathFloor(g.x.data(), g.y.data(), g.r.data(), g.x.size(), 0.34, 0.1, 0.5, 0.05));
-    st.counters["per_bolt"] = benchmark::Counter(
-        static_cast<double>(g.x.size()), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    for (auto _ : st) g.Floor();
+    g.PerBolt(st);
 }
 BENCHMARK(BM_BoltVectorMathFloorPerBolt);
 
@@ -199,16 +205,7 @@ BENCHMARK(BM_SweepOverFloorPerElement)->Iterations(400);
 
 void BM_SweepOverFloorPerBolt(benchmark::State& st) {
     BoltGrid g;
-    SideBySide(
-        st, g.x.size(),
-        [&] {
-            benchmark::DoNotOptimize(
-                BoltKernel::ForceSums(g.x.data(), g.y.data(), g.r.data(), g.x.size(), 0.34, 0.1, 0.5, 0.05));
-        },
-        [&] {
-            benchmark::DoNotOptimize(
-                BoltKernel::VectorMathFloor(g.x.data(), g.y.data(), g.r.data(), g.x.size(), 0.34, 0.1, 0.5, 0.05));
-        });
+    SideBySide(st, g.x.size(), [&] { g.Sweep(); }, [&] { g.Floor(); });
 }
 BENCHMARK(BM_SweepOverFloorPerBolt)->Iterations(400);
 

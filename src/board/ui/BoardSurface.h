@@ -94,7 +94,6 @@ private:
     // labels many times, and shaping is most of what a text costs.
     const QList<QGlyphRun>& Shaped(const QString& text);
     QHash<QString, QList<QGlyphRun>> shaped_;
-    FontKey shapedKey_;
     QImage image_;
     mutable std::unique_ptr<QPainter> painter_;
     board::Pointer pointer_ = board::Pointer::Default;

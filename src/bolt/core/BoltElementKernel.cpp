@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "shell/core/MotionSolver.h"
+
 namespace BoltKernel {
 
 namespace {
@@ -86,14 +88,13 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
         p12 += a1 * a2;
         p22 += al * a2 * a2;
     }
-    // The resultant of the forces R e = (R / r) u, u = (vx - w y, vy + w x).
-    s.fx = vx * g0 - w * gy;
-    s.fy = vy * g0 + w * gx;
-    s.moment = vy * gx - vx * gy + w * grr;
+    // The resultant of the forces R e = (R / r) u.
+    const shell::WeightSums byR{g0, gx, gy, grr};
+    byR.Resultant(vx, vy, w, s.fx, s.fy, s.moment);
     // The sums do not change when the motion and rmax grow together:
     // rmax d/drmax = -P m, and the slopes are P - (P m) gc'.
-    const double P[3][3] = {
-        {p00 + g0, p01, p02 - gy}, {p01, p11 + g0, p12 + gx}, {p02 - gy, p12 + gx, p22 + grr}};
+    double P[3][3] = {{p00, p01, p02}, {p01, p11, p12}, {p02, p12, p22}};
+    byR.AddSlopes(P);
     const double mv[3] = {vx, vy, w};
     for (int i = 0; i < 3; ++i) {
         const double byMax = P[i][0] * mv[0] + P[i][1] * mv[1] + P[i][2] * mv[2];

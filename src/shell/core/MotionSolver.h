@@ -44,6 +44,30 @@ struct Resultant {
     double d[3][3] = {};
 };
 
+// Sums of a weight c over the points of a group: of c, c x, c y and
+// c (x^2 + y^2). For element forces c u, u = (vx - w y, vy + w x) the
+// velocity of each point under the motion, they give the resultant, and the
+// part of its slopes by the motion that c G'G makes (the rows of G' being
+// (1, 0, -y) and (0, 1, x)). Both element models' kernels sum R / r so.
+struct WeightSums {
+    double c = 0.0, cx = 0.0, cy = 0.0, crr = 0.0;
+
+    void Resultant(double vx, double vy, double w, double& fx, double& fy, double& moment) const {
+        fx = vx * c - w * cy;
+        fy = vy * c + w * cx;
+        moment = vy * cx - vx * cy + w * crr;
+    }
+    void AddSlopes(double (&p)[3][3]) const {
+        p[0][0] += c;
+        p[1][1] += c;
+        p[2][2] += crr;
+        p[0][2] -= cy;
+        p[2][0] -= cy;
+        p[1][2] += cx;
+        p[2][1] += cx;
+    }
+};
+
 // Gives r the slopes d, where all of them are finite.
 void SetSlopes(Resultant& r, const double (&d)[3][3]);
 

@@ -169,11 +169,11 @@ __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"))) Su
             a22 += a2 * c2;
         }
     }
-    // The resultant of the forces R e = (R / r) u, u = (vx - w y, vy + w x).
-    s.fx = vx * g0 - w * gy;
-    s.fy = vy * g0 + w * gx;
-    s.moment = vy * gx - vx * gy + w * grr;
-    const double P[3][3] = {{a00 + g0, a01, a02 - gy}, {a10, a11 + g0, a12 + gx}, {a20 - gy, a21 + gx, a22 + grr}};
+    // The resultant of the forces R e = (R / r) u.
+    const shell::WeightSums byR{g0, gx, gy, grr};
+    byR.Resultant(vx, vy, w, s.fx, s.fy, s.moment);
+    double P[3][3] = {{a00, a01, a02}, {a10, a11, a12}, {a20, a21, a22}};
+    byR.AddSlopes(P);
     // The sums do not change when the motion and 1 / crit grow together, so
     // their change with crit follows from P: crit d/dcrit = P m. With gc the
     // slopes of log crit, the slopes are P + (P m) gc'.
